@@ -1,0 +1,46 @@
+# cmake -D ROOT=<source folder> -P check_layers.cmake
+# Fails when a file below src/ includes a header of a layer that
+# cmake/layers.cmake does not allow it, or lies in a folder that is no layer.
+
+cmake_minimum_required(VERSION 3.25)
+include(${ROOT}/cmake/layers.cmake)
+file(GLOB_RECURSE files RELATIVE ${ROOT}/src ${ROOT}/src/*.h ${ROOT}/src/*.cpp)
+set(violations 0)
+
+foreach(file IN LISTS files)
+  get_filename_component(folder ${file} DIRECTORY)
+  if(NOT folder IN_LIST ZENIVO_LAYERS)
+    message("${file}: '${folder}' is not a layer")
+    math(EXPR violations "${violations} + 1")
+    continue()
+  endif()
+  file(STRINGS ${ROOT}/src/${file} includes REGEX "^#include \"")
+  foreach(line IN LISTS includes)
+    string(REGEX REPLACE "^#include \"(.*)/[^/]*\".*" "\\1" included "${line}")
+    if(NOT included STREQUAL folder AND NOT included IN_LIST ZENIVO_LAYER_${folder})
+      message("${file}: ${line} is not allowed from ${folder}")
+      math(EXPR violations "${violations} + 1")
+    endif()
+  endforeach()
+endforeach()
+
+# The table itself must not point up: every allowed edge leads to an earlier row.
+foreach(layer IN LISTS ZENIVO_LAYERS)
+  list(FIND ZENIVO_LAYERS ${layer} row)
+  foreach(dependency IN LISTS ZENIVO_LAYER_${layer})
+    list(FIND ZENIVO_LAYERS ${dependency} lower)
+    if(lower LESS 0 OR NOT lower LESS row)
+      message("cmake/layers.cmake: ${layer} may not point to ${dependency}")
+      math(EXPR violations "${violations} + 1")
+    endif()
+  endforeach()
+endforeach()
+
+list(LENGTH files count)
+if(count EQUAL 0)
+  message(FATAL_ERROR "no sources found below ${ROOT}/src")
+endif()
+if(violations GREATER 0)
+  message(FATAL_ERROR "${violations} layer violations")
+endif()
+message("${count} files keep the layers")

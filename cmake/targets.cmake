@@ -1,0 +1,37 @@
+# zenivo_layer(FOLDER [LIBRARIES lib...]): the library target of src/FOLDER,
+# named zenivo_<folder>, linked to the layers that cmake/layers.cmake allows.
+function(zenivo_layer folder)
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "LIBRARIES")
+  string(REPLACE "/" "_" name ${folder})
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp)
+  add_library(zenivo_${name} STATIC ${sources})
+  target_include_directories(zenivo_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(zenivo_${name} PUBLIC ${ARG_LIBRARIES})
+  foreach(dependency IN LISTS ZENIVO_LAYER_${folder})
+    string(REPLACE "/" "_" dependency ${dependency})
+    target_link_libraries(zenivo_${name} PUBLIC zenivo_${dependency})
+  endforeach()
+endfunction()
+
+# zenivo_tests(FOLDER [LIBRARIES lib...]): the tests of src/FOLDER, one program.
+function(zenivo_tests folder)
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "LIBRARIES")
+  string(REPLACE "/" "_" name ${folder})
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
+  add_executable(zenivo_${name}_tests ${sources})
+  target_include_directories(zenivo_${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(zenivo_${name}_tests PRIVATE
+    zenivo_${name} ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(zenivo_${name}_tests DISCOVERY_MODE PRE_TEST
+    TEST_PREFIX ${folder}/ PROPERTIES TIMEOUT 600)
+endfunction()
+
+# zenivo_bench(FOLDER [LIBRARIES lib...]): the benchmarks of src/FOLDER.
+function(zenivo_bench folder)
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "LIBRARIES")
+  string(REPLACE "/" "_" name ${folder})
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/${folder}/*.cpp)
+  add_executable(zenivo_${name}_bench ${sources})
+  target_link_libraries(zenivo_${name}_bench PRIVATE
+    zenivo_${name} ${ARG_LIBRARIES} benchmark::benchmark_main)
+endfunction()
