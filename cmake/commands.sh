@@ -25,8 +25,24 @@ ensure_packages() {
   touch "$stamp"
 }
 
-# build PRESET TARGET...: configures on first use and builds; on a terminal
-# the progress shows, otherwise only what goes wrong.
+# show_progress: passes on ninja's output, with its "[12/80] step" lines drawn
+# over one another on a terminal and left out elsewhere.
+show_progress() {
+  local line terminal=false
+  [[ -t 2 ]] && terminal=true
+  while IFS= read -r line; do
+    case "$line" in
+      "["*/*"] "*) $terminal && printf '\r\033[K%.79s' "$line" >&2 ;;
+      "ninja: Entering"* | "ninja: no work"*) ;;
+      *) printf '%s\n' "$line" >&2 ;;
+    esac
+  done
+  $terminal && printf '\r\033[K' >&2
+  return 0
+}
+
+# build PRESET TARGET...: configures on first use and builds.  Quiet when there
+# is nothing to do.
 build() {
   local root=$1 preset=$2 log
   shift 2
@@ -35,11 +51,5 @@ build() {
     echo "Configuring the $preset build (first use)" >&2
     log=$(cd "$root" && cmake --preset "$preset" 2>&1) || { echo "$log" >&2; return 1; }
   fi
-  if [[ -t 2 ]]; then
-    # ninja's status line goes to the terminal only when there is work.
-    ninja -C "$folder" -n "$@" 2>/dev/null | grep -q 'no work to do' && return
-    ninja -C "$folder" "$@" >&2
-  else
-    log=$(ninja -C "$folder" "$@" 2>&1) || { echo "$log" >&2; return 1; }
-  fi
+  ninja -C "$folder" "$@" 2>&1 | show_progress
 }
