@@ -1,0 +1,23 @@
+// The difference between dynamical time and Universal Time.
+
+#pragma once
+
+namespace zenivo {
+
+/// Coefficients of the cubic terms of 1941 to 1986, in which the two date
+/// records differ: one leaves them out.
+struct DeltaTCubicTerms {
+  double from1941 = 0.0;
+  double from1961 = 0.0;
+};
+
+/// TT minus UT in days, for a year with its fraction.
+///
+/// Polynomials of the family of Espenak & Meeus (Five Millennium Canon of Solar
+/// Eclipses, NASA/TP-2006-214141), with bounds, nesting and signs of this
+/// system's own: they step at the bounds, and before 1986 they are not the
+/// published ones.  Everything the system ever stored was computed with them,
+/// so they stay.  One expression serves all years before 1600.
+double deltaTForYear(double year, const DeltaTCubicTerms& cubic);
+
+}  // namespace zenivo
