@@ -1,0 +1,300 @@
+#include "foundation/PropertyList.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include "foundation/AtomicFile.h"
+#include "support/TemporaryFolder.h"
+
+namespace zenivo {
+namespace {
+
+using Array = PropertyList::Array;
+using Data = PropertyList::Data;
+using Dictionary = PropertyList::Dictionary;
+
+std::string plist(const std::string& body) {
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n" + body +
+         "\n</plist>\n";
+}
+
+std::optional<PropertyList> roundTrip(const PropertyList& value) {
+  return parsePropertyList(formatPropertyList(value));
+}
+
+class RandomValues {
+ public:
+  PropertyList value(int depth) {
+    switch (random_() % (depth > 0 ? 8 : 6)) {
+      case 0:
+        return random_() % 2 == 0;
+      case 1:
+        return static_cast<std::int64_t>(random_() >> (random_() % 64));
+      case 2:
+        return real();
+      case 3:
+        return text();
+      case 4:
+        return date();
+      case 5:
+        return data();
+      case 6:
+        return array(depth);
+      default:
+        return dictionary(depth);
+    }
+  }
+
+ private:
+  double real() {
+    const double bits = std::bit_cast<double>(random_());
+    return std::isnan(bits) ? 0.1 : bits;
+  }
+  std::string text() {
+    // What XML has its own ideas about, and characters of one to four bytes.
+    static const std::vector<std::string> pieces = {"&",    "<",    ">",  "\"", "'",   "\r",
+                                                    "\n",   "\r\n", "\t", " ",  "]]>", "&amp;",
+                                                    "&#0;", "a",    "é",  "°",  "∞",   "🌘"};
+    std::string text;
+    for (auto count = random_() % 6; count > 0; --count) text += pieces[random_() % pieces.size()];
+    return text;
+  }
+  Date date() {
+    return Date::withTimeIntervalSinceReferenceDate(
+        std::uniform_real_distribution(-1e11, 1e11)(random_));
+  }
+  Data data() {
+    Data bytes(random_() % 100);
+    for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random_());
+    return bytes;
+  }
+  PropertyList array(int depth) {
+    Array array;
+    for (auto count = random_() % 5; count > 0; --count) array.push_back(value(depth - 1));
+    return array;
+  }
+  PropertyList dictionary(int depth) {
+    Dictionary dictionary;
+    for (auto count = random_() % 5; count > 0; --count) {
+      dictionary.insert_or_assign(text(), value(depth - 1));
+    }
+    return dictionary;
+  }
+
+  std::mt19937_64 random_{20010101};
+};
+
+TEST(PropertyList, RandomValuesReadBackEqual) {
+  RandomValues random;
+  for (int i = 0; i < 10'000; ++i) {
+    const PropertyList value = random.value(4);
+    EXPECT_EQ(roundTrip(value), value) << formatPropertyList(value);
+  }
+}
+
+TEST(PropertyList, ExtremesReadBackEqual) {
+  using Real = std::numeric_limits<double>;
+  using Whole = std::numeric_limits<std::int64_t>;
+  const auto at = [](double seconds) { return Date::withTimeIntervalSinceReferenceDate(seconds); };
+  const Array values = {Real::max(),
+                        Real::lowest(),
+                        Real::denorm_min(),
+                        Real::infinity(),
+                        -Real::infinity(),
+                        0.1,
+                        Whole::max(),
+                        Whole::min(),
+                        at(0),
+                        at(-0.25),
+                        at(1e-300),
+                        at(803712345.678901),
+                        at(-63114076800),  // the first moment of the year 1
+                        "",
+                        " \n ",
+                        Array{},
+                        Dictionary{},
+                        Data{},
+                        Dictionary{{"", ""}}};
+  EXPECT_EQ(roundTrip(values), PropertyList(values));
+  EXPECT_TRUE(std::signbit(roundTrip(-0.0)->real().value()));
+  EXPECT_TRUE(std::isnan(roundTrip(Real::quiet_NaN())->real().value()));
+  // Nothing of the type changes on the way: 1.0 stays a real, true a boolean.
+  EXPECT_EQ(roundTrip(Array{1.0, 1, true}), PropertyList(Array{1.0, 1, true}));
+  EXPECT_NE(PropertyList(1.0), PropertyList(1));
+}
+
+TEST(PropertyList, WhatXmlCannotHoldIsReplaced) {
+  using namespace std::string_literals;
+  EXPECT_EQ(roundTrip("a\0b\x1F\xFFz"s)->string(), "a\uFFFDb\uFFFD\uFFFDz");
+  for (const double seconds : {1e300, -1e300, std::numeric_limits<double>::quiet_NaN(), -1e-20}) {
+    const auto date = roundTrip(Date::withTimeIntervalSinceReferenceDate(seconds));
+    ASSERT_TRUE(date && date->date()) << seconds;
+    EXPECT_LT(std::abs(date->date()->timeIntervalSinceReferenceDate()), 4e11);
+  }
+}
+
+TEST(PropertyList, ReadsWhatOtherProgramsWrite) {
+  const auto value = parsePropertyList(
+      "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"
+      "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+      "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\r\n"
+      "<plist version=\"1.0\"><!-- a comment -->\r\n<dict>\r\n"
+      "\t<key>data</key><data>\r\n\tAAEC\r\n\tAw==\r\n\t</data>\r\n"
+      "\t<key>date</key><date>2026-06-21T05:47:00Z</date>\r\n"
+      "\t<key>number</key><real> +1.5e3 </real>\r\n"
+      "\t<key>text</key><string>a &lt; b<!-- no --> &#176;<![CDATA[ <c> & ]]></string>\r\n"
+      "\t<key>lines</key><string>a\r\nb</string>\r\n"
+      "</dict>\r\n</plist>\r\n");
+  ASSERT_TRUE(value);
+  EXPECT_EQ(value->valueForKey("data")->data(), (Data{0, 1, 2, 3}));
+  EXPECT_EQ(value->valueForKey("date")->date()->timeIntervalSince1970(), 1782020820);
+  EXPECT_EQ(value->valueForKey("number")->real(), 1500);
+  EXPECT_EQ(value->valueForKey("text")->string(), "a < b ° <c> & ");
+  EXPECT_EQ(value->valueForKey("lines")->string(), "a\nb");
+}
+
+TEST(PropertyList, RefusesWithTheLineAndTheReason) {
+  const struct {
+    const char* body;  // begins on line 3
+    const char* error;
+  } cases[] = {
+      {"", "line 2: <plist> holds exactly one value"},
+      {"<true/>\n<true/>", "line 2: <plist> holds exactly one value"},
+      {"\n<number>1</number>", "line 4: <number> is no value of a property list"},
+      {"<integer>1.5</integer>", "line 3: not the text of a <integer>"},
+      {"<integer>9223372036854775808</integer>", "line 3: not the text of a <integer>"},
+      {"<integer></integer>", "line 3: not the text of a <integer>"},
+      {"<integer>+-1</integer>", "line 3: not the text of a <integer>"},
+      {"<real>1,5</real>", "line 3: not the text of a <real>"},
+      {"<real>1e999</real>", "line 3: not the text of a <real>"},
+      {"<date>2026-06-21</date>", "line 3: not the text of a <date>"},
+      {"<date>2026-02-30T00:00:00Z</date>", "line 3: not the text of a <date>"},
+      {"<date>2026-06-21T05:47:00.Z</date>", "line 3: not the text of a <date>"},
+      {"<date>2026-06-21T05:47:00+02:00</date>", "line 3: not the text of a <date>"},
+      {"<data>AAA</data>", "line 3: not the text of a <data>"},
+      {"<data>A=AA</data>", "line 3: not the text of a <data>"},
+      {"<data>====</data>", "line 3: not the text of a <data>"},
+      {"<true>1</true>", "line 3: <true> is no value of a property list"},
+      {"<string>a<b/></string>", "line 3: <string> holds text only"},
+      {"<string>&#1;</string>", "line 3: a character that XML does not allow"},
+      {"<array>\n<true/> x</array>", "line 4: unexpected text in <array>"},
+      {"<dict><key>a</key></dict>", "line 3: a <dict> holds a value for each <key>"},
+      {"<dict><true/><true/></dict>", "line 3: expected a <key>"},
+      {"<dict>\n<key>a</key><true/>\n<key>a</key><true/></dict>",
+       "line 5: the key \"a\" stands twice"},
+      {"<array>", "line 4: Start-end tags mismatch"},
+      {"<string>\xFF</string>", "line 3: not UTF-8, or a character that XML does not allow"},
+  };
+  for (const auto& [body, expected] : cases) {
+    std::string error;
+    EXPECT_FALSE(parsePropertyList(plist(body), &error)) << body;
+    EXPECT_EQ(error, expected) << body;
+  }
+}
+
+TEST(PropertyList, RefusesDocumentsThatAreNone) {
+  using namespace std::string_literals;
+  for (
+      const std::string& document :
+      {""s, "\0"s, "bplist00"s, "<plist>"s, "<dict/>"s, "<plist/><plist/>"s,
+       "<plist><string>a\0b</string></plist>"s,
+       // Entities of its own, as in the "billion laughs" and in reading local files.
+       "<!DOCTYPE plist [<!ENTITY a \"aa\"><!ENTITY b \"&a;&a;\">]><plist><string>&b;</string></plist>"s,
+       "<!DOCTYPE plist [<!ENTITY a SYSTEM \"file:///etc/passwd\">]><plist><string>&a;</string></plist>"s}) {
+    std::string error;
+    EXPECT_FALSE(parsePropertyList(document, &error)) << document;
+    EXPECT_TRUE(error.starts_with("line ")) << error;
+  }
+}
+
+TEST(PropertyList, NestingIsBounded) {
+  const auto nested = [](int arrays) {
+    std::string body;
+    for (int i = 0; i < arrays; ++i) body += "<array>";
+    for (int i = 0; i < arrays; ++i) body += "</array>";
+    return plist(body);
+  };
+  EXPECT_TRUE(parsePropertyList(nested(kPropertyListMaximumDepth)));
+  EXPECT_FALSE(parsePropertyList(nested(kPropertyListMaximumDepth + 1)));
+  EXPECT_FALSE(parsePropertyList(nested(200'000)));
+}
+
+TEST(PropertyList, DamagedFilesNeverCrash) {
+  std::mt19937_64 random(7);
+  const std::string good = formatPropertyList(
+      Dictionary{{"array", Array{1, 2.5, "text &", Date(), Data{1, 2, 3}, Array{true}}},
+                 {"key", Dictionary{}}});
+  for (std::size_t length = 0; length <= good.find("</plist>"); ++length) {
+    EXPECT_FALSE(parsePropertyList(std::string_view(good).substr(0, length))) << length;
+  }
+  using namespace std::string_view_literals;
+  const std::string_view letters = "<>/&;#!-[]\"' \n=xpdk\0\xC3"sv;
+  for (int i = 0; i < 20'000; ++i) {
+    std::string damaged = good;
+    for (auto count = 1 + random() % 4; count > 0; --count) {
+      damaged[random() % damaged.size()] = letters[random() % letters.size()];
+    }
+    if (const auto value = parsePropertyList(damaged)) {
+      EXPECT_EQ(roundTrip(*value), *value) << damaged;
+    }
+  }
+  std::string garbage(1 << 20, '\0');
+  for (char& c : garbage) c = static_cast<char>(random());
+  EXPECT_FALSE(parsePropertyList(garbage));
+  for (char& c : garbage) c = letters[random() % (letters.size() - 2)];
+  EXPECT_FALSE(parsePropertyList("<plist>" + garbage));
+}
+
+TEST(PropertyList, NumbersConvertAmongThemselves) {
+  const struct {
+    PropertyList value;
+    std::optional<bool> boolean;
+    std::optional<std::int64_t> integer;
+    std::optional<double> real;
+  } cases[] = {
+      {true, true, 1, 1.0},
+      {-7, true, -7, -7.0},
+      {0.75, true, 0, 0.75},
+      {-2.9, true, -2, -2.9},
+      {0.0, false, 0, 0.0},
+      {1e30, true, std::numeric_limits<std::int64_t>::max(), 1e30},
+      {-1e30, true, std::numeric_limits<std::int64_t>::min(), -1e30},
+      {"12", std::nullopt, std::nullopt, std::nullopt},
+      {Date(), std::nullopt, std::nullopt, std::nullopt},
+  };
+  for (const auto& expected : cases) {
+    EXPECT_EQ(expected.value.boolean(), expected.boolean);
+    EXPECT_EQ(expected.value.integer(), expected.integer);
+    EXPECT_EQ(expected.value.real(), expected.real);
+  }
+  EXPECT_EQ(PropertyList(std::nan("")).integer(), 0);
+}
+
+TEST(PropertyList, FilesKeepTheirOldContentWhenWritingFails) {
+  const TemporaryFolder folder;
+  std::string error;
+  EXPECT_FALSE(writePropertyListFile(folder / "missing/a.plist", 1, &error));
+  EXPECT_NE(error.find("missing/a.plist: No such file"), std::string::npos) << error;
+  EXPECT_FALSE(readPropertyListFile(folder / "a.plist", &error));
+  EXPECT_FALSE(readPropertyListFile(folder.path(), &error));
+  EXPECT_NE(error.find("not a regular file"), std::string::npos) << error;
+
+  // A folder in the file's place cannot be replaced, and no temporary file stays.
+  std::filesystem::create_directories(folder / "a.plist/inside");
+  EXPECT_FALSE(writePropertyListFile(folder / "a.plist", 1, &error));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+
+  ASSERT_TRUE(writeFileAtomically(folder / "b.plist", "<plist>\n<flase/></plist>"));
+  EXPECT_FALSE(readPropertyListFile(folder / "b.plist", &error));
+  EXPECT_NE(error.find("b.plist: line 2: <flase>"), std::string::npos) << error;
+  ASSERT_TRUE(writePropertyListFile(folder / "b.plist", Array{1, "two"}, &error)) << error;
+  EXPECT_EQ(readPropertyListFile(folder / "b.plist"), PropertyList(Array{1, "two"}));
+  EXPECT_FALSE(readFile(folder / "b.plist", 10, &error));
+}
+
+}  // namespace
+}  // namespace zenivo
