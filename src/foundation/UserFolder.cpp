@@ -1,0 +1,22 @@
+#include "foundation/UserFolder.h"
+
+#include <cstdlib>
+
+namespace zenivo {
+namespace {
+
+std::filesystem::path folderInVariable(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+}  // namespace
+
+std::filesystem::path userFolder() {
+  if (auto home = folderInVariable("ZENIVO_HOME"); !home.empty()) return home;
+  // The base directory specification has relative paths ignored.
+  if (auto data = folderInVariable("XDG_DATA_HOME"); data.is_absolute()) return data / "zenivo";
+  return folderInVariable("HOME") / ".local/share/zenivo";
+}
+
+}  // namespace zenivo

@@ -1,0 +1,264 @@
+#include "foundation/UserDefaults.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <functional>
+#include <random>
+#include <thread>
+
+#include "foundation/AtomicFile.h"
+#include "foundation/UserFolder.h"
+#include "support/TemporaryFolder.h"
+
+namespace zenivo {
+namespace {
+
+/// Runs `work` in a process of its own; its answer is the exit status.
+pid_t inOtherProcess(const std::function<bool()>& work) {
+  const pid_t child = ::fork();
+  if (child == 0) ::_exit(work() ? 0 : 1);
+  return child;
+}
+
+bool succeeded(pid_t child) {
+  int status = 0;
+  return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+TEST(UserDefaults, ReadersGetTheTypeTheyAskFor) {
+  UserDefaults defaults;
+  const struct {
+    std::optional<PropertyList> value;
+    std::int64_t integer;
+    double real;
+    bool boolean;
+    const char* text;
+  } cases[] = {
+      {std::nullopt, 0, 0, false, ""}, {2.9, 2, 2.9, true, "2.9"},
+      {-0.5, 0, -0.5, true, "-0.5"},   {3.0, 3, 3, true, "3"},
+      {true, 1, 1, true, "1"},         {-12, -12, -12, true, "-12"},
+      {"12", 12, 12, true, "12"},      {" 7.5 mm", 7, 7.5, true, " 7.5 mm"},
+      {"YES", 0, 0, true, "YES"},      {"0.5", 0, 0.5, false, "0.5"},
+      {"nan", 0, 0, false, "nan"},     {"", 0, 0, false, ""},
+      {Date(), 0, 0, false, ""},
+  };
+  for (const auto& expected : cases) {
+    defaults.setValue(expected.value, "key");
+    EXPECT_EQ(defaults.objectForKey("key"), expected.value);
+    EXPECT_EQ(defaults.integerForKey("key"), expected.integer) << expected.text;
+    EXPECT_EQ(defaults.doubleForKey("key"), expected.real) << expected.text;
+    EXPECT_EQ(defaults.boolForKey("key"), expected.boolean) << expected.text;
+    EXPECT_EQ(defaults.stringForKey("key"), expected.text);
+  }
+  defaults.setFloat(0.1F, "key");
+  EXPECT_EQ(defaults.floatForKey("key"), 0.1F);
+}
+
+TEST(UserDefaults, RegisteredDefaultsAreReadButNeverStored) {
+  const TemporaryFolder folder;
+  UserDefaults defaults(folder / "settings.plist");
+  defaults.registerDefaults({{"dof_aperture", 8.0}, {"fov_isPortrait", true}});
+  EXPECT_TRUE(defaults.synchronize());
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+
+  defaults.setDouble(11, "dof_aperture");
+  EXPECT_EQ(defaults.doubleForKey("dof_aperture"), 11);
+  EXPECT_TRUE(defaults.synchronize());
+  const UserDefaults again(folder / "settings.plist");
+  EXPECT_EQ(again.doubleForKey("dof_aperture"), 11);
+  EXPECT_FALSE(again.objectForKey("fov_isPortrait"));
+  defaults.removeObjectForKey("dof_aperture");
+  EXPECT_EQ(defaults.doubleForKey("dof_aperture"), 8);
+  EXPECT_TRUE(defaults.synchronize());
+  EXPECT_FALSE(UserDefaults(folder / "settings.plist").objectForKey("dof_aperture"));
+}
+
+TEST(UserDefaults, OnlyOwnChangesReachTheFile) {
+  const TemporaryFolder folder;
+  const auto file = folder / "made on first write/settings.plist";
+  UserDefaults one(file);
+  UserDefaults other(file);
+  one.setInteger(1, "a");
+  one.setInteger(1, "b");
+  ASSERT_TRUE(one.synchronize());
+  EXPECT_EQ(other.integerForKey("a"), 0);  // not seen before it looks
+  other.setInteger(2, "b");
+  other.setInteger(2, "c");
+  ASSERT_TRUE(other.synchronize());
+  EXPECT_EQ(other.integerForKey("a"), 1);
+  one.removeObjectForKey("a");
+  ASSERT_TRUE(one.synchronize());
+  ASSERT_TRUE(other.synchronize());
+  for (const UserDefaults* defaults : {&one, &other}) {
+    EXPECT_FALSE(defaults->objectForKey("a"));
+    EXPECT_EQ(defaults->integerForKey("b"), 2);
+    EXPECT_EQ(defaults->integerForKey("c"), 2);
+  }
+}
+
+TEST(UserDefaults, ProcessesWritingAtOnceLoseNothing) {
+  const TemporaryFolder folder;
+  constexpr int kKeys = 40;
+  std::vector<pid_t> children;
+  for (const char* name : {"a", "b", "c"}) {
+    children.push_back(inOtherProcess([&] {
+      UserDefaults defaults(folder / "settings.plist");
+      bool stored = true;
+      for (int i = 0; i < kKeys; ++i) {
+        defaults.setInteger(i, name + std::to_string(i));
+        stored = defaults.synchronize() && stored;
+      }
+      return stored;
+    }));
+  }
+  for (const pid_t child : children) EXPECT_TRUE(succeeded(child));
+  const UserDefaults defaults(folder / "settings.plist");
+  for (const char* name : {"a", "b", "c"}) {
+    for (int i = 0; i < kKeys; ++i) {
+      EXPECT_EQ(defaults.objectForKey(name + std::to_string(i)), PropertyList(i)) << name << i;
+    }
+  }
+}
+
+// A child counts in two keys and tells each count through a pipe once it is
+// stored.  Killed at any moment, it leaves a file with a count told or under way.
+TEST(UserDefaults, AKilledProcessLeavesACompleteFile) {
+  const TemporaryFolder folder;
+  const auto file = folder / "settings.plist";
+  std::mt19937 random(50);
+  for (int round = 0; round < 50; ++round) {
+    std::array<int, 2> pipe{};
+    ASSERT_EQ(::pipe(pipe.data()), 0);
+    const pid_t child = inOtherProcess([&] {
+      UserDefaults defaults(file);
+      for (std::int64_t count = defaults.integerForKey("count") + 1;; ++count) {
+        defaults.setInteger(count, "count");
+        defaults.setObject(std::string(static_cast<std::size_t>(count) * 100, 'x'), "padding");
+        if (!defaults.synchronize()) return false;
+        if (::write(pipe[1], &count, sizeof count) != sizeof count) return false;
+      }
+    });
+    ::close(pipe[1]);
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 6000));
+    ::kill(child, SIGKILL);
+    EXPECT_FALSE(succeeded(child));
+    std::int64_t told = 0;
+    while (::read(pipe[0], &told, sizeof told) == sizeof told) continue;
+    ::close(pipe[0]);
+
+    std::string error;
+    const auto content = readPropertyListFile(file, &error);
+    if (!content && told == 0 && !std::filesystem::exists(file)) continue;
+    ASSERT_TRUE(content) << error;
+    const auto count = content->valueForKey("count")->integer().value();
+    EXPECT_EQ(content->valueForKey("padding")->string()->size(),
+              static_cast<std::size_t>(count) * 100);
+    EXPECT_TRUE(told == 0 || count == told || count == told + 1) << count << " after " << told;
+  }
+  UserDefaults survivor(file);
+  survivor.setBool(true, "alive");
+  EXPECT_TRUE(survivor.synchronize());
+}
+
+TEST(UserDefaults, ThreadsMaySetReadAndSynchronize) {
+  const TemporaryFolder folder;
+  UserDefaults defaults(folder / "settings.plist");
+  constexpr int kKeys = 100;
+  std::vector<std::thread> threads;
+  for (const char* name : {"a", "b", "c"}) {
+    threads.emplace_back([&defaults, name] {
+      for (int i = 0; i < kKeys; ++i) {
+        defaults.setInteger(i, name + std::to_string(i));
+        EXPECT_TRUE(i % 10 != 9 || defaults.synchronize());
+        // Own values are seen whatever the others store meanwhile.
+        EXPECT_EQ(defaults.objectForKey(name + std::to_string(i)), PropertyList(i));
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  const auto content = readPropertyListFile(folder / "settings.plist");
+  ASSERT_TRUE(content && content->dictionary());
+  EXPECT_EQ(content->dictionary()->size(), 3u * kKeys);
+}
+
+TEST(UserDefaults, ABrokenFileIsReportedAndKept) {
+  const TemporaryFolder folder;
+  const auto file = folder / "settings.plist";
+  const std::string broken = "<plist><dict>\n<key>a</key>";
+  for (const char* aside : {"settings.plist.broken", "settings.plist.broken2"}) {
+    ASSERT_TRUE(writeFileAtomically(file, broken));
+    testing::internal::CaptureStderr();
+    UserDefaults defaults(file);
+    EXPECT_FALSE(defaults.synchronize());  // nothing to store: it stays where it is
+    EXPECT_EQ(readFile(file, 100), broken);
+    defaults.setInteger(1, "b");
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("settings.plist: line 2: "),
+              std::string::npos);
+    EXPECT_EQ(readFile(folder / aside, 100), broken);
+    EXPECT_EQ(UserDefaults(file).integerForKey("b"), 1);
+  }
+  // What was known of a file that breaks later is stored again.
+  UserDefaults defaults(file);
+  ASSERT_TRUE(writeFileAtomically(file, formatPropertyList("no dictionary")));
+  defaults.setInteger(2, "c");
+  testing::internal::CaptureStderr();
+  EXPECT_TRUE(defaults.synchronize());
+  EXPECT_NE(testing::internal::GetCapturedStderr().find("no dictionary"), std::string::npos);
+  EXPECT_EQ(UserDefaults(file).integerForKey("b"), 1);
+  EXPECT_EQ(UserDefaults(file).integerForKey("c"), 2);
+}
+
+TEST(UserDefaults, AnUnreadableFileIsLeftAlone) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directories(folder / "settings.plist");
+  testing::internal::CaptureStderr();
+  UserDefaults defaults(folder / "settings.plist");
+  defaults.setInteger(1, "a");
+  std::string error;
+  EXPECT_FALSE(defaults.synchronize(&error));
+  EXPECT_NE(error.find("not a regular file"), std::string::npos) << error;
+  testing::internal::GetCapturedStderr();
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "settings.plist"));
+}
+
+TEST(UserDefaults, WhatAReadOnlyFolderRefusesIsStoredLater) {
+  const TemporaryFolder folder;
+  UserDefaults defaults(folder / "settings.plist");
+  defaults.setInteger(1, "a");
+  using std::filesystem::perms;
+  std::filesystem::permissions(folder.path(), static_cast<perms>(0555));
+  const uid_t user = ::geteuid();
+  ASSERT_EQ(::seteuid(user == 0 ? 65534 : user), 0);  // root may write anywhere
+  std::string error;
+  EXPECT_FALSE(defaults.synchronize(&error));
+  EXPECT_NE(error.find("Permission denied"), std::string::npos) << error;
+  EXPECT_EQ(defaults.integerForKey("a"), 1);
+  ASSERT_EQ(::seteuid(user), 0);
+  std::filesystem::permissions(folder.path(), perms::owner_all);
+  EXPECT_TRUE(defaults.synchronize());
+  EXPECT_EQ(UserDefaults(folder / "settings.plist").integerForKey("a"), 1);
+}
+
+TEST(UserFolder, VariablesInTheirOrder) {
+  const auto folderWith = [](const char* zenivo, const char* data) {
+    ::setenv("ZENIVO_HOME", zenivo, 1);
+    ::setenv("XDG_DATA_HOME", data, 1);
+    ::setenv("HOME", "/home/ada", 1);
+    return userFolder().string();
+  };
+  const pid_t child = inOtherProcess([&] {
+    return folderWith("/z", "/x") == "/z" && folderWith("", "/x") == "/x/zenivo" &&
+           folderWith("", "relative") == "/home/ada/.local/share/zenivo" &&
+           folderWith("", "") == "/home/ada/.local/share/zenivo";
+  });
+  EXPECT_TRUE(succeeded(child));
+}
+
+}  // namespace
+}  // namespace zenivo
