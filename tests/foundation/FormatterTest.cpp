@@ -1,0 +1,117 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "foundation/Calendar.h"
+#include "foundation/DateFormatter.h"
+#include "foundation/NumberFormatter.h"
+
+namespace zenivo {
+namespace {
+
+TimeZone zone(const char* name) {
+  return TimeZone::timeZoneWithName(name).value();
+}
+
+Date utc(std::int64_t year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
+  return Calendar(zone("GMT")).dateFromComponents({year, month, day, hour, minute, second});
+}
+
+TEST(NumberFormatter, RoundsHalvesOfTheDecimalAwayFromZero) {
+  const struct {
+    double number;
+    int minimum, maximum;
+    const char* text;
+  } cases[] = {
+      {2.5, 0, 0, "3"},
+      {-2.5, 0, 0, "-3"},
+      {3.5, 0, 0, "4"},
+      {0.125, 0, 2, "0.13"},
+      {1.005, 0, 2, "1.01"},  // the double is 1.00499999999999989...
+      {2.675, 2, 2, "2.68"},  // 2.67499999999999982...
+      {1.45, 1, 1, "1.5"},    // 1.44999999999999995...
+      {0.285, 2, 2, "0.29"},  // 0.284999999999999975...
+      {2.4999999, 0, 0, "2"},
+      {-0.4, 0, 0, "0"},
+      {-0.0, 1, 1, "0.0"},
+      {-0.05, 1, 1, "-0.1"},
+      {-0.04, 1, 1, "0.0"},
+      {12, 0, 2, "12"},
+      {12, 1, 2, "12.0"},
+      {12.3, 3, 1, "12.300"},
+      {1234567.891, 0, 2, "1234567.89"},
+      {1e21, 0, 0, "1000000000000000000000"},
+      {0.1, 0, 20, "0.1"},
+      {std::numeric_limits<double>::infinity(), 0, 2, "∞"},
+      {std::nan(""), 0, 2, "NaN"},
+  };
+  for (const auto& [number, minimum, maximum, text] : cases) {
+    const NumberFormatter formatter{minimum, maximum};
+    EXPECT_EQ(formatter.stringFromNumber(number), text) << number;
+  }
+  const NumberFormatter grouping{.usesGroupingSeparator = true};
+  EXPECT_EQ(grouping.stringFromNumber(-1234567.5), "-1,234,568");
+  EXPECT_EQ(grouping.stringFromNumber(999), "999");
+}
+
+TEST(NumberFormatter, ReadsWholeTextsOnly) {
+  const NumberFormatter plain{};
+  const NumberFormatter grouping{.usesGroupingSeparator = true};
+  EXPECT_EQ(plain.numberFromString("46.5587"), 46.5587);
+  EXPECT_EQ(plain.numberFromString("-0.1"), -0.1);
+  EXPECT_EQ(grouping.numberFromString("1,234.5"), 1234.5);
+  for (const char* text : {"", "12 m", "1,5", "1.2.3", "--1", "twelve", "\xFF"}) {
+    EXPECT_EQ(plain.numberFromString(text), std::nullopt) << text;
+  }
+}
+
+TEST(DateFormatter, DaysOfClockChanges) {
+  const DateFormatter paris("%Y-%m-%d %H:%M:%S %Z %Ez", zone("Europe/Paris"));
+  const struct {
+    Date date;
+    const char* text;
+  } cases[] = {
+      {utc(2026, 3, 29, 0, 59, 59), "2026-03-29 01:59:59 CET +01:00"},
+      {utc(2026, 3, 29, 1), "2026-03-29 03:00:00 CEST +02:00"},
+      {utc(2026, 10, 25, 0, 30), "2026-10-25 02:30:00 CEST +02:00"},
+      {utc(2026, 10, 25, 1, 30), "2026-10-25 02:30:00 CET +01:00"},
+      {utc(2026, 12, 31, 23), "2027-01-01 00:00:00 CET +01:00"},
+  };
+  for (const auto& [date, text] : cases) EXPECT_EQ(paris.stringFromDate(date), text);
+}
+
+TEST(DateFormatter, NamesAndDaysBeforeTheReform) {
+  const DateFormatter gmt("%a %e %B %Y, %b %d %I:%M %p 100%% %%Y", zone("GMT"));
+  EXPECT_EQ(gmt.stringFromDate(utc(2026, 8, 2, 17, 5)),
+            "Sun  2 August 2026, Aug 02 05:05 PM 100% %Y");
+  // The day before Friday, October 15, 1582 was Thursday, October 4; the Battle of
+  // Hastings was fought on Saturday, October 14, 1066; Julian 1500 was a leap year.
+  const DateFormatter day("%A %E4Y-%m-%d", zone("GMT"));
+  EXPECT_EQ(day.stringFromDate(utc(1582, 10, 15)), "Friday 1582-10-15");
+  EXPECT_EQ(day.stringFromDate(utc(1582, 10, 4, 23, 59)), "Thursday 1582-10-04");
+  EXPECT_EQ(day.stringFromDate(utc(1066, 10, 14)), "Saturday 1066-10-14");
+  EXPECT_EQ(day.stringFromDate(utc(1500, 2, 29)), "Saturday 1500-02-29");
+  EXPECT_EQ(DateFormatter("%E4Y", zone("GMT")).stringFromDate(utc(-4, 7, 1)), "-0004");
+}
+
+TEST(DateFormatter, Iso8601TakesTheNearestSecond) {
+  const Date date = utc(2026, 6, 21, 3, 46, 59);
+  EXPECT_EQ(iso8601String(date, zone("Europe/Paris")), "2026-06-21T05:46:59+02:00");
+  EXPECT_EQ(iso8601String(date.dateByAddingTimeInterval(0.5), zone("Europe/Paris")),
+            "2026-06-21T05:47:00+02:00");
+  EXPECT_EQ(iso8601String(date, zone("Asia/Kathmandu")), "2026-06-21T09:31:59+05:45");
+  EXPECT_EQ(iso8601String(date, zone("America/St_Johns")), "2026-06-21T01:16:59-02:30");
+  EXPECT_EQ(iso8601String(date, zone("GMT")), "2026-06-21T03:46:59+00:00");
+}
+
+TEST(DateFormatter, TheSharedFormatterFollowsItsZone) {
+  const Date date = utc(2026, 6, 21, 3, 46, 59);
+  setSharedFormattersTimeZone(zone("Asia/Tokyo"));
+  EXPECT_EQ(timeStringFromDate(date), "12:46");
+  setSharedFormattersTimeZone(zone("America/Lima"));
+  EXPECT_EQ(sharedTimeFormatter().stringFromDate(date), "22:46");
+}
+
+}  // namespace
+}  // namespace zenivo
