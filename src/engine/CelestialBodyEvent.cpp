@@ -1,0 +1,11 @@
+#include "engine/CelestialBodyEvent.h"
+
+#include "engine/DateEphemeris.h"
+
+namespace zenivo {
+
+CelestialBodyEvent::Moment::Moment(double moment) : mjd(moment) {
+  if (drawEventAtMjd(mjd)) timeInterval = mjdToTimeInterval(mjd);
+}
+
+}  // namespace zenivo

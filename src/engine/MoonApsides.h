@@ -1,0 +1,59 @@
+// Perigees and apogees of the Moon.
+
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "engine/PtDateTime.h"
+#include "foundation/Date.h"
+
+namespace zenivo {
+
+// Type codes of an apsis.
+inline constexpr std::int32_t kApogee = 1;
+inline constexpr std::int32_t kPerigee = 2;
+
+/// An apsis of the Moon's orbit as the series gives it.
+struct PtApogeePerigee {
+  std::int32_t type = 0;  ///< kApogee or kPerigee
+  PtDateTime date;
+  double distance = 0;  ///< kilometres between the centres of Earth and Moon
+};
+
+/// What makes a distance of the Moon worth telling.
+enum class MoonDistanceType { supermoon = 0, apogee = kApogee, perigee = kPerigee };
+
+/// A distance of the Moon and its moment.
+struct MoonDistance {
+  MoonDistanceType type = MoonDistanceType::perigee;
+  double distance = 0;  ///< kilometres
+  double mjd = 0;
+  Date date;  ///< the moment on the nearest whole minute
+};
+
+/// The type that a code of PtApogeePerigee stands for.
+MoonDistanceType moonDistanceFromDistanceType(std::int32_t code);
+
+/// The apsis number `k`: a perigee where k is whole (0 is that of 1999 December
+/// 27), the apogee after it where k ends in .5.  No other fraction has a meaning.
+/// The dynamical time of the series is given as if it were Universal Time.
+/// Error, 1895 to 2105: apogees 4 minutes, perigees 36 minutes (5 typically);
+/// 10 km.
+/// Source: Meeus, Astronomical Algorithms, chapter 50, with the arguments of its
+/// first edition.
+PtApogeePerigee moonApsis(double k);
+
+/// The apsides of a year, a month, or a day of the observer's time zone, in time
+/// order.  None for years outside -4712 to 6000.
+std::vector<MoonDistance> apogeePerigeesForYear(std::int64_t year);
+std::vector<MoonDistance> apogeePerigeesForYear(std::int64_t year, int andMonth);
+std::vector<MoonDistance> apogeePerigeesForDate(Date date);
+
+/// Those of the apsides of `year` and of the months around it that
+/// `compareFunc` accepts.
+std::vector<MoonDistance> calculateApogeePerigeesForYear(
+    std::int64_t year, const std::function<bool(const MoonDistance&)>& compareFunc);
+
+}  // namespace zenivo

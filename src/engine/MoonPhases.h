@@ -1,0 +1,44 @@
+// The principal phases of the Moon: new Moon, quarters and full Moon.
+
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "engine/PtDateTime.h"
+
+namespace zenivo {
+
+// Phase codes.  The first four are moments, the next four what lies between.
+inline constexpr std::int32_t kNoMoonPhase = -1;
+inline constexpr std::int32_t kNewMoon = 0;
+inline constexpr std::int32_t kFirstQuarter = 1;
+inline constexpr std::int32_t kFullMoon = 2;
+inline constexpr std::int32_t kLastQuarter = 3;
+inline constexpr std::int32_t kWaxingCrescent = 4;
+inline constexpr std::int32_t kWaxingGibbous = 5;
+inline constexpr std::int32_t kWaningGibbous = 6;
+inline constexpr std::int32_t kWaningCrescent = 7;
+
+/// A principal phase (0 to 3) and its moment.
+struct PtMoonPhaseWithDate {
+  std::int32_t phase = kNoMoonPhase;
+  PtDateTime date;
+};
+
+/// Julian Ephemeris Date of the phase of lunation `k`: a whole number is a new
+/// Moon (0 that of 2000 January 6), .25 more the first quarter, .5 the full
+/// Moon, .75 the last quarter.  No other fraction has a meaning.
+/// Error: within 20 s of the full lunar theory from 1950 to 2050.
+/// Source: Meeus, Astronomical Algorithms, chapter 49, with the mean phase of
+/// its first edition.
+double moonPhaseJulianEphemerisDate(double k);
+
+/// The principal phases from `start` on, in time order: two or three of each
+/// kind, those of the next 58 days without a gap.  None lies before `start`.
+///
+/// The dynamical time of the series is given as if it were Universal Time:
+/// moments are late by deltaT, about a minute in this century.
+std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start);
+
+}  // namespace zenivo

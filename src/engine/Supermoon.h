@@ -1,0 +1,21 @@
+// Full Moons near the Earth.
+
+#pragma once
+
+#include "foundation/Date.h"
+
+namespace zenivo {
+
+/// Whether a full Moon is a supermoon: nearer than 360,000 km, or nearer than
+/// 361,000 km and within a day and a half of a perigee of the same month.
+///
+/// `date` is the moment of the full Moon and `moonDistance` the Moon's distance
+/// then, kilometres.  The month is that of the observer's time zone; a perigee
+/// in the month after does not count, however near.
+bool isFullMoonDateASupermoonDay(Date date, double moonDistance);
+
+/// How much bigger than the mean (0.517836 degrees) the Moon looks at a distance
+/// in kilometres, as a fraction: 0.07 is 7 % bigger, negative is smaller.
+double moonPercentageFromMeanAngularDiameterAtDistance(double distance);
+
+}  // namespace zenivo
