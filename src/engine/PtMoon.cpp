@@ -1,0 +1,23 @@
+#include "engine/PtMoon.h"
+
+#include <cmath>
+
+#include "engine/Angles.h"
+#include "engine/LunarSeries.h"
+
+namespace zenivo::ephemeris {
+
+Vector3D PtMoon::eclipticPosition(bool highPrecision, double T) {
+  return highPrecision ? fullLunarSeries(T) : fastLunarSeries(T);
+}
+
+double PtMoon::sinParallax(double distance) const {
+  return 6378.137 / distance;
+}
+
+double PtMoon::semiDiameter(double sinParallax, double) const {
+  constexpr double kRadiusOverEarths = 0.2724933628738298;  // 1738 km to 6378.137 km
+  return std::asin(kRadiusOverEarths * sinParallax) / kDegree;
+}
+
+}  // namespace zenivo::ephemeris

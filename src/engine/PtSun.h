@@ -1,0 +1,27 @@
+// The Sun.
+
+#pragma once
+
+#include "engine/PtPlanet.h"
+
+namespace zenivo::ephemeris {
+
+class PtSun : public PtPlanet {
+ public:
+  using PtPlanet::PtPlanet;
+  using PtPlanet::semiDiameter;
+
+  /// Geometric place of the Sun, mean equinox of date: astronomical units.
+  /// Full series: Newcomb's theory, truncated; a few arcseconds.  Fast series:
+  /// the ellipse alone, a minute of arc, latitude 0.
+  ///
+  /// Aberration is left out.  It sets the Sun back by 20.5 arcseconds, a hundredth
+  /// of its diameter; it rises and crosses the meridian 1.4 s early by that.
+  /// Source: Montenbruck & Pfleger, Astronomy on the Personal Computer.
+  Vector3D eclipticPosition(bool highPrecision, double T) override;
+
+  double sinParallax(double distance) const override;
+  double semiDiameter(double sinParallax, double distance) const override;
+};
+
+}  // namespace zenivo::ephemeris

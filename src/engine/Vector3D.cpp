@@ -1,0 +1,62 @@
+#include "engine/Vector3D.h"
+
+#include <cmath>
+
+#include "engine/Angles.h"
+
+namespace zenivo {
+
+Vector3D Vector3D::withPolar(double phi, double theta, double r) {
+  const double cosTheta = std::cos(theta);
+  Vector3D v(r * cosTheta * std::cos(phi), r * cosTheta * std::sin(phi), r * std::sin(theta));
+  v.phi_ = phi;
+  v.theta_ = theta;
+  v.r_ = r;
+  v.bPolarValid_ = true;
+  return v;
+}
+
+Vector3D Vector3D::cross(const Vector3D& o) const {
+  return {y() * o.z() - z() * o.y(), z() * o.x() - x() * o.z(), x() * o.y() - y() * o.x()};
+}
+
+void Vector3D::derivePolar() const {
+  const double rhoSquared = x() * x() + y() * y();
+  const double rho = std::sqrt(rhoSquared);
+  r_ = std::sqrt(rhoSquared + z() * z());
+  phi_ = rho == 0.0 ? 0.0 : std::atan2(y(), x());
+  if (phi_ < 0.0) phi_ += kTwoPi;
+  theta_ = r_ == 0.0 ? 0.0 : std::atan2(z(), rho);
+  bPolarValid_ = true;
+}
+
+Matrix3D rotationX(double angle) {
+  const double c = std::cos(angle);
+  const double s = std::sin(angle);
+  return {{{1, 0, 0}, {0, c, s}, {0, -s, c}}};
+}
+
+Matrix3D rotationZ(double angle) {
+  const double c = std::cos(angle);
+  const double s = std::sin(angle);
+  return {{{c, s, 0}, {-s, c, 0}, {0, 0, 1}}};
+}
+
+Matrix3D operator*(const Matrix3D& a, const Matrix3D& b) {
+  Matrix3D product{};
+  for (std::size_t i = 0; i < 3; ++i) {
+    for (std::size_t j = 0; j < 3; ++j) {
+      product[i][j] = a[i][0] * b[0][j] + a[i][1] * b[1][j] + a[i][2] * b[2][j];
+    }
+  }
+  return product;
+}
+
+Vector3D operator*(const Matrix3D& m, const Vector3D& v) {
+  const auto row = [&](std::size_t i) {
+    return m[i][0] * v.x() + m[i][1] * v.y() + m[i][2] * v.z();
+  };
+  return {row(0), row(1), row(2)};
+}
+
+}  // namespace zenivo
