@@ -7,6 +7,8 @@ set(ZENIVO_LAYERS
   engine
   map/lookups
   map/layers
+  map/lines
+  ar
   planner
   cli
 )
@@ -15,5 +17,7 @@ set(ZENIVO_LAYER_foundation  "")
 set(ZENIVO_LAYER_engine      foundation)
 set(ZENIVO_LAYER_map/lookups foundation engine)
 set(ZENIVO_LAYER_map/layers  foundation)
-set(ZENIVO_LAYER_planner     foundation engine map/lookups map/layers)
-set(ZENIVO_LAYER_cli         foundation engine map/lookups map/layers planner)
+set(ZENIVO_LAYER_map/lines   foundation engine)
+set(ZENIVO_LAYER_ar          foundation map/lines)
+set(ZENIVO_LAYER_planner     foundation engine map/layers map/lines ar)
+set(ZENIVO_LAYER_cli         foundation engine map/lookups map/layers map/lines ar planner)

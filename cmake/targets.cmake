@@ -1,15 +1,22 @@
 # zenivo_layer(FOLDER [LIBRARIES lib...]): the library target of src/FOLDER,
 # named zenivo_<folder>, linked to the layers that cmake/layers.cmake allows.
+# A folder of headers alone becomes an interface library.
 function(zenivo_layer folder)
   cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "LIBRARIES")
   string(REPLACE "/" "_" name ${folder})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp)
-  add_library(zenivo_${name} STATIC ${sources})
-  target_include_directories(zenivo_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
-  target_link_libraries(zenivo_${name} PUBLIC ${ARG_LIBRARIES})
+  if(sources)
+    set(scope PUBLIC)
+    add_library(zenivo_${name} STATIC ${sources})
+  else()
+    set(scope INTERFACE)
+    add_library(zenivo_${name} INTERFACE)
+  endif()
+  target_include_directories(zenivo_${name} ${scope} ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(zenivo_${name} ${scope} ${ARG_LIBRARIES})
   foreach(dependency IN LISTS ZENIVO_LAYER_${folder})
     string(REPLACE "/" "_" dependency ${dependency})
-    target_link_libraries(zenivo_${name} PUBLIC zenivo_${dependency})
+    target_link_libraries(zenivo_${name} ${scope} zenivo_${dependency})
   endforeach()
 endfunction()
 
