@@ -8,6 +8,7 @@ set(ZENIVO_LAYERS
   map/lookups
   map/layers
   planner
+  cli/input
   cli
 )
 
@@ -16,4 +17,5 @@ set(ZENIVO_LAYER_engine      foundation)
 set(ZENIVO_LAYER_map/lookups foundation engine)
 set(ZENIVO_LAYER_map/layers  foundation)
 set(ZENIVO_LAYER_planner     foundation engine map/lookups map/layers)
-set(ZENIVO_LAYER_cli         foundation engine map/lookups map/layers planner)
+set(ZENIVO_LAYER_cli/input   foundation engine)
+set(ZENIVO_LAYER_cli         foundation engine map/lookups map/layers planner cli/input)
