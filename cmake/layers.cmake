@@ -4,20 +4,24 @@
 
 set(ZENIVO_LAYERS
   foundation
+  app/settings
   engine
-  map/lookups
   map/layers
   map/lines
   ar
+  find
   planner
+  cli/input
   cli
 )
 
 set(ZENIVO_LAYER_foundation  "")
+set(ZENIVO_LAYER_app/settings foundation)
 set(ZENIVO_LAYER_engine      foundation)
-set(ZENIVO_LAYER_map/lookups foundation engine)
 set(ZENIVO_LAYER_map/layers  foundation)
 set(ZENIVO_LAYER_map/lines   foundation engine)
 set(ZENIVO_LAYER_ar          foundation map/lines)
+set(ZENIVO_LAYER_find        foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_planner     foundation engine map/layers map/lines ar)
-set(ZENIVO_LAYER_cli         foundation engine map/lookups map/layers map/lines ar planner)
+set(ZENIVO_LAYER_cli/input   foundation engine)
+set(ZENIVO_LAYER_cli         foundation engine map/layers map/lines ar planner cli/input)

@@ -1,0 +1,22 @@
+// What is wrong with something the user typed.
+
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace zenivo::cli {
+
+/// Thrown for bad input.  `what()` is one line, without a full stop, that says
+/// what was wrong and how it is written right.
+class InputError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// `text` in double quotes for a message: control characters and broken UTF-8
+/// become "?", and a long text is cut, so that the message stays one short line.
+std::string quoted(std::string_view text);
+
+}  // namespace zenivo::cli
