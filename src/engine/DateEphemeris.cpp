@@ -2,9 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <cmath>
 #include <memory>
 #include <mutex>
+#include <string_view>
+
+#include "foundation/LocalizedString.h"
 
 namespace zenivo {
 namespace {
@@ -179,6 +183,13 @@ int weekday(Date date) {
 
 int numberOfDaysInMonth(Date date) {
   return Calendar().rangeOfUnit(CalendarUnit::day, CalendarUnit::month, date).length;
+}
+
+std::string weekdayAbbreviation(Date date) {
+  constexpr std::array<std::string_view, 7> kKeys{
+      "week_day_abbr_su", "week_day_abbr_mo", "week_day_abbr_tu", "week_day_abbr_we",
+      "week_day_abbr_th", "week_day_abbr_fr", "week_day_abbr_sa"};
+  return localizedString(kKeys[static_cast<std::size_t>(weekday(date) - 1)], "Common");
 }
 
 bool dateIsBetween(Date date, Date first, Date second) {

@@ -78,6 +78,9 @@ double timeAsFractionOfDay(Date date);
 int weekday(Date date);
 int numberOfDaysInMonth(Date date);
 
+/// The short name of weekday(date) for the user, from the table "Common".
+std::string weekdayAbbreviation(Date date);
+
 // Comparisons.
 
 /// True only strictly after `first` and strictly before `second`.

@@ -86,7 +86,9 @@ TEST_F(DateEphemeris, WeekdayAndMonthAreTheDevices) {
   setCachedCalendarTimeZone(zone("America/New_York"));
   const Date date = utc(2024, 2, 29, 16);  // Friday March 1 in Tokyo
   EXPECT_EQ(weekday(date), 6);
+  EXPECT_EQ(weekdayAbbreviation(date), "Fri");
   EXPECT_EQ(numberOfDaysInMonth(date), 31);
+  EXPECT_EQ(weekdayAbbreviation(utc(2024, 3, 1, 15)), "Sat");
   TimeZone::setDefaultTimeZone(TimeZone::systemTimeZone());
 }
 
