@@ -6,6 +6,7 @@
 #include "engine/Angles.h"
 #include "engine/DateEphemeris.h"
 #include "engine/MoonApsisSeries.h"
+#include "foundation/LocalizedString.h"
 
 namespace zenivo {
 namespace {
@@ -87,7 +88,23 @@ PtApogeePerigee moonApsis(double k) {
 }
 
 MoonDistanceType moonDistanceFromDistanceType(std::int32_t code) {
-  return code == kApogee ? MoonDistanceType::apogee : MoonDistanceType::perigee;
+  if (code == kApogee) return MoonDistanceType::apogee;
+  if (code == kPerigee) return MoonDistanceType::perigee;
+  return MoonDistanceType::none;
+}
+
+std::string nameForType(MoonDistanceType type) {
+  switch (type) {
+    case MoonDistanceType::apogee:
+      return localizedString("moon_apogee", "Ephemeris");
+    case MoonDistanceType::perigee:
+      return localizedString("moon_perigee", "Ephemeris");
+    case MoonDistanceType::supermoon:
+      return localizedString("moon_supermoon", "Ephemeris");
+    case MoonDistanceType::none:
+      break;
+  }
+  return {};
 }
 
 std::vector<MoonDistance> calculateApogeePerigeesForYear(

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "engine/PtDateTime.h"
@@ -23,24 +24,27 @@ struct PtApogeePerigee {
 };
 
 /// What makes a distance of the Moon worth telling.
-enum class MoonDistanceType { supermoon = 0, apogee = kApogee, perigee = kPerigee };
+enum class MoonDistanceType { none = 0, apogee = kApogee, perigee = kPerigee, supermoon = 3 };
 
 /// A distance of the Moon and its moment.
 struct MoonDistance {
-  MoonDistanceType type = MoonDistanceType::perigee;
+  MoonDistanceType type = MoonDistanceType::none;
   double distance = 0;  ///< kilometres
   double mjd = 0;
   Date date;  ///< the moment on the nearest whole minute
 };
 
-/// The type that a code of PtApogeePerigee stands for.
+/// The type that a code of PtApogeePerigee stands for; none for any other.
 MoonDistanceType moonDistanceFromDistanceType(std::int32_t code);
+
+/// The localised name of a type, for example "Perigee"; empty for none.
+std::string nameForType(MoonDistanceType type);
 
 /// The apsis number `k`: a perigee where k is whole (0 is that of 1999 December
 /// 27), the apogee after it where k ends in .5.  No other fraction has a meaning.
 /// The dynamical time of the series is given as if it were Universal Time.
-/// Error, 1895 to 2105: apogees 4 minutes, perigees 36 minutes (5 typically);
-/// 10 km.
+/// Error, 1895 to 2105: apogees 4 minutes, perigees 36 minutes (5 typically), both
+/// a few kilometres.
 /// Source: Meeus, Astronomical Algorithms, chapter 50, with the arguments of its
 /// first edition.
 PtApogeePerigee moonApsis(double k);

@@ -4,9 +4,11 @@
 #include <array>
 #include <cmath>
 #include <optional>
+#include <ranges>
 #include <span>
 
 #include "engine/Angles.h"
+#include "engine/DateEphemeris.h"
 #include "engine/MoonPhaseSeries.h"
 
 namespace zenivo {
@@ -127,6 +129,16 @@ std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start) {
   }
   std::ranges::sort(phases, {}, &PtMoonPhaseWithDate::date);
   return phases;
+}
+
+const PtMoonPhaseWithDate* phaseOfDay(std::span<const PtMoonPhaseWithDate> phases, int day,
+                                      int month) {
+  const Calendar local = cachedCalendar();
+  for (const PtMoonPhaseWithDate& item : std::views::reverse(phases)) {
+    const DateComponents c = local.componentsFromDate(dateWithPtDateTime(item.date));
+    if (c.day == day && c.month == month) return &item;
+  }
+  return nullptr;
 }
 
 }  // namespace zenivo

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "engine/PtDateTime.h"
@@ -40,5 +41,10 @@ double moonPhaseJulianEphemerisDate(double k);
 /// The dynamical time of the series is given as if it were Universal Time:
 /// moments are late by deltaT, about a minute in this century.
 std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start);
+
+/// The last of `phases` that falls on that day of that month in the zone of
+/// cachedCalendar, or nullptr.  The list spans less than a year.
+const PtMoonPhaseWithDate* phaseOfDay(std::span<const PtMoonPhaseWithDate> phases, int day,
+                                      int month);
 
 }  // namespace zenivo

@@ -4,6 +4,10 @@
 
 #include "engine/PtPlanet.h"
 
+namespace zenivo {
+struct MoonPhase;
+}
+
 namespace zenivo::ephemeris {
 
 class PtMoon : public PtPlanet {
@@ -19,6 +23,13 @@ class PtMoon : public PtPlanet {
 
   double sinParallax(double distance) const override;
   double semiDiameter(double sinParallax, double distance) const override;
+
+  /// The phase from places of Moon (kilometres) and Sun (astronomical units) and
+  /// the Moon's local hour angle in radians.  The zenith is the observer's.
+  /// Source: Meeus, Astronomical Algorithms, chapters 14 and 48.
+  MoonPhase moonPhaseGeometry(const Vector3D& moonEcliptic, const Vector3D& moonEquatorial,
+                              const Vector3D& sunEcliptic, const Vector3D& sunEquatorial,
+                              double moonHourAngle) const;
 };
 
 }  // namespace zenivo::ephemeris

@@ -1,0 +1,104 @@
+#include "engine/MoonDistancesYear.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/DateEphemeris.h"
+#include "engine/PtMoon.h"
+#include "engine/PtSun.h"
+
+namespace zenivo {
+namespace {
+
+class MoonDistancesYearTest : public testing::Test {
+ protected:
+  void SetUp() override { setCachedCalendarTimeZone(TimeZone()); }
+  void TearDown() override { setCachedCalendarTimeZone(TimeZone::defaultTimeZone()); }
+};
+
+std::vector<int> months(const std::vector<MoonPhaseDistance>& list) {
+  std::vector<int> result;
+  for (const MoonPhaseDistance& item : list) result.push_back(monthValue(item.date));
+  return result;
+}
+
+// Distances at full Moon as published: 2016 Oct 358,473, Nov 356,520, Dec 359,449;
+// 2018 Jan 2 356,604 and Jan 31 360,198 km, a day after perigee; 2024 Aug 361,969
+// (too far), Sep 357,485, Oct 357,363, Nov 361,866 (too far).
+TEST_F(MoonDistancesYearTest, SupermoonsOfKnownYears) {
+  const PtPosition greenwich(51.48, 0.0);
+  EXPECT_EQ(months(MoonDistancesYear(greenwich, 2016).supermoons()), (std::vector{10, 11, 12}));
+  MoonDistancesYear year(greenwich, 2017);
+  year.nextYear();
+  EXPECT_EQ(year.year(), 2018);
+  EXPECT_EQ(months(year.supermoons()), (std::vector{1, 1}));
+  EXPECT_NEAR(year.supermoons()[1].distanceToEarth, 360198, 30);
+  EXPECT_GT(year.supermoons()[1].phase, 0.999);
+  EXPECT_EQ(months(MoonDistancesYear(greenwich, 2024).supermoons()), (std::vector{9, 10}));
+
+  // On Kiritimati the perigee was on January 30 and the full Moon in February.
+  setCachedCalendarTimeZone(TimeZone::timeZoneWithName("Pacific/Kiritimati").value());
+  year.recalculateDistances();
+  EXPECT_EQ(months(year.supermoons()), (std::vector{1}));
+  year.previousYear();
+  EXPECT_EQ(year.year(), 2017);
+}
+
+// The apsides of the series are those of the lunar theory: at each the distance is
+// an extreme and that of the series to 25 km (0.2 arcseconds of parallax, what the
+// theory was truncated to), and the moment lies within 40 minutes (perigee) or 8
+// minutes (apogee) of the vertex of a parabola through the distances around it.
+TEST_F(MoonDistancesYearTest, ApsidesAgreeWithTheEphemeris) {
+  ephemeris::PtMoon moon;
+  ephemeris::PtSun sun;
+  double worstPerigee = 0;
+  double worstApogee = 0;
+  double worstDistance = 0;
+  for (std::int64_t year = 1950; year < 2050; year += 3) {
+    for (const MoonDistance& apsis : apogeePerigeesForYear(year)) {
+      // The lunar theory wants dynamical time, which the series gives.
+      const auto distanceAt = [&](double mjd) {
+        return moon.eclipticPosition(true, julianCenturies(mjd)).r();
+      };
+      constexpr double kStep = 0.25;
+      const double before = distanceAt(apsis.mjd - kStep);
+      const double at = distanceAt(apsis.mjd);
+      const double after = distanceAt(apsis.mjd + kStep);
+      const double minutes =
+          kStep * 1440.0 * (before - after) / (2.0 * (before - 2.0 * at + after));
+      const bool perigee = apsis.type == MoonDistanceType::perigee;
+      ASSERT_EQ(perigee, before + after > 2.0 * at) << year;
+      double& worst = perigee ? worstPerigee : worstApogee;
+      worst = std::max(worst, std::abs(minutes));
+      worstDistance = std::max(worstDistance, std::abs(at - apsis.distance));
+    }
+  }
+  RecordProperty("worstPerigeeMinutes", std::to_string(worstPerigee));
+  RecordProperty("worstApogeeMinutes", std::to_string(worstApogee));
+  RecordProperty("worstKilometres", std::to_string(worstDistance));
+  EXPECT_LT(worstPerigee, 40.0);
+  EXPECT_LT(worstApogee, 8.0);
+  EXPECT_LT(worstDistance, 25.0);
+}
+
+TEST_F(MoonDistancesYearTest, ListsHoldTheSkyOfTheObserver) {
+  const PtPosition place(-33.9, 18.4, 1000.0, 500.0);
+  const MoonDistancesYear year(place, 2026);
+  EXPECT_EQ(year.location(), PtPosition(-33.9, 18.4));
+  EXPECT_NEAR(static_cast<double>(year.apogees().size()), 13.0, 1.0);
+  EXPECT_NEAR(static_cast<double>(year.perigees().size()), 13.0, 1.0);
+  ephemeris::PtMoon moon(year.location());
+  for (const MoonPhaseDistance& apogee : year.apogees()) {
+    EXPECT_EQ(apogee.type, MoonDistanceType::apogee);
+    PtDateTime moment;
+    setFromMjd(moment, apogee.mjd);
+    moon.computePosition(true, apogee.mjd, getDeltaT(moment));
+    EXPECT_EQ(apogee.moonElevation, moon.horizontal().elevation_);
+    EXPECT_GT(apogee.distanceToEarth, 404000.0);
+  }
+}
+
+}  // namespace
+}  // namespace zenivo
