@@ -8,6 +8,9 @@
 namespace zenivo {
 
 struct NotificationCenter::Registration {
+  Registration(std::string_view wanted, const void* about, Block called)
+      : name(wanted), object(about), block(std::move(called)) {}
+
   std::string name;
   const void* object;
   Block block;
@@ -47,7 +50,7 @@ NotificationCenter::~NotificationCenter() = default;
 
 NotificationCenter::Observer NotificationCenter::addObserver(std::string_view name,
                                                              const void* object, Block block) {
-  auto registration = std::make_shared<Registration>(std::string(name), object, std::move(block));
+  auto registration = std::make_shared<Registration>(name, object, std::move(block));
   const std::lock_guard lock(list_->mutex);
   list_->registrations.push_back(registration);
   return Observer(list_, std::move(registration));
