@@ -1,0 +1,90 @@
+#include "find/DateRange.h"
+
+#include <fmt/format.h>
+
+#include "engine/DateEphemeris.h"
+#include "foundation/Calendar.h"
+#include "foundation/LocalizedString.h"
+
+namespace zenivo {
+namespace {
+
+constexpr std::string_view kTable = "Ephemeris";
+constexpr int kLongestYears = 5;
+
+}  // namespace
+
+std::string DateRange::stringForDateRange() const {
+  const bool one = count == 1;
+  const auto text = [one](std::string_view singular, std::string_view plural) {
+    return localizedString(one ? singular : plural, kTable);
+  };
+  switch (type) {
+    case Type::day:
+      return text("date_range_type_day", "date_range_type_days");
+    case Type::week:
+      return text("date_range_type_week", "date_range_type_weeks");
+    case Type::month:
+      return text("date_range_type_month", "date_range_type_months");
+    default:
+      return text("date_range_type_year", "date_range_type_years");
+  }
+}
+
+std::string DateRange::stringValue() const {
+  if (type == Type::custom) return localizedString("date_range_type_custom", kTable);
+  return fmt::format("{} {}", count, stringForDateRange());
+}
+
+Date DateRange::addToDate(Date date) const {
+  const Calendar calendar = cachedCalendar();
+  DateComponents day = calendar.componentsFromDate(date);
+  day.hour = day.minute = day.second = 0;
+  switch (type) {
+    case Type::custom:
+      break;
+    case Type::day:
+      day.day += count;
+      break;
+    case Type::week:
+      day.day += 7 * count;
+      break;
+    case Type::month:
+      day.month += count;
+      break;
+    case Type::year:
+      day.year += count;
+      break;
+  }
+  day.day -= 1;
+  return calendar.dateFromComponents(day);
+}
+
+DatePeriod wholeDays(Date first, Date last) {
+  return {dateWithStartDateTime(first), dateWithEndDateTime(last)};
+}
+
+DatePeriod periodForRow(std::int64_t row, Date start) {
+  const bool canned = row > 0 && row < static_cast<std::int64_t>(kDateRanges.size());
+  const DateRange& range =
+      kDateRanges[canned ? static_cast<std::size_t>(row) : kDefaultDateRangeRow];
+  return wholeDays(start, range.addToDate(start));
+}
+
+std::optional<DateRangeError> validateDateRange(Date start, Date end) {
+  const auto error = [](std::string message) {
+    return DateRangeError{localizedString("date_range_error_title", kTable), std::move(message)};
+  };
+  if (start > end) return error(localizedString("date_range_order_error_message", kTable));
+  const Calendar calendar = cachedCalendar();
+  DateComponents limit = calendar.componentsFromDate(start);
+  limit.year += kLongestYears;
+  limit.second = 0;
+  if (end > calendar.dateFromComponents(limit)) {
+    const std::string message = localizedString("date_range_too_large_message", kTable);
+    return error(fmt::format(fmt::runtime(message), fmt::to_string(kLongestYears)));
+  }
+  return std::nullopt;
+}
+
+}  // namespace zenivo
