@@ -8,13 +8,14 @@
 #include <libnova/solar.h>
 #include <libnova/transform.h>
 
+#include <cmath>
 #include <random>
 #include <vector>
 
 #include "engine/Mjd.h"
-#include "engine/PtDateTime.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
+#include "engine/Twilight.h"
 
 namespace zenivo::ephemeris {
 namespace {
@@ -98,6 +99,61 @@ void Transit(benchmark::State& state) {
 }
 BENCHMARK(Transit<PtSun>);
 BENCHMARK(Transit<PtMoon>);
+
+/// What the planner asks of a new day: all searches for both bodies, and the azimuths
+/// at rise and set.
+void Day(benchmark::State& state) {
+  PtSun sun;
+  PtMoon moon;
+  const auto azimuths = [](PtPlanet& body, const RiseSet& found) {
+    for (const double mjd : {found.rise, found.set}) {
+      if (drawEventAtMjd(mjd)) body.computePosition(true, mjd, kDeltaT);
+    }
+    benchmark::DoNotOptimize(body.horizontal().azimuth_);
+  };
+  for (auto _ : state) {
+    const Case& c = nextCase();
+    const PtPosition place(c.latitude, c.longitude);
+    sun.setPosition(place);
+    moon.setPosition(place);
+    benchmark::DoNotOptimize(calculateTwilightsForMjd(c.mjdAt0, kDeltaT, sun));
+    azimuths(sun, sun.riseSet(EventKind::riseSet, c.mjdAt0, kDeltaT));
+    benchmark::DoNotOptimize(sun.transit(c.mjdAt0, kDeltaT));
+    azimuths(moon, moon.riseSet(EventKind::riseSet, c.mjdAt0, kDeltaT));
+    benchmark::DoNotOptimize(moon.transit(c.mjdAt0, kDeltaT));
+  }
+}
+BENCHMARK(Day)->Unit(benchmark::kMicrosecond);
+
+/// The same by libnova: each search also gives the transit.
+void LibnovaDay(benchmark::State& state) {
+  for (auto _ : state) {
+    const Case& c = nextCase();
+    ln_lnlat_posn place{c.longitude, c.latitude};
+    const double jd = c.mjdAt0 + kJdMinusMjd;
+    ln_rst_time rst;
+    for (const double horizon : {-6.0, -12.0, -18.0, -0.8333, 6.0, -4.0}) {
+      ln_get_solar_rst_horizon(jd, &place, horizon, &rst);
+      benchmark::DoNotOptimize(rst.rise);
+    }
+    ln_get_lunar_rst(jd, &place, &rst);
+    benchmark::DoNotOptimize(rst.rise);
+  }
+}
+BENCHMARK(LibnovaDay)->Name("libnova Day")->Unit(benchmark::kMicrosecond);
+
+template <auto kSearch>
+void LibnovaSearch(benchmark::State& state) {
+  for (auto _ : state) {
+    const Case& c = nextCase();
+    ln_lnlat_posn place{c.longitude, c.latitude};
+    ln_rst_time rst;
+    kSearch(c.mjdAt0 + kJdMinusMjd, &place, &rst);
+    benchmark::DoNotOptimize(rst.rise);
+  }
+}
+BENCHMARK(LibnovaSearch<ln_get_solar_rst>)->Name("libnova riseSet and transit Sun");
+BENCHMARK(LibnovaSearch<ln_get_lunar_rst>)->Name("libnova riseSet and transit Moon");
 
 }  // namespace
 }  // namespace zenivo::ephemeris

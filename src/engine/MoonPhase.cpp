@@ -1,9 +1,9 @@
 #include "engine/MoonPhase.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
-#include <ranges>
 
 #include "engine/Angles.h"
 #include "engine/DateEphemeris.h"
@@ -15,10 +15,11 @@ namespace {
 
 /// The mjd of the last new Moon of a list before `mjd`.
 std::optional<double> lastNewMoonBefore(double mjd, const std::vector<PtMoonPhaseWithDate>& list) {
-  for (const PtMoonPhaseWithDate& item : std::views::reverse(list)) {
-    if (item.phase == kNewMoon && getMjd(item.date) < mjd) return getMjd(item.date);
-  }
-  return std::nullopt;
+  const auto found = std::find_if(list.rbegin(), list.rend(), [&](const auto& item) {
+    return item.phase == kNewMoon && getMjd(item.date) < mjd;
+  });
+  if (found == list.rend()) return std::nullopt;
+  return getMjd(found->date);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <optional>
-#include <ranges>
 #include <span>
 
 #include "engine/Angles.h"
@@ -134,11 +133,11 @@ std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start) {
 const PtMoonPhaseWithDate* phaseOfDay(std::span<const PtMoonPhaseWithDate> phases, int day,
                                       int month) {
   const Calendar local = cachedCalendar();
-  for (const PtMoonPhaseWithDate& item : std::views::reverse(phases)) {
+  const auto found = std::find_if(phases.rbegin(), phases.rend(), [&](const auto& item) {
     const DateComponents c = local.componentsFromDate(dateWithPtDateTime(item.date));
-    if (c.day == day && c.month == month) return &item;
-  }
-  return nullptr;
+    return c.day == day && c.month == month;
+  });
+  return found == phases.rend() ? nullptr : &*found;
 }
 
 }  // namespace zenivo

@@ -104,14 +104,15 @@ double PtPlanet::refractedElevation(double trueElevation) const {
 
 Vector3D PtPlanet::equatorialFromHorizontal(double mjd, double deltaT, double azimuth,
                                             double elevation) {
-  const double az = azimuth * kDegree;
-  const double el = elevation * kDegree;
-  const double declination =
-      safeAsin(std::sin(el) * sinLatitude_ + std::cos(az) * std::cos(el) * cosLatitude_);
-  const double cosDeclination = std::cos(declination);
-  const double hourAngle = std::atan2(
-      -std::sin(az) * std::cos(el) / cosDeclination,
-      (std::sin(el) - sinLatitude_ * std::sin(declination)) / (cosLatitude_ * cosDeclination));
+  const double sinEl = std::sin(elevation * kDegree);
+  const double cosEl = std::cos(elevation * kDegree);
+  const double sinAz = std::sin(azimuth * kDegree);
+  const double cosAz = std::cos(azimuth * kDegree);
+  const double declination = safeAsin(sinEl * sinLatitude_ + cosAz * cosEl * cosLatitude_);
+  // The usual (sin el - sin lat sin dec) / (cos lat cos dec), multiplied through by
+  // the cosines: at the poles that quotient is noise over nothing.
+  const double hourAngle =
+      std::atan2(-sinAz * cosEl, sinEl * cosLatitude_ - cosAz * cosEl * sinLatitude_);
   refreshFrame(julianCenturies(mjd + deltaT));
   // Right ascension and hour angle are each the local sidereal time less the other.
   return Vector3D::withPolar(localHourAngle(apparentSiderealTime(mjd), hourAngle), declination);

@@ -49,7 +49,8 @@ DelayedCall& DelayedCall::operator=(DelayedCall&& other) noexcept {
 
 void DelayedCall::cancel() {
   if (state_ != nullptr && state_->claim()) {
-    state_->timer.cancel();
+    boost::system::error_code ignored;  // it never fails, but would throw if it did
+    state_->timer.cancel(ignored);
     state_->work = nullptr;
   }
   state_ = nullptr;

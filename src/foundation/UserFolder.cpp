@@ -1,5 +1,8 @@
 #include "foundation/UserFolder.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
 #include <cstdlib>
 
 namespace zenivo {
@@ -10,13 +13,19 @@ std::filesystem::path folderInVariable(const char* name) {
   return value != nullptr ? value : "";
 }
 
+std::filesystem::path homeFolder() {
+  if (auto home = folderInVariable("HOME"); !home.empty()) return home;
+  const passwd* user = ::getpwuid(::getuid());
+  return user != nullptr ? user->pw_dir : "/";
+}
+
 }  // namespace
 
 std::filesystem::path userFolder() {
   if (auto home = folderInVariable("ZENIVO_HOME"); !home.empty()) return home;
   // The base directory specification has relative paths ignored.
   if (auto data = folderInVariable("XDG_DATA_HOME"); data.is_absolute()) return data / "zenivo";
-  return folderInVariable("HOME") / ".local/share/zenivo";
+  return homeFolder() / ".local/share/zenivo";
 }
 
 }  // namespace zenivo

@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdio>
+
+#include "LibnovaPeer.h"
 
 #include "engine/Angles.h"
 #include "engine/Nutation.h"
@@ -66,6 +70,166 @@ TEST(PtMoon, Meeus) {
   EXPECT_NEAR(apparent.phi() / kDegree, 134.688470, 0.003);
   EXPECT_NEAR(apparent.theta() / kDegree, 13.768368, 0.003);
   EXPECT_NEAR(std::asin(moon.sinParallax(apparent.r())) / kDegree, 0.991990, 1e-4);
+}
+
+/// Worst differences of a series from its peer over a range of years, arcseconds.
+struct Difference {
+  double longitude = 0, latitude = 0, distance = 0;
+};
+
+template <class Series, class Peer>
+Difference worstDifference(const char* name, int firstYear, int lastYear, double step,
+                           Series&& series, Peer&& peer) {
+  Difference worst;
+  for (double mjd = mjdOf(firstYear, 1, 1); mjd < mjdOf(lastYear, 1, 1); mjd += step) {
+    const Vector3D ours = series(julianCenturies(mjd));
+    const libnova::Place theirs = peer(mjd);
+    const double longitude = std::remainder(ours.phi() - theirs.longitude, kTwoPi);
+    worst.longitude = std::max(worst.longitude, std::abs(longitude) * kArcsecondsPerRadian);
+    worst.latitude =
+        std::max(worst.latitude, std::abs(ours.theta() - theirs.latitude) * kArcsecondsPerRadian);
+    worst.distance = std::max(worst.distance, std::abs(ours.r() / theirs.distance - 1.0));
+  }
+  std::printf("%s: %.2f %.2f arcseconds, distance %.1e\n", name, worst.longitude, worst.latitude,
+              worst.distance);
+  return worst;
+}
+
+TEST(PtSun, SeriesAgainstVsop87) {
+  PtSun sun;
+  const auto full = [&](double T) { return sun.eclipticPosition(true, T); };
+  const auto fast = [&](double T) { return sun.eclipticPosition(false, T); };
+  const Difference modern =
+      worstDifference("Sun 1950-2050", 1950, 2050, 61.3, full, libnova::sunAt);
+  EXPECT_LT(modern.longitude, 2.9);  // with aberration the promised 0.0065 degree
+  EXPECT_LT(modern.latitude, 0.5);
+  EXPECT_LT(modern.distance, 4e-6);
+  const Difference wide = worstDifference("Sun 1800-2200", 1800, 2200, 301.7, full, libnova::sunAt);
+  EXPECT_LT(wide.longitude, 5.0);
+  const Difference rough = worstDifference("fast Sun", 1900, 2100, 101.7, fast, libnova::sunAt);
+  EXPECT_LT(rough.longitude, 60.0);
+}
+
+TEST(PtMoon, SeriesAgainstElp2000) {
+  PtMoon moon;
+  const auto full = [&](double T) { return moon.eclipticPosition(true, T); };
+  const auto fast = [&](double T) { return moon.eclipticPosition(false, T); };
+  const Difference modern =
+      worstDifference("Moon 1950-2050", 1950, 2050, 181.37, full, libnova::moonAt);
+  EXPECT_LT(modern.longitude, 18.0);  // 0.005 degree
+  EXPECT_LT(modern.latitude, 18.0);
+  EXPECT_LT(modern.distance, 1e-4);
+  const Difference wide =
+      worstDifference("Moon 1800-2200", 1800, 2200, 1201.7, full, libnova::moonAt);
+  EXPECT_LT(wide.longitude, 18.0);
+  const Difference rough = worstDifference("fast Moon", 1950, 2050, 601.7, fast, libnova::moonAt);
+  EXPECT_LT(rough.longitude, 600.0);
+  EXPECT_LT(rough.latitude, 600.0);
+}
+
+/// A point without parallax that stands where it is put.
+class FixedPoint : public PtPlanet {
+ public:
+  using PtPlanet::PtPlanet;
+  using PtPlanet::semiDiameter;
+
+  Vector3D eclipticPosition(bool, double) override { return {}; }
+  double sinParallax(double) const override { return 0.0; }
+  double semiDiameter(double, double) const override { return 0.0; }
+};
+
+TEST(PtPlanet, HorizontalToEquatorialAndBack) {
+  const double mjd = mjdOf(2026, 8, 12, 18);
+  for (const double latitude : {-90.0, -45.0, -1e-9, 0.0, 23.4, 66.6, 89.999, 90.0}) {
+    for (const double longitude : {-180.0, -75.3, 0.0, 180.0}) {
+      FixedPoint point(PtPosition(latitude, longitude, 4000, 0));
+      for (double azimuth = 0.0; azimuth < 360.0; azimuth += 22.5) {
+        for (const double elevation : {-89.0, -10.0, 0.0, 45.0, 89.9, 90.0}) {
+          const Vector3D place = point.equatorialFromHorizontal(mjd, 8e-4, azimuth, elevation);
+          const TopocentricPosition seen =
+              point.topocentric(place, point.apparentSiderealTime(mjd));
+          const PtPolar back = point.horizontalFrom(seen.hourAngle, seen.declination, 1.0);
+          // Near the pole azimuth and sidereal angle are one; compare the directions.
+          ASSERT_NEAR(angularSeparation(azimuth, elevation, back.azimuth_, back.elevation_), 0.0,
+                      3e-8)
+              << latitude << " " << azimuth << " " << elevation;
+          ASSERT_GE(back.azimuth_, 0.0);
+          ASSERT_LT(back.azimuth_, 360.0);
+        }
+      }
+    }
+  }
+}
+
+TEST(PtPlanet, EqualQueriesLeaveEqualStates) {
+  const PtPosition place(-33.9, 151.2, 20, 20);
+  PtMoon fresh(place), used(place);
+  for (int hour = 0; hour < 48; ++hour) used.computePosition(hour % 2 == 0, 60000 + hour / 24.0, 0);
+  used.riseSet(EventKind::riseSet, 60000.0, 8e-4);
+  for (PtMoon* moon : {&used, &fresh, &fresh}) moon->computePosition(true, 60123.4, 8e-4);
+  EXPECT_EQ(used.horizontal(), fresh.horizontal());
+  EXPECT_EQ(used.semiDiameter(), fresh.semiDiameter());
+  EXPECT_EQ(used.hourAngle(), fresh.hourAngle());
+  EXPECT_EQ(used.equatorial().phi(), fresh.equatorial().phi());
+  EXPECT_EQ(used.ecliptic().r(), fresh.ecliptic().r());
+  EXPECT_EQ(used.nutationLongitude(), fresh.nutationLongitude());
+}
+
+// The Moon at the zenith is an Earth's radius nearer than at the horizon, and by that
+// looks larger.
+TEST(PtPlanet, TheMoonIsLargerOverhead) {
+  PtMoon moon;
+  double smallest = 1, largest = 0;
+  for (int minute = 0; minute < 1440; minute += 10) {
+    moon.computePosition(true, mjdOf(2026, 3, 1) + minute / 1440.0, 8e-4);
+    const double geocentric = std::asin(1738.0 / moon.horizontal().distance_) / kDegree;
+    const double ratio = moon.semiDiameter() / geocentric;
+    const double lift = 1.0 + std::sin(moon.horizontal().elevation_ * kDegree) / 60.0;
+    EXPECT_NEAR(ratio, lift, 0.002) << minute;
+    smallest = std::min(smallest, ratio);
+    largest = std::max(largest, ratio);
+  }
+  EXPECT_LT(smallest, 0.99);
+  EXPECT_GT(largest, 1.01);
+}
+
+// Meeus, example 16.a: the lower limb of the Sun stands at 0 degrees 30', where
+// refraction is 28.754', and its upper limb at a true 33.25', where it is 24.618'; both
+// for 1010 mbar and 10 degrees Celsius.
+TEST(Refraction, Meeus) {
+  const double density = 1013.0 / 1010.0 * 283.0 / 288.0;
+  EXPECT_NEAR(refractionApparentToTrue(0.5) * 60.0, 28.754 * density, 0.002);
+  EXPECT_NEAR(refractionTrueToApparent(33.25 / 60.0) * 60.0, 24.618 * density, 0.004);
+  EXPECT_NEAR(refractionTrueToApparent(90.0), 0.0, 1e-5);
+  EXPECT_NEAR(refractionApparentToTrue(90.0), 0.0, 1e-5);
+}
+
+TEST(Refraction, ThereAndBack) {
+  for (double h = -3.5; h < 90.0; h += 0.01) {
+    const double apparent = h + refractionTrueToApparent(h);
+    // Saemundsson chose his constants to agree with Bennett's to 4 arcseconds.
+    ASSERT_NEAR(apparent - refractionApparentToTrue(apparent), h, h > 0 ? 0.0015 : 0.012) << h;
+  }
+}
+
+TEST(Refraction, FadesOutWithoutAStep) {
+  const auto smooth = [](double (*refraction)(double), double h) {
+    EXPECT_NEAR(refraction(h - 1e-6), refraction(h + 1e-6), 1e-4) << h;
+  };
+  for (const double h : {-3.54, -3.64}) smooth(refractionTrueToApparent, h);
+  for (const double h : {-3.21783, -3.31783}) smooth(refractionApparentToTrue, h);
+  const PtSun sun;
+  for (const double h : {-3.6401, -18.0, -90.0}) EXPECT_EQ(sun.refractedElevation(h), h);
+  for (double h = 89.9; h <= 90.0; h += 1e-4) EXPECT_LE(sun.refractedElevation(h), 90.0);
+}
+
+// Meeus, example 11.a: Palomar, 33 21 22 N at 1706 m.
+TEST(PtPosition, Meeus) {
+  const PtPosition palomar(33.0 + 21.0 / 60.0 + 22.0 / 3600.0, -116.8625, 1706, 0);
+  EXPECT_NEAR(palomar.rhoSinPhi, 0.546861, 1e-6);
+  EXPECT_NEAR(palomar.rhoCosPhi, 0.836339, 1e-6);
+  EXPECT_NEAR(palomar.rho, std::hypot(0.546861, 0.836339), 1e-6);
+  EXPECT_NEAR(PtPosition(90, 0).rho, 6356.755 / 6378.14, 1e-6);
 }
 
 }  // namespace

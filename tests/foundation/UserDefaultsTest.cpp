@@ -255,7 +255,8 @@ TEST(UserFolder, VariablesInTheirOrder) {
   const pid_t child = inOtherProcess([&] {
     return folderWith("/z", "/x") == "/z" && folderWith("", "/x") == "/x/zenivo" &&
            folderWith("", "relative") == "/home/ada/.local/share/zenivo" &&
-           folderWith("", "") == "/home/ada/.local/share/zenivo";
+           folderWith("", "") == "/home/ada/.local/share/zenivo" && ::unsetenv("HOME") == 0 &&
+           userFolder().is_absolute();
   });
   EXPECT_TRUE(succeeded(child));
 }

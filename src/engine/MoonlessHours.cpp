@@ -1,0 +1,151 @@
+#include "engine/MoonlessHours.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <optional>
+
+#include "engine/DateEphemeris.h"
+#include "engine/PtMoon.h"
+#include "engine/PtSun.h"
+#include "engine/Twilight.h"
+#include "foundation/Log.h"
+
+namespace zenivo {
+namespace {
+
+using ephemeris::EventKind;
+using ephemeris::PtMoon;
+using ephemeris::PtSun;
+using ephemeris::RiseSet;
+
+/// A local day: its midnight and the deltaT there.
+struct Day {
+  explicit Day(Date midnight)
+      : mjdAt0(modifiedJulianDay(midnight)),
+        deltaT(getDeltaT(ptDateTimeForDate(midnight))),
+        dayOfMonth(dayValue(midnight)) {}
+
+  double mjdAt0;
+  double deltaT;
+  int dayOfMonth;
+};
+
+struct Night {
+  double start;
+  double end;
+
+  double hours() const { return (end - start) * 24.0; }
+};
+
+AstronomicalTwilight twilightOf(const Day& day, PtSun& sun) {
+  return calculateAstronomicalTwilight(sun, day.mjdAt0, day.deltaT, day.dayOfMonth);
+}
+
+bool isPolarDay(const Day& day, PtSun& sun) {
+  return sun.riseSet(EventKind::riseSet, day.mjdAt0, day.deltaT).rise == kAlwaysAbove;
+}
+
+/// Dusk in the second half of the day that ends at `nextMidnight`, or kAlwaysBelow.
+double eveningDusk(const AstronomicalTwilight& twilight, double mjdAt0, double nextMidnight) {
+  if (!drawEventAtMjd(twilight.end)) return kAlwaysBelow;
+  // kAlwaysBelow, no second dusk, is below every moment.
+  const double dusk = std::max(twilight.end, twilight.end2);
+  return dusk < (mjdAt0 + nextMidnight) / 2.0 ? kAlwaysBelow : dusk;
+}
+
+/// The night that begins in the evening of `day`.
+std::optional<Night> nightOf(const Day& day, const Day& next, PtSun& sun) {
+  if (isPolarDay(day, sun) || isPolarDay(next, sun)) return std::nullopt;
+  const AstronomicalTwilight first = twilightOf(day, sun);
+  const AstronomicalTwilight second = twilightOf(next, sun);
+
+  double start = eveningDusk(first, day.mjdAt0, next.mjdAt0);
+  double end = second.start;
+  if (drawEventAtMjd(start)) {
+    // With a zone far from the place's own the Sun may rise in the evening.
+    if (drawEventAtMjd(first.start) && first.start > start) end = first.start;
+  } else {
+    // Dusk after midnight, as in June half-way to the pole: the first day's dusk
+    // is then that of the night before, and this night's is the second day's.
+    start = second.end;
+  }
+  if (!drawEventAtMjd(start) || !drawEventAtMjd(end) || start >= end) {
+    log(LogLevel::info, "Night start but no end");
+    return std::nullopt;
+  }
+  return Night{start, end};
+}
+
+/// The times that the Moon is up over two windows of 24 hours, `second` following
+/// `first` without a gap.
+std::vector<MoonRiseSet> moonUp(const RiseSet& first, const RiseSet& second) {
+  std::vector<MoonRiseSet> up;
+  addMoonRiseSets(up, first.rise, first.set);
+  const bool upAtMidnight = !up.empty() && up.back().set == kNotThisDay;
+  if (upAtMidnight && drawEventAtMjd(second.set)) {
+    up.back().set = second.set;
+    if (drawEventAtMjd(second.rise)) up.push_back({second.rise, kNotThisDay});
+  } else {
+    addMoonRiseSets(up, second.rise, second.set);
+  }
+  return up;
+}
+
+}  // namespace
+
+double moonlessHoursForNightAtDate(Date date, PtSun& sun, PtMoon& moon) {
+  const Date noon = dateWithNoonDateTime(date);
+  const Day day(dateWithStartDateTime(noon));
+  const Day next(dateWithStartDateTime(dateByAddingNumberOfDays(noon, 1)));
+  const std::optional<Night> night = nightOf(day, next, sun);
+  if (!night) return 0.0;
+
+  const RiseSet first = moon.riseSet(EventKind::riseSet, day.mjdAt0, day.deltaT);
+  if (first.rise == kAlwaysAbove) return 0.0;
+  if (first.rise == kAlwaysBelow) return night->hours();
+  // 24 hours on and not at the next midnight: where a clock change makes the day
+  // 23 or 25 hours long, a crossing would be found twice or not at all.
+  const RiseSet second = moon.riseSet(EventKind::riseSet, day.mjdAt0 + 1.0, next.deltaT);
+
+  double moonless = night->hours();
+  for (const MoonRiseSet& up : moonUp(first, second)) {
+    moonless -= nightHoursAffectedWithMoon(up, night->start, night->end);
+  }
+  return std::max(moonless, 0.0);
+}
+
+double nightHoursAffectedWithMoon(const MoonRiseSet& moon, double nightStart, double nightEnd) {
+  const double rise = moon.rise;
+  const double set = moon.set;
+  if (rise == kNotThisDay) {
+    return set <= nightStart ? 0.0 : (std::min(set, nightEnd) - nightStart) * 24.0;
+  }
+  if (set == kNotThisDay) {
+    return rise > nightEnd ? 0.0 : (nightEnd - std::max(rise, nightStart)) * 24.0;
+  }
+  if (rise >= nightStart && set <= nightEnd) return (set - rise) * 24.0;
+  if (rise <= nightStart && set <= nightStart) return 0.0;
+  if (rise >= nightEnd && set >= nightEnd) return 0.0;
+  if (rise <= nightStart && set >= nightEnd) return (nightEnd - nightStart) * 24.0;
+  if (rise <= nightStart && set <= nightEnd) return (set - nightStart) * 24.0;
+  if (rise >= nightStart && set >= nightEnd) return (nightEnd - rise) * 24.0;
+  log(LogLevel::warning,
+      fmt::format("Unknown case for moonless night hours. Moonrise: {:.2f}, Moonset: {:.2f}, "
+                  "Night starts: {:.2f}, Night ends: {:.2f}",
+                  rise, set, nightStart, nightEnd));
+  return 0.0;
+}
+
+void addMoonRiseSets(std::vector<MoonRiseSet>& moonRiseSets, double forMjdRise, double andMjdSet) {
+  const bool rises = drawEventAtMjd(forMjdRise);
+  const bool sets = drawEventAtMjd(andMjdSet);
+  if (rises && sets && forMjdRise <= andMjdSet) {
+    moonRiseSets.push_back({forMjdRise, andMjdSet});
+    return;
+  }
+  if (sets) moonRiseSets.push_back({kNotThisDay, andMjdSet});
+  if (rises) moonRiseSets.push_back({forMjdRise, kNotThisDay});
+}
+
+}  // namespace zenivo

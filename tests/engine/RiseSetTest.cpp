@@ -1,0 +1,315 @@
+// Rise, set, twilights and transit against the sky: libnova's and the body's own.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <memory>
+#include <random>
+
+#include "LibnovaPeer.h"
+#include "engine/PtDateTime.h"
+#include "engine/PtMoon.h"
+#include "engine/PtSun.h"
+#include "engine/QuadraticRoots.h"
+
+namespace zenivo::ephemeris {
+namespace {
+
+constexpr double kSecond = 1.0 / 86400.0;
+constexpr double kDeltaT = 65.0 * kSecond;
+constexpr EventKind kKinds[] = {EventKind::civil,   EventKind::nautical,   EventKind::astronomical,
+                                EventKind::riseSet, EventKind::goldenHour, EventKind::blueHour};
+constexpr double kAltitudes[] = {-6, -12, -18, 0, 6, -4};  // in the order of EventKind
+
+/// Random places and days; the seed is fixed, so that a failure repeats.
+class Cases {
+ public:
+  Cases(double maximumLatitude, int firstYear, int lastYear)
+      : latitude_(-maximumLatitude, maximumLatitude),
+        day_(getMjd({firstYear, 1, 1, 0, 0}), getMjd({lastYear, 1, 1, 0, 0})) {}
+
+  PtPosition place() { return {latitude_(random_), longitude_(random_)}; }
+  double midnight() { return std::floor(day_(random_)) + std::round(longitude_(random_)) / 360.0; }
+
+ private:
+  std::mt19937_64 random_{20240408};
+  std::uniform_real_distribution<double> latitude_;
+  std::uniform_real_distribution<double> longitude_{-180.0, 180.0};
+  std::uniform_real_distribution<double> day_;
+};
+
+/// Seconds by which the crossing found misses the one of `height`, a function of
+/// the moment that climbs (or sinks) through 0 there.  Grazes, where the height
+/// changes by less than 3 degrees an hour, are left out: 0.
+template <class Height>
+double missInSeconds(double mjd, bool climbs, const Height& height) {
+  if (!drawEventAtMjd(mjd)) return 0.0;
+  const double before = height(mjd - 60 * kSecond);
+  const double after = height(mjd + 60 * kSecond);
+  const double slope = (after - before) / 120.0;  // degrees a second
+  if (std::abs(slope) < 3.0 / 3600.0) return 0.0;
+  EXPECT_EQ(slope > 0.0, climbs) << mjd;
+  return std::abs((after + before) / 2.0 / slope);
+}
+
+TEST(RiseSet, SunWithin45SecondsOfLibnova) {
+  Cases cases(60.0, 1950, 2050);
+  double worst = 0;
+  for (int i = 0; i < 120; ++i) {
+    const PtPosition place = cases.place();
+    const double mjdAt0 = cases.midnight();
+    PtSun sun(place);
+    for (const EventKind kind : kKinds) {
+      const auto height = [&](double mjd) {
+        const libnova::Sky sky = libnova::sunSky(mjd, kDeltaT, place.latitude, place.longitude);
+        return kind == EventKind::riseSet
+                   ? libnova::sunOverHorizon(sky)
+                   : sky.altitude - kAltitudes[static_cast<std::size_t>(kind)];
+      };
+      const RiseSet found = sun.riseSet(kind, mjdAt0, kDeltaT);
+      worst = std::max({worst, missInSeconds(found.rise, true, height),
+                        missInSeconds(found.set, false, height)});
+    }
+  }
+  std::printf("worst %.1f s\n", worst);
+  EXPECT_LT(worst, 45.0);
+}
+
+TEST(RiseSet, MoonWithin45SecondsOfLibnova) {
+  Cases cases(60.0, 1950, 2050);
+  double worst = 0;
+  for (int i = 0; i < 40; ++i) {
+    const PtPosition place = cases.place();
+    PtMoon moon(place);
+    const RiseSet found = moon.riseSet(EventKind::riseSet, cases.midnight(), kDeltaT);
+    const auto height = [&](double mjd) {
+      return libnova::moonOverHorizon(
+          libnova::moonSky(mjd, kDeltaT, place.latitude, place.longitude));
+    };
+    worst = std::max(
+        {worst, missInSeconds(found.rise, true, height), missInSeconds(found.set, false, height)});
+  }
+  std::printf("worst %.1f s\n", worst);
+  EXPECT_LT(worst, 45.0);
+}
+
+TEST(Transit, WithinSecondsOfLibnova) {
+  Cases cases(85.0, 1950, 2050);
+  double worstSun = 0;
+  double worstMoon = 0;
+  for (int i = 0; i < 100; ++i) {
+    const PtPosition place = cases.place();
+    const double mjdAt0 = cases.midnight();
+    const auto seconds = [](double hourAngle) { return std::abs(hourAngle) / kTwoPi * 86400.0; };
+    const double sun = PtSun(place).transit(mjdAt0, kDeltaT);
+    if (drawEventAtMjd(sun)) {
+      worstSun = std::max(
+          worstSun,
+          seconds(libnova::sunSky(sun, kDeltaT, place.latitude, place.longitude).hourAngle));
+    }
+    const double moon = PtMoon(place).transit(mjdAt0, kDeltaT);
+    if (drawEventAtMjd(moon)) {
+      worstMoon = std::max(
+          worstMoon,
+          seconds(libnova::moonSky(moon, kDeltaT, place.latitude, place.longitude).hourAngle));
+    }
+  }
+  std::printf("worst: Sun %.1f s, Moon %.1f s\n", worstSun, worstMoon);
+  EXPECT_LT(worstSun, 5.0);
+  EXPECT_LT(worstMoon, 160.0);
+}
+
+/// The search as it is described, each sample evaluated where it is needed.
+template <class Body>
+RiseSet plainSearch(EventKind kind, double mjdAt0, const PtPosition& observer) {
+  Body body(observer);
+  const double sines[] = {-0.10452846326765347, -0.20791169081775934, -0.3090169943749474, 0,
+                          0.10452846326765347,  -0.0697564737441253};
+  double target = sines[static_cast<std::size_t>(kind)];
+  if (kind == EventKind::riseSet) {
+    target = body.sinRiseAltitude(false, 0.0, body.equatorialPosition(true, mjdAt0, kDeltaT).r());
+  }
+  const double first = body.sinAltitude(mjdAt0, kDeltaT, 0) - target;
+  double yMinus = first, rise = 0, set = 0;
+  bool rises = false, sets = false;
+  for (int hour = 1; hour < 25 && !(rises && sets); hour += 2) {
+    const double y0 = body.sinAltitude(mjdAt0, kDeltaT, hour) - target;
+    const double yPlus = body.sinAltitude(mjdAt0, kDeltaT, hour + 1) - target;
+    const QuadraticRoots r = quadraticRoots(yMinus, y0, yPlus);
+    if (r.count == 2 || (r.count == 1 && yMinus < 0)) {
+      rise = hour + (r.count == 2 && r.extremeValue < 0 ? r.root2 : r.root1);
+      rises = true;
+    }
+    if (r.count == 2 || (r.count == 1 && yMinus >= 0)) {
+      set = hour + (r.count == 2 && r.extremeValue >= 0 ? r.root2 : r.root1);
+      sets = true;
+    }
+    yMinus = yPlus;
+  }
+  if (!rises && !sets) {
+    return first > 0 ? RiseSet{kAlwaysAbove, kAlwaysAbove} : RiseSet{kAlwaysBelow, kAlwaysBelow};
+  }
+  return {rises ? mjdAt0 + rise / 24.0 : kNotThisDay, sets ? mjdAt0 + set / 24.0 : kNotThisDay};
+}
+
+// A body that has answered for other days, places and kinds gives the same bits as a
+// new one that evaluates every sample afresh.
+template <class Body>
+void expectSharedSamplesChangeNothing() {
+  Cases cases(90.0, 1900, 2100);
+  std::mt19937_64 random(3);
+  Body body;
+  for (int i = 0; i < 60; ++i) {
+    const PtPosition place = cases.place();
+    body.setPosition(place);
+    const double mjdAt0 = cases.midnight();
+    for (int query = 0; query < 12; ++query) {
+      const EventKind kind = kKinds[random() % 6];
+      const double start = mjdAt0 + static_cast<double>(random() % 4) * 0.5;
+      EXPECT_EQ(body.riseSet(kind, start, kDeltaT), plainSearch<Body>(kind, start, place));
+      EXPECT_EQ(body.transit(start, kDeltaT), Body(place).transit(start, kDeltaT));
+      // A query in between, and the same day with another deltaT, must not mix in.
+      body.computePosition(false, start, kDeltaT);
+      body.riseSet(kind, start, kDeltaT + kSecond);
+    }
+  }
+}
+
+TEST(RiseSet, SharedSamplesChangeNothing) {
+  expectSharedSamplesChangeNothing<PtSun>();
+  expectSharedSamplesChangeNothing<PtMoon>();
+}
+
+// From pole to pole: a crossing is one, and a sentinel tells the truth about every
+// ten minutes of the day (but for grazes, a twentieth of a degree).
+TEST(RiseSet, CrossingsAndSentinelsHoldEverywhere) {
+  Cases cases(90.0, 1800, 2200);
+  for (int i = 0; i < 250; ++i) {
+    PtPosition place = cases.place();
+    if (i % 10 == 0) place = {i % 20 == 0 ? 90.0 : -90.0, 180.0};
+    const double mjdAt0 = cases.midnight();
+    std::unique_ptr<PtPlanet> body;
+    if (i % 2 == 0) body = std::make_unique<PtSun>(place);
+    if (i % 2 == 1) body = std::make_unique<PtMoon>(place);
+    const EventKind kind = kKinds[i % 6];
+    const double distance = body->equatorialPosition(true, mjdAt0, kDeltaT).r();
+    const double target = kind == EventKind::riseSet
+                              ? std::asin(body->sinRiseAltitude(false, 0.0, distance)) / kDegree
+                              : kAltitudes[static_cast<std::size_t>(kind)];
+    const auto height = [&](double mjd) {
+      return std::asin(body->sinAltitude(mjd, kDeltaT, 0.0)) / kDegree - target;
+    };
+    bool climbs = false, sinks = false, above = false, below = false;
+    for (double side = 0, t = mjdAt0; t < mjdAt0 + 1.0; t += 1.0 / 144.0) {
+      const double now = height(t);
+      if (std::abs(now) < 0.05) continue;
+      climbs |= side < 0 && now > 0;
+      sinks |= side > 0 && now < 0;
+      (now > 0 ? above : below) = true;
+      side = now;
+    }
+    const RiseSet found = body->riseSet(kind, mjdAt0, kDeltaT);
+    EXPECT_TRUE(drawEventAtMjd(found.rise) || !climbs) << place.latitude << " " << mjdAt0;
+    EXPECT_TRUE(drawEventAtMjd(found.set) || !sinks) << place.latitude << " " << mjdAt0;
+    EXPECT_FALSE(found.rise == kAlwaysAbove && below) << place.latitude << " " << mjdAt0;
+    EXPECT_FALSE(found.rise == kAlwaysBelow && above) << place.latitude << " " << mjdAt0;
+    EXPECT_LT(missInSeconds(found.rise, true, height), 45.0) << place.latitude;
+    EXPECT_LT(missInSeconds(found.set, false, height), 45.0) << place.latitude;
+  }
+}
+
+TEST(RiseSet, TenThousandPlacesAndDays) {
+  Cases cases(90.0, 1800, 2200);
+  for (int i = 0; i < 10'000; ++i) {
+    const PtPosition place = cases.place();
+    const double mjdAt0 = cases.midnight();
+    const auto inWindow = [&](double mjd) {
+      return !drawEventAtMjd(mjd) || (mjd >= mjdAt0 && mjd <= mjdAt0 + 1.0);
+    };
+    RiseSet found;
+    if (i % 3 == 0) found = PtMoon(place).riseSet(EventKind::riseSet, mjdAt0, kDeltaT);
+    if (i % 3 != 0) found = PtSun(place).riseSet(kKinds[i % 6], mjdAt0, kDeltaT);
+    ASSERT_TRUE(inWindow(found.rise) && inWindow(found.set)) << place.latitude << " " << mjdAt0;
+    // The sentinels of a whole day come in pairs.
+    for (const double wholeDay : {kAlwaysAbove, kAlwaysBelow}) {
+      ASSERT_EQ(found.rise == wholeDay, found.set == wholeDay) << place.latitude << " " << mjdAt0;
+    }
+  }
+}
+
+TEST(RiseSet, PolarDayAndNight) {
+  PtSun sun(PtPosition(80, 20));
+  const RiseSet june = sun.riseSet(EventKind::riseSet, getMjd({2026, 6, 21, 0, 0}), kDeltaT);
+  EXPECT_EQ(june, (RiseSet{kAlwaysAbove, kAlwaysAbove}));
+  const RiseSet december = sun.riseSet(EventKind::riseSet, getMjd({2026, 12, 21, 0, 0}), kDeltaT);
+  EXPECT_EQ(december, (RiseSet{kAlwaysBelow, kAlwaysBelow}));
+}
+
+// At a pole the Sun rises and sets once a year.
+TEST(RiseSet, OneDayAYearAtThePoles) {
+  for (const double latitude : {90.0, -90.0}) {
+    PtSun sun(PtPosition(latitude, 0));
+    int rises = 0, sets = 0;
+    for (int day = 0; day < 365; ++day) {
+      const RiseSet found =
+          sun.riseSet(EventKind::riseSet, getMjd({2026, 1, 1, 0, 0}) + day, kDeltaT);
+      rises += drawEventAtMjd(found.rise) ? 1 : 0;
+      sets += drawEventAtMjd(found.set) ? 1 : 0;
+    }
+    EXPECT_EQ(rises, 1) << latitude;
+    EXPECT_EQ(sets, 1) << latitude;
+  }
+}
+
+// The lunar day is 50 minutes longer than the solar: once a month a day goes without a
+// rise, once without a set.
+TEST(RiseSet, TheMoonLeavesOutADay) {
+  PtMoon moon(PtPosition(47, 11));
+  int withoutRise = 0, withoutSet = 0;
+  for (int day = 0; day < 30; ++day) {
+    const RiseSet found =
+        moon.riseSet(EventKind::riseSet, getMjd({2026, 4, 1, 0, 0}) + day, kDeltaT);
+    withoutRise += found.rise == kNotThisDay ? 1 : 0;
+    withoutSet += found.set == kNotThisDay ? 1 : 0;
+  }
+  EXPECT_EQ(withoutRise, 1);
+  EXPECT_EQ(withoutSet, 1);
+}
+
+TEST(RiseSet, HeightAboveTheHorizonAddsTheDip) {
+  const PtSun low(PtPosition(47, 11)), high(PtPosition(47, 11, 0, 100)), under({47, 11, 0, -5});
+  EXPECT_NEAR(low.horizonAltitude(0) - high.horizonAltitude(0), 0.35333, 1e-5);
+  EXPECT_EQ(under.horizonAltitude(0), low.horizonAltitude(0));
+  // Where almanacs put the Sun's centre at rise: 50 arcminutes below, and the Moon's
+  // above by the parallax less refraction and semi-diameter.
+  EXPECT_NEAR(std::asin(low.sinRiseAltitude(false, 0, 1.0)) / kDegree, -50.0 / 60.0, 0.02);
+  const PtMoon moon;
+  EXPECT_NEAR(std::asin(moon.sinRiseAltitude(false, 0, 384400)) / kDegree,
+              (57.04 - 34.0 - 15.54) / 60.0, 0.02);
+}
+
+TEST(RiseSetDeathTest, AKindOutOfRangeAborts) {
+  EXPECT_DEATH(PtSun().riseSet(static_cast<EventKind>(6), 60000.0, kDeltaT), "");
+}
+
+TEST(QuadraticRoots, OfKnownParabolas) {
+  const auto through = [](auto&& f) { return quadraticRoots(f(-1.0), f(0.0), f(1.0)); };
+  const QuadraticRoots two = through([](double x) { return (x + 0.5) * (x - 0.25); });
+  EXPECT_EQ(two.count, 2);
+  EXPECT_DOUBLE_EQ(two.root1, -0.5);
+  EXPECT_DOUBLE_EQ(two.root2, 0.25);
+  EXPECT_LT(two.extremeValue, 0.0);
+  const QuadraticRoots second = through([](double x) { return (x + 3.0) * (x - 0.75); });
+  EXPECT_EQ(second.count, 1);
+  EXPECT_DOUBLE_EQ(second.root1, 0.75);
+  const QuadraticRoots line = through([](double x) { return 2.0 * x - 1.0; });
+  EXPECT_EQ(line.count, 1);
+  EXPECT_DOUBLE_EQ(line.root1, 0.5);
+  EXPECT_EQ(through([](double x) { return x * x + 0.1; }).count, 0);
+  EXPECT_EQ(through([](double) { return 0.25; }).count, 0);
+}
+
+}  // namespace
+}  // namespace zenivo::ephemeris
