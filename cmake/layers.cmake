@@ -9,6 +9,7 @@ set(ZENIVO_LAYERS
   map/layers
   map/lines
   ar
+  eclipses
   find
   planner
   cli/input
@@ -21,6 +22,7 @@ set(ZENIVO_LAYER_engine      foundation)
 set(ZENIVO_LAYER_map/layers  foundation)
 set(ZENIVO_LAYER_map/lines   foundation engine)
 set(ZENIVO_LAYER_ar          foundation map/lines)
+set(ZENIVO_LAYER_eclipses    foundation engine)
 set(ZENIVO_LAYER_find        foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_planner     foundation engine map/layers map/lines ar)
 set(ZENIVO_LAYER_cli/input   foundation engine)
