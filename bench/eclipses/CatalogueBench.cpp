@@ -19,7 +19,8 @@ void BM_ListAtOnePlace(benchmark::State& state) {
   const auto& rows = catalogueRows();
   std::size_t i = 0;
   for (auto _ : state) {
-    EclipseSelector list(rows, kPlaces[i++ % std::size(kPlaces)]);
+    const PtPosition& place = kPlaces[i++ % std::size(kPlaces)];
+    EclipseSelector list(rows, Coordinate{place.latitude, place.longitude});
     benchmark::DoNotOptimize(list.items().data());
   }
 }

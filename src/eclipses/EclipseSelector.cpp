@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/settings/SettingsKeys.h"
 #include "eclipses/EclipseType.h"
 #include "eclipses/MoonEclipse.h"
 #include "eclipses/SunEclipse.h"
+#include "map/lines/ZVObserver.h"
 
 namespace zenivo {
 namespace {
@@ -43,14 +45,21 @@ int valueForEclipseType(const EclipseListItem& item, bool forRedPin) {
   return code >= 1 && code <= 3 ? 4 + code : 9;
 }
 
+std::optional<Coordinate> storedRedPin(const UserDefaults& userDefaults) {
+  const auto archive = userDefaults.objectForKey(settings::planner_observer);
+  const auto observer = archive ? ZVObserver::fromArchive(*archive) : std::nullopt;
+  if (!observer) return std::nullopt;
+  return observer->coordinate;
+}
+
 EclipseSelector::EclipseSelector(std::vector<EclipseRow> eclipses,
-                                 const std::optional<PtPosition>& redPin,
+                                 const std::optional<Coordinate>& redPin,
                                  std::string currentSelection)
     : eclipses_(std::move(eclipses)), currentSelection_(std::move(currentSelection)) {
   items_.reserve(eclipses_.size());
   for (const EclipseRow& eclipse : eclipses_) items_.push_back({&eclipse, 0});
   if (redPin) {
-    const PtPosition atSeaLevel(redPin->latitude, redPin->longitude, 0, 0);
+    const PtPosition atSeaLevel(redPin->latitude, redPin->longitude);
     for (EclipseListItem& item : items_) {
       item.eclipseTypeAtRedPosition = eclipseTypeAt(atSeaLevel, *item.eclipse);
     }

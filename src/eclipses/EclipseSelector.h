@@ -10,6 +10,8 @@
 
 #include "eclipses/EclipseRow.h"
 #include "engine/PtPosition.h"
+#include "foundation/UserDefaults.h"
+#include "map/lines/Coordinate.h"
 
 namespace zenivo {
 
@@ -26,12 +28,15 @@ struct EclipseListItem {
   std::int32_t eclipseTypeAtRedPosition = 0;  ///< display code as seen from the main pin
 };
 
+/// The place of the main pin in the settings; nullopt when none is stored.
+std::optional<Coordinate> storedRedPin(const UserDefaults& userDefaults);
+
 /// The catalogue, sorted by one column at a time; at first by date, ascending.
 class EclipseSelector {
  public:
-  /// `redPin` is the user's main pin, nullopt when none is stored; its altitude is
-  /// taken as 0.  `currentSelection` is the name of the eclipse chosen now.
-  EclipseSelector(std::vector<EclipseRow> eclipses, const std::optional<PtPosition>& redPin,
+  /// `redPin` is the user's main pin, if there is one; its altitude is taken as 0.
+  /// `currentSelection` is the name of the eclipse chosen now.
+  EclipseSelector(std::vector<EclipseRow> eclipses, const std::optional<Coordinate>& redPin,
                   std::string currentSelection = {});
   EclipseSelector(const EclipseSelector&) = delete;
   EclipseSelector& operator=(const EclipseSelector&) = delete;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "eclipses/EarthShadow.h"
 #include "eclipses/EclipseHorizon.h"
 #include "eclipses/EclipseRow.h"
 #include "engine/Mjd.h"
@@ -31,6 +32,7 @@ struct MoonEclipseTimesResult {
   std::int32_t type = 0;  ///< as seen above the horizon: 0 none, 1 penumbral, 2 partial, 3 total
   double umbralMagnitude = 0;  ///< negative where the umbra is missed
   double penumbralMagnitude = 0;
+  EarthShadow shadow;  ///< at a session's moment, which sets it; the solver leaves it alone
 };
 
 /// The local circumstances of the eclipse.  Contacts are those of the catalogue,

@@ -9,6 +9,7 @@
 #include "eclipses/EclipseSelector.h"
 #include "eclipses/EclipseUtil.h"
 #include "eclipses/EclipseWalk.h"
+#include "map/lines/ZVObserver.h"
 
 namespace zenivo {
 namespace {
@@ -128,7 +129,10 @@ std::vector<EclipseRow> someEclipses() {
 using Names = std::vector<std::string>;
 
 TEST(EclipseSelector, SortsByItsColumns) {
-  EclipseSelector list(someEclipses(), PtPosition(32.7767, -96.7970), "SE2024Apr08T");
+  UserDefaults userDefaults;
+  EXPECT_EQ(storedRedPin(userDefaults), std::nullopt);
+  userDefaults.setObject(ZVObserver(Coordinate{32.7767, -96.7970}).archive(), "planner_observer");
+  EclipseSelector list(someEclipses(), storedRedPin(userDefaults), "SE2024Apr08T");
   EXPECT_EQ(list.column(), EclipseColumn::date);
   EXPECT_TRUE(list.isAscending());
   EXPECT_EQ(list.indexForSelectedCell(), 5u);

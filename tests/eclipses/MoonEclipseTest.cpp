@@ -11,6 +11,7 @@
 #include "eclipses/EclipseObserver.h"
 #include "engine/Angles.h"
 #include "engine/PtMoon.h"
+#include "engine/PtSun.h"
 
 namespace zenivo {
 namespace {
@@ -163,6 +164,33 @@ TEST(MoonEclipse, VisibilityAgreesWithTheMoonsElevation) {
     }
   }
   EXPECT_GT(hidden, 1000);
+}
+
+// The Moon's limb meets the edge of the shadow at the catalogue's contacts, which
+// were found with another enlargement by the atmosphere (Danjon's).
+TEST(MoonEclipse, TheShadowReachesTheMoonAtTheContacts) {
+  ephemeris::PtSun sun;
+  ephemeris::PtMoon moon;
+  const auto seen = seenFrom("LE2019Jan21T", 0, -80);
+  const auto separation = [&](double mjd) {
+    constexpr double kDeltaT = 71.0 / 86400, kLightTime = 499.0 / 86400;
+    sun.computePosition(true, mjd, kDeltaT - kLightTime);
+    moon.computePosition(true, mjd, kDeltaT);
+    const auto& s = sun.equatorial();
+    const auto& m = moon.equatorial();
+    return angularSeparation(180 + s.phi() / kDegree, -s.theta() / kDegree, m.phi() / kDegree,
+                             m.theta() / kDegree) /
+           kDegree;
+  };
+  for (const double mjd :
+       {seen.mjdP1, seen.mjdU1, seen.mjdU2, seen.mjdU3, seen.mjdU4, seen.mjdP4}) {
+    const double distance = separation(mjd);
+    const EarthShadow shadow = earthShadow(sun, moon);
+    const bool isInside = mjd == seen.mjdU2 || mjd == seen.mjdU3;
+    const bool isOutside = mjd == seen.mjdP1 || mjd == seen.mjdP4;
+    const double edge = isOutside ? shadow.penumbraRadius : shadow.umbraRadius;
+    EXPECT_NEAR(distance, edge + (isInside ? -1 : 1) * shadow.moonRadius, 0.017);
+  }
 }
 
 }  // namespace
