@@ -1,5 +1,7 @@
 #include "eclipses/Catalogue.h"
 
+#include <cmath>
+#include <cstdio>
 #include <fstream>
 #include <stdexcept>
 #include <utility>
@@ -124,6 +126,12 @@ const EclipseRow& eclipseNamed(const std::string& name) {
     if (row.name == name) return row;
   }
   throw std::runtime_error("no eclipse " + name);
+}
+
+double secondsAfter(const char* time, double mjd) {
+  int hour = 0, minute = 0, second = 0;
+  if (std::sscanf(time, "%d:%d:%d", &hour, &minute, &second) != 3) return NAN;
+  return (mjd - std::floor(mjd)) * 86400 - (hour * 3600 + minute * 60 + second);
 }
 
 }  // namespace zenivo

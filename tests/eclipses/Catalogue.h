@@ -29,4 +29,7 @@ std::vector<const EclipseRow*> eclipsesOfKind(EclipseKind kind);
 /// Throws when there is none of this name.
 const EclipseRow& eclipseNamed(const std::string& name);
 
+/// Seconds from "hh:mm:ss" UT to the moment's time of day.
+double secondsAfter(const char* time, double mjd);
+
 }  // namespace zenivo

@@ -23,88 +23,62 @@ SunEclipseTimesResult seenFrom(const std::string& name, double latitude, double 
   return calculateSunEclipseTimes(PtPosition(latitude, longitude), elementsOf(eclipseNamed(name)));
 }
 
-// Seconds from "hh:mm:ss" UT to the moment's time of day.
-double secondsAfter(const char* time, double mjd) {
-  int hour = 0, minute = 0, second = 0;
-  if (std::sscanf(time, "%d:%d:%d", &hour, &minute, &second) != 3) return NAN;
-  return (mjd - std::floor(mjd)) * 86400 - (hour * 3600 + minute * 60 + second);
-}
-
-// As announced for these cities.  The elements' deltaT, predicted in 2006, runs
-// ahead of the real one by 2 s in 2017 and 5 s in 2024.
-TEST(SunEclipse, TotalityAndAnnularityAsPublished) {
-  struct {
-    const char* eclipse;
-    const char* city;
-    double latitude, longitude;
-    const char* begins;
-    const char* ends;
-    int type;
-  } const cases[] = {
-      {"SE2017Aug21T", "Madras", 44.6335, -121.1295, "17:19:36", "17:21:38", 3},
-      {"SE2017Aug21T", "Salem", 44.9429, -123.0351, "17:17:21", "17:19:16", 3},
-      {"SE2017Aug21T", "Hopkinsville", 36.8656, -87.4886, "18:24:41", "18:27:21", 3},
-      {"SE2017Aug21T", "Columbia", 34.0007, -81.0348, "18:41:51", "18:44:21", 3},
-      {"SE2015Mar20T", "Torshavn", 62.0079, -6.7900, "09:40:52", "09:42:52", 3},
-      {"SE2015Mar20T", "Longyearbyen", 78.2232, 15.6267, "10:10:43", "10:13:10", 3},
-      {"SE2012Nov13T", "Cairns", -16.9203, 145.7710, "20:38:36", "20:40:37", 3},
-      {"SE2024Apr08T", "Mazatlan", 23.2494, -106.4111, "18:07:25", "18:11:45", 3},
-      {"SE2023Oct14A", "San Antonio", 29.4241, -98.4936, "16:52:06", "16:56:28", 2},
-      {"SE2026Aug12T", "Reykjavik", 64.1466, -21.9426, "17:48:12", "17:49:14", 3},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.city);
-    const auto seen = seenFrom(c.eclipse, c.latitude, c.longitude);
-    EXPECT_EQ(seen.type, c.type);
-    EXPECT_NEAR(secondsAfter(c.begins, seen.mjdC2), 0, 7);
-    EXPECT_NEAR(secondsAfter(c.ends, seen.mjdC3), 0, 7);
-  }
-}
-
-// PyEphem 4.1.4 (VSOP87 and ELP2000): the moments at which the topocentric
-// separation of the centres is the sum of the semi-diameters, with the Sun's
-// 959.63", the Moon's 0.272508 Earth radii (0.272281 for C2 and C3), no
-// refraction, and deltaT as in the elements; altitudes of the Sun's centre.
-TEST(SunEclipse, AgreesWithAnotherEphemeris) {
+// Where all contacts are given: PyEphem 4.1.4 (VSOP87 and ELP2000), the moments at
+// which the topocentric separation of the centres is the sum of the semi-diameters,
+// with the Sun's 959.63", the Moon's 0.272508 Earth radii (0.272281 for C2 and C3),
+// no refraction, and deltaT as in the elements.  Where C2 and C3 alone are given: as
+// announced for these cities; the elements' deltaT, predicted in 2006, runs ahead of
+// the real one by 2 s in 2017 and 5 s in 2024.
+TEST(SunEclipse, ContactsAsPublished) {
   struct {
     const char* eclipse;
     const char* place;
     double latitude, longitude;
     const char *c1, *c2, *c3, *c4;
-    double magnitude;
-    double altitude;
+    int type;
+    double magnitude;  // 0: not given
   } const cases[] = {
       {"SE2024Apr08T", "Dallas", 32.7767, -96.7970, "17:23:12", "18:40:38", "18:44:27", "20:02:35",
-       1.0558, 64.62},
+       3, 1.0558},
       {"SE2026Aug12T", "Burgos", 42.3439, -3.6969, "17:33:16", "18:28:19", "18:30:04", "19:21:39",
-       1.0331, 8.20},
+       3, 1.0331},
+      {"SE2026Aug12T", "Palma, near sunset", 39.5696, 2.6502, "17:37:59", "18:31:00", "18:32:36",
+       "19:22:28", 3, 1.0313},
       {"SE2023Oct14A", "Albuquerque", 35.0844, -106.6504, "15:13:12", "16:34:30", "16:39:19",
-       "18:09:23", 0.9465, 36.14},
-      {"SE2026Aug12T", "Palma", 39.5696, 2.6502, "17:37:59", "18:31:00", "18:32:36", "19:22:28",
-       1.0313, 2.38},
+       "18:09:23", 2, 0.9465},
       {"SE2017Aug21T", "Los Angeles", 34.0522, -118.2437, "16:05:41", nullptr, nullptr, "18:44:47",
-       0.6943, 48.39},
-      {"SE2017Aug21T", "New York", 40.7128, -74.0060, "17:23:11", nullptr, nullptr, "20:00:42",
-       0.7698, 52.95},
-      {"SE1999Aug11T", "London", 51.5074, -0.1278, "09:03:37", nullptr, nullptr, "11:40:01", 0.9677,
-       48.11},
+       1, 0.6943},
+      {"SE1999Aug11T", "London", 51.5074, -0.1278, "09:03:37", nullptr, nullptr, "11:40:01", 1,
+       0.9677},
+      {"SE2017Aug21T", "Madras", 44.6335, -121.1295, nullptr, "17:19:36", "17:21:38", nullptr, 3,
+       0},
+      {"SE2017Aug21T", "Columbia", 34.0007, -81.0348, nullptr, "18:41:51", "18:44:21", nullptr, 3,
+       0},
+      {"SE2015Mar20T", "Longyearbyen", 78.2232, 15.6267, nullptr, "10:10:43", "10:13:10", nullptr,
+       3, 0},
+      {"SE2012Nov13T", "Cairns", -16.9203, 145.7710, nullptr, "20:38:36", "20:40:37", nullptr, 3,
+       0},
+      {"SE2023Oct14A", "San Antonio", 29.4241, -98.4936, nullptr, "16:52:06", "16:56:28", nullptr,
+       2, 0},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.place);
     const auto seen = seenFrom(c.eclipse, c.latitude, c.longitude);
-    EXPECT_NEAR(secondsAfter(c.c1, seen.mjdC1), 0, 2.5);
-    EXPECT_NEAR(secondsAfter(c.c4, seen.mjdC4), 0, 2.5);
-    if (c.c2) {
-      EXPECT_NEAR(secondsAfter(c.c2, seen.mjdC2), 0, 2.5);
-      EXPECT_NEAR(secondsAfter(c.c3, seen.mjdC3), 0, 2.5);
-    } else {
+    EXPECT_EQ(seen.type, c.type);
+    if (c.magnitude > 0) {
+      EXPECT_NEAR(seen.magnitude, c.magnitude, 0.0006);
+    }
+    const double tolerance = c.c1 ? 2.5 : 7;
+    const std::pair<const char*, double> contacts[] = {
+        {c.c1, seen.mjdC1}, {c.c2, seen.mjdC2}, {c.c3, seen.mjdC3}, {c.c4, seen.mjdC4}};
+    for (const auto& [time, mjd] : contacts) {
+      if (time == nullptr) continue;
+      EXPECT_NEAR(secondsAfter(time, mjd), 0, tolerance) << time;
+    }
+    if (c.type == 1) {
       EXPECT_EQ(seen.mjdC2, kAlwaysBelow);
-      EXPECT_EQ(seen.mjdC3, kAlwaysBelow);
-      EXPECT_EQ(seen.elevationC2, kNoContactElevation);
       EXPECT_EQ(seen.elevationC3, kNoContactElevation);
     }
-    EXPECT_NEAR(seen.magnitude, c.magnitude, 0.0006);
-    EXPECT_NEAR(seen.elevationMax, c.altitude, 0.3);  // refraction lifts it by that much
   }
 }
 
