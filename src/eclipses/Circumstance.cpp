@@ -59,8 +59,8 @@ class Solver {
                    [](const Circumstance& c) { return (c.u * c.a + c.v * c.b) / c.nSquared; });
   }
 
-  // The contact with the edge of the cone `L`.  Where the umbra's vertex lies above
-  // the observer L2 is negative, and so is the half chord that is made with it.
+  // The contact with the edge of the cone `L`.  Where the umbra reaches beyond the
+  // observer L2 is negative, and so is the half chord that is made with it.
   Circumstance contact(std::int32_t event, const Circumstance& mid, double Circumstance::*L) const {
     const double sign = (event < 0) != (mid.*L < 0) ? -1 : 1;
     const double start = mid.t + sign * halfChord(mid, mid.*L);
