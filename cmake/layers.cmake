@@ -13,6 +13,7 @@ set(ZENIVO_LAYERS
   find
   planner
   cli/input
+  cli/output
   cli
 )
 
@@ -26,4 +27,5 @@ set(ZENIVO_LAYER_eclipses    foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_find        foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_planner     foundation engine map/layers map/lines ar)
 set(ZENIVO_LAYER_cli/input   foundation engine)
-set(ZENIVO_LAYER_cli         foundation engine map/layers map/lines ar planner cli/input)
+set(ZENIVO_LAYER_cli/output  foundation engine)
+set(ZENIVO_LAYER_cli         foundation engine map/layers map/lines ar planner cli/input cli/output)

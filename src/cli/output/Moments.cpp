@@ -1,0 +1,72 @@
+#include "cli/output/Moments.h"
+
+#include <cctz/civil_time.h>
+#include <fmt/format.h>
+
+#include <cmath>
+#include <cstdlib>
+
+#include "engine/Mjd.h"
+#include "foundation/DateFormatter.h"
+
+namespace zenivo::cli {
+namespace {
+
+constexpr double kMjdOf1970 = 40587;
+constexpr double kSecondsPerDay = 86400;
+
+cctz::civil_day civilDay(const DateComponents& c) {
+  return cctz::civil_day(c.year, c.month, c.day);
+}
+
+std::string offsetText(int seconds) {
+  const int size = std::abs(seconds);
+  const char sign = seconds < 0 ? '-' : '+';
+  const std::string text = fmt::format("UTC{}{:02}:{:02}", sign, size / 3600, size / 60 % 60);
+  return size % 60 == 0 ? text : fmt::format("{}:{:02}", text, size % 60);  // local mean time
+}
+
+}  // namespace
+
+Date dateOfMjd(double mjd) {
+  return Date::withTimeIntervalSince1970((mjd - kMjdOf1970) * kSecondsPerDay);
+}
+
+Json momentJson(double mjd, const TimeZone& zone) {
+  Json time = nullptr;
+  if (drawEventAtMjd(mjd)) time = iso8601String(dateOfMjd(mjd), zone);
+  return {{"mjd", mjd}, {"time", std::move(time)}};
+}
+
+std::string isoDate(const DateComponents& day) {
+  return fmt::format("{:04}-{:02}-{:02}", day.year, day.month, day.day);
+}
+
+DayClock::DayClock(const DateComponents& day, TimeZone zone)
+    : calendar_(std::move(zone)),
+      day_{.year = day.year, .month = day.month, .day = day.day},
+      start_(calendar_.dateFromComponents(day_)),
+      end_(calendar_.dateFromComponents(
+          {.year = day_.year, .month = day_.month, .day = day_.day + 1})) {}
+
+std::string DayClock::time(double mjd) const {
+  if (!drawEventAtMjd(mjd)) return "-";
+  const Date moment = dateOfMjd(mjd);
+  const int offset = zone().secondsFromGMTForDate(moment);  // mean times have seconds
+  const double minutes = std::floor((moment.timeIntervalSince1970() + offset) / 60 + 0.5);
+  const Date minute = Date::withTimeIntervalSince1970(minutes * 60 - offset);
+  if (minute == end_) return "24:00";
+  const DateComponents local = calendar_.componentsFromDate(minute);
+  const std::string clock = fmt::format("{:02}:{:02}", local.hour, local.minute);
+  const auto days = civilDay(local) - civilDay(day_);
+  return days == 0 ? clock : fmt::format("{} {:+d}d", clock, days);
+}
+
+std::string DayClock::offset() const {
+  const int first = zone().secondsFromGMTForDate(start_);
+  const int last = zone().secondsFromGMTForDate(end_.dateByAddingTimeInterval(-1));
+  return first == last ? offsetText(first)
+                       : fmt::format("{}, then {}", offsetText(first), offsetText(last));
+}
+
+}  // namespace zenivo::cli
