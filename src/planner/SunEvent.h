@@ -54,7 +54,11 @@ class SunEvent : public CelestialBodyEvent {
   /// the day has.
   std::vector<LightTypeEvent> eventsForLightType(LightType lightType) const;
 
-  /// The same as spans to print.
+  /// The same as spans in time order.  Start or end is kNotThisDay where the light
+  /// has begun before the day or goes on after it.
+  std::vector<TwilightEvent> spansForLightType(LightType lightType) const;
+
+  /// The same to print.
   TwilightIntervals twilightIntervalForLightType(LightType lightType) const;
   TwilightIntervals civilTwilightIntervals() const;
   TwilightIntervals nauticalTwilightIntervals() const;

@@ -25,7 +25,7 @@ bool TimeIntervalEventWithType::isVisibleForMapType(int mapType) const {
   return true;
 }
 
-std::string timeIntervalEventTypeToString(TimeIntervalEventType type) {
+std::string_view timeIntervalEventTypeKey(TimeIntervalEventType type) {
   static constexpr auto kKeys = std::to_array<std::string_view>({
       "event_sun_rise",
       "event_sun_transit",
@@ -44,7 +44,11 @@ std::string timeIntervalEventTypeToString(TimeIntervalEventType type) {
       "event_golden_hour_begin",
       "event_golden_hour_end",
   });
-  return localizedString(kKeys.at(static_cast<std::size_t>(type)), "Ephemeris");
+  return kKeys.at(static_cast<std::size_t>(type));
+}
+
+std::string timeIntervalEventTypeToString(TimeIntervalEventType type) {
+  return localizedString(timeIntervalEventTypeKey(type), "Ephemeris");
 }
 
 void TimeIntervalEventSorter::addEventToArray(double mjd, double eventInterval,

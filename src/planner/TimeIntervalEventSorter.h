@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "planner/MoonEvent.h"
@@ -47,6 +48,9 @@ struct TimeIntervalEventWithType {
   friend bool operator==(const TimeIntervalEventWithType&,
                          const TimeIntervalEventWithType&) = default;
 };
+
+/// The localisation key of an event type, in the table "Ephemeris".
+std::string_view timeIntervalEventTypeKey(TimeIntervalEventType type);
 
 /// The localised name of an event type.
 std::string timeIntervalEventTypeToString(TimeIntervalEventType type);

@@ -11,39 +11,21 @@ namespace {
 
 constexpr double kOpen = 0.0;  // a limit that lies outside of the day
 
-struct Span {
-  double start = kOpen;
-  double end = kOpen;
-};
-
 std::string limitString(double mjd) {
   return mjd == kOpen ? "..." : timeStringFromDate(dateFromModifiedJulianDay(mjd));
 }
 
-/// Pairs begins with ends.  Where a crossing in between escaped the search, of two
-/// begins the earlier counts, and an end without a begin closes an open span.
-std::vector<Span> spansOf(const std::vector<LightTypeEvent>& events) {
-  std::vector<Span> spans;
-  double begin = kOpen;
-  for (const LightTypeEvent& event : events) {
-    if (!event.isBegin) {
-      spans.push_back({begin, event.mjd});
-      begin = kOpen;
-    } else if (begin == kOpen) {
-      begin = event.mjd;
-    }
-  }
-  if (begin != kOpen) spans.push_back({begin, kOpen});
-  return spans;
+double openUnlessReal(double mjd) {
+  return drawEventAtMjd(mjd) ? mjd : kOpen;
 }
 
-double firstLimit(const Span& span) {
-  if (span.start != kOpen) return span.start;
-  return span.end != kOpen ? span.end : kAlwaysBelow;
+double firstLimit(const TwilightEvent& span) {
+  if (drawEventAtMjd(span.mjdStart())) return span.mjdStart();
+  return drawEventAtMjd(span.mjdEnd()) ? span.mjdEnd() : kAlwaysBelow;
 }
 
-std::string stringForSpan(const Span& span) {
-  return stringForIntervalMjdStart(span.start, span.end);
+std::string stringForSpan(const TwilightEvent& span) {
+  return stringForIntervalMjdStart(openUnlessReal(span.mjdStart()), openUnlessReal(span.mjdEnd()));
 }
 
 }  // namespace
@@ -52,10 +34,25 @@ std::string stringForIntervalMjdStart(double mjdStart, double mjdEnd) {
   return limitString(mjdStart) + " - " + limitString(mjdEnd);
 }
 
-TwilightIntervals SunEvent::twilightIntervalForLightType(LightType lightType) const {
-  std::vector<Span> spans = spansOf(eventsForLightType(lightType));
-  if (spans.empty() && lastsAllDay(lightType)) spans.push_back({});
+std::vector<TwilightEvent> SunEvent::spansForLightType(LightType lightType) const {
+  // Where a crossing in between escaped the search, of two begins the earlier counts.
+  std::vector<TwilightEvent> spans;
+  double begin = kNotThisDay;
+  for (const LightTypeEvent& event : eventsForLightType(lightType)) {
+    if (!event.isBegin) {
+      spans.emplace_back(begin, event.mjd);
+      begin = kNotThisDay;
+    } else if (!drawEventAtMjd(begin)) {
+      begin = event.mjd;
+    }
+  }
+  if (drawEventAtMjd(begin)) spans.emplace_back(begin, kNotThisDay);
+  if (spans.empty() && lastsAllDay(lightType)) spans.emplace_back(kNotThisDay, kNotThisDay);
+  return spans;
+}
 
+TwilightIntervals SunEvent::twilightIntervalForLightType(LightType lightType) const {
+  const std::vector<TwilightEvent> spans = spansForLightType(lightType);
   TwilightIntervals intervals;
   if (spans.empty()) return intervals;
   intervals.mjdFirstInterval = firstLimit(spans[0]);
