@@ -18,9 +18,17 @@ bool isDarkAllDay(const SunEvent& day) {
   return day.astronomicalTwilight.mjdStart() == kAlwaysBelow;
 }
 
-std::optional<TimeSpan> spanOf(const std::optional<NightWindow>& night) {
-  if (!night || !drawEventAtMjd(night->dawn) || night->dawn <= night->dusk) return std::nullopt;
-  return TimeSpan{night->dusk, night->dawn};
+/// The darkness between the noons of two days; `night` is what bounds it on ordinary days.
+std::optional<TimeSpan> darknessBetween(const SunEvent& first, const SunEvent& second,
+                                        const std::optional<NightWindow>& night) {
+  const double dusk = night ? night->dusk : kNotThisDay;
+  const double dawn = night ? night->dawn : second.astronomicalTwilight.mjdStart();
+  const TimeSpan span{isDarkAllDay(first) ? noonOf(first) : dusk,
+                      isDarkAllDay(second) ? noonOf(second) : dawn};
+  if (!drawEventAtMjd(span.start) || !drawEventAtMjd(span.end) || span.end <= span.start) {
+    return std::nullopt;
+  }
+  return span;
 }
 
 std::optional<DarkNight> darkNight(const std::optional<TimeSpan>& darkness,
@@ -40,14 +48,12 @@ double DarkNight::moonlessHours() const {
 
 std::optional<DarkNight> nightBeginningOnDay(const PlannerManager& planner) {
   const std::span<const SunEvent, 3> days(planner.sunEvents());
-  if (isDarkAllDay(days[1])) return darkNight(TimeSpan{noonOf(days[1]), noonOf(days[2])}, planner);
-  return darkNight(spanOf(nightBeginningToday(days)), planner);
+  return darkNight(darknessBetween(days[1], days[2], nightBeginningToday(days)), planner);
 }
 
 std::optional<DarkNight> nightEndingOnDay(const PlannerManager& planner) {
   const std::span<const SunEvent, 3> days(planner.sunEvents());
-  if (isDarkAllDay(days[1])) return darkNight(TimeSpan{noonOf(days[0]), noonOf(days[1])}, planner);
-  return darkNight(spanOf(nightEndingToday(days)), planner);
+  return darkNight(darknessBetween(days[0], days[1], nightEndingToday(days)), planner);
 }
 
 std::vector<TimeSpan> moonlessSpans(const TimeSpan& span, ephemeris::PtMoon& moon) {

@@ -26,9 +26,8 @@ struct DarkNight {
   double moonlessHours() const;
 };
 
-/// The night that begins on the session's day, or the one that ends on it; nullopt when it does
-/// not get dark.  In a polar night that is dark at noon, too, the night lasts
-/// from noon to noon.
+/// The night that begins on the session's day, or the one that ends on it; nullopt
+/// when it does not get dark.  In a polar night, dark at noon, too, noon bounds it.
 std::optional<DarkNight> nightBeginningOnDay(const PlannerManager& planner);
 std::optional<DarkNight> nightEndingOnDay(const PlannerManager& planner);
 

@@ -44,7 +44,9 @@ struct Entry {
 };
 
 int fail(int code, std::string message) {
-  std::replace(message.begin(), message.end(), '\n', ' ');
+  // Whatever was typed, the message stays one line and no control sequence.
+  const auto isControl = [](unsigned char c) { return c < 0x20 || c == 0x7F; };
+  std::ranges::replace_if(message, isControl, ' ');
   fmt::print(stderr, "zenivo: {}\n", message);
   return code;
 }

@@ -32,6 +32,10 @@ std::string placeText(const Location& location) {
   return text;
 }
 
+Date wholeSecond(Date date) {
+  return Date::withTimeIntervalSince1970(std::floor(date.timeIntervalSince1970()));
+}
+
 }  // namespace
 
 void SceneOptions::addTo(CLI::App& command) {
@@ -88,7 +92,7 @@ void MomentOptions::addTo(CLI::App& command) {
 
 Date MomentOptions::resolve(const TimeZone& zone) const {
   const Date now = Date::now();
-  if (date_.empty()) return time_.empty() ? now : parseMoment(time_, zone, now);
+  if (date_.empty()) return wholeSecond(time_.empty() ? now : parseMoment(time_, zone, now));
   DateComponents day = parseDay(date_, zone, now);
   if (bareDate_ == BareDate::noon) day.hour = 12;
   return Calendar(zone).dateFromComponents(day);

@@ -48,6 +48,7 @@ class MomentOptions {
 
   void addTo(CLI::App& command);
 
+  /// On a whole second, as the ephemeris takes moments.
   Date resolve(const TimeZone& zone) const;
 
  private:

@@ -50,6 +50,27 @@ TEST(DarkNight, NoDarknessInSummerAndDarkNoonsInPolarNight) {
   EXPECT_DOUBLE_EQ(night->darkness.hours(), 24);
 }
 
+// Far north the nights join into one.  Through the year every midnight of darkness
+// belongs to the night around it.
+TEST(DarkNight, HoldsEveryDarkMidnight) {
+  const Scene scene = sceneAt(86, 0, "UTC");
+  Session session(scene, noonOf(scene, 2026, 1, 1));
+  ephemeris::PtSun sun(observerOf(scene.location));
+  int dark = 0;
+  for (int day = 1; day <= 365; ++day) {
+    session.planner().setCurrentDate(noonOf(scene, 2026, 1, day));
+    const double midnight = modifiedJulianDay(session.planner().currentDate()) + 0.5;
+    sun.computePosition(true, midnight, 75 / 86400.0);
+    if (sun.horizontal().elevation_ > -18.05) continue;
+    ++dark;
+    const auto night = nightBeginningOnDay(session.planner());
+    ASSERT_TRUE(night) << day;
+    EXPECT_LT(night->darkness.start, midnight) << day;
+    EXPECT_GT(night->darkness.end, midnight) << day;
+  }
+  EXPECT_GT(dark, 90);
+}
+
 TEST(DarkNight, TheNightThatEndsIsTheOneThatBegan) {
   const Scene scene = sceneAt(28.76, -17.88, "Atlantic/Canary");
   const auto began = nightBeginningOnDay(Session(scene, noonOf(scene, 2026, 8, 11)).planner());

@@ -197,6 +197,26 @@ TEST(Days, AnywhereAnyTime) {
   }
 }
 
+TEST(Paths, RunOnInTimeAboveTheHorizon) {
+  for (const char* body : {"sun", "moon"}) {
+    for (const char* at : {"Paris", "69.65,18.96", "-90,0", "0,180", "60,25"}) {
+      for (const char* date : {"2026-03-29", "2026-06-21", "2026-10-25", "2026-12-21"}) {
+        const std::string arguments =
+            std::string("path ") + body + " --at " + at + " --date " + date;
+        double last = 0;
+        for (const Json& sample : answer(arguments)["samples"]) {
+          const double mjd = sample["time"]["mjd"];
+          EXPECT_GE(mjd, last) << arguments;
+          EXPECT_LT(mjd - last, last == 0 ? 1e9 : 1.0) << arguments;
+          EXPECT_GT(sample["elevation"].get<double>(), -1.5) << arguments << sample;
+          EXPECT_LT(sample["azimuth"].get<double>(), 360.0) << arguments << sample;
+          last = mjd;
+        }
+      }
+    }
+  }
+}
+
 TEST(Days, PolarDayAndNight) {
   // Tromsø has the midnight Sun from May 18 to July 26 and no Sun from November 27 to
   // January 15 (Norwegian Meteorological Institute).

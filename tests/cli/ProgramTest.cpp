@@ -30,6 +30,7 @@ TEST(Program, BadInputIsOneLineAndExitCode2) {
       {"day --at Paris --nonsense", "--nonsense; see zenivo day --help"},
       {"day --at Xqzzy", "no city named \"Xqzzy\" is known"},
       {"day --at $'Par\\nis\\e[31m\\xff'", "no city named \"Par?is?[31m?\""},
+      {"day --at Paris $'--a\\e[31m\\nb'", "--a [31m b"},
       {"day --at Springfield", "\"Springfield, Missouri, US\""},
       {"day --at 91,0", "latitude is not between -90 and 90"},
       {"day --at Paris --zone Mars/Olympus", "no time zone named \"Mars/Olympus\""},
