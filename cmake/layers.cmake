@@ -4,6 +4,8 @@
 
 set(ZENIVO_LAYERS
   foundation
+  store/sqlite
+  store
   app/settings
   engine
   map/layers
@@ -18,6 +20,8 @@ set(ZENIVO_LAYERS
 )
 
 set(ZENIVO_LAYER_foundation  "")
+set(ZENIVO_LAYER_store/sqlite "")
+set(ZENIVO_LAYER_store       foundation store/sqlite)
 set(ZENIVO_LAYER_app/settings foundation)
 set(ZENIVO_LAYER_engine      foundation)
 set(ZENIVO_LAYER_map/layers  foundation)

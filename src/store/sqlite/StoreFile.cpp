@@ -1,0 +1,219 @@
+#include "store/sqlite/StoreFile.h"
+
+#include <cerrno>
+#include <chrono>
+#include <map>
+#include <system_error>
+
+#include "store/sqlite/SqliteFailure.h"
+#include "store/sqlite/ValueTable.h"
+
+namespace zenivo::sqlite {
+namespace {
+
+constexpr std::chrono::seconds kLockPatience{30};
+constexpr int kLogPagesToCheckpoint = 1000;
+constexpr std::size_t kIdleReaders = 4;
+
+/// The files that are open in this process, by path and use.
+struct OpenFiles {
+  std::mutex mutex;
+  std::map<std::string, std::weak_ptr<StoreFile>> files;
+};
+
+OpenFiles& openFiles() {
+  static OpenFiles files;
+  return files;
+}
+
+std::filesystem::path beside(const std::filesystem::path& file, const char* suffix) {
+  return std::filesystem::path(file).concat(suffix);
+}
+
+bool isEmptyOrMissing(const std::filesystem::path& file) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(file, error);
+  return error || size == 0;
+}
+
+/// Throws unless the database is a store or holds nothing at all.
+void requireStore(Connection& connection) {
+  const bool isEmpty = connection.integerOf("SELECT count(*) FROM sqlite_schema") == 0;
+  if (!isEmpty && connection.integerOf("PRAGMA application_id") != kApplicationId) {
+    throw SqliteFailure(SQLITE_NOTADB, "the file is a database of another program");
+  }
+}
+
+/// Throws when the end of the file is missing.  What the write-ahead log holds may
+/// lie beyond the file's end for good reason, so with a log nothing is known yet.
+void requireWhole(Connection& connection, const std::filesystem::path& file) {
+  if (!isEmptyOrMissing(beside(file, "-wal")) || isEmptyOrMissing(file)) return;
+  const auto bytes = static_cast<std::uintmax_t>(connection.integerOf("PRAGMA page_count") *
+                                                 connection.integerOf("PRAGMA page_size"));
+  if (std::filesystem::file_size(file) < bytes) {
+    throw SqliteFailure(SQLITE_CORRUPT, "the end of the file is missing");
+  }
+}
+
+int notePages(void* pages, sqlite3*, const char*, int count) {
+  *static_cast<int*>(pages) = count;
+  return SQLITE_OK;
+}
+
+}  // namespace
+
+std::shared_ptr<StoreFile> StoreFile::open(const std::filesystem::path& file,
+                                           const FileOptions& options) {
+  const std::filesystem::path path = std::filesystem::weakly_canonical(file);
+  const std::string use = options.vfs + (options.readOnly ? "\nread\n" : "\nwrite\n");
+  OpenFiles& open = openFiles();
+  const std::lock_guard<std::mutex> guard(open.mutex);
+  std::weak_ptr<StoreFile>& known = open.files[use + path.string()];
+  std::shared_ptr<StoreFile> shared = known.lock();
+  if (!shared) {
+    shared = std::make_shared<StoreFile>(path, options);
+    known = shared;
+  }
+  return shared;
+}
+
+StoreFile::StoreFile(std::filesystem::path file, const FileOptions& options)
+    : path_(std::move(file)), options_(options) {
+  if (options_.readOnly) {
+    openReadOnly();
+  } else {
+    openForWriting();
+  }
+}
+
+StoreFile::~StoreFile() {
+  idleReaders_.clear();
+  if (!writer_) return;
+  // The last connection of all processes empties the log as it closes.
+  const bool locked = lock_->acquire(kLockPatience);
+  sqlite3_db_config(writer_->handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, locked ? 0 : 1, nullptr);
+  writer_.reset();
+  if (locked) lock_->release();
+}
+
+void StoreFile::openReadOnly() {
+  if (!std::filesystem::exists(path_)) {
+    throw SqliteFailure(SQLITE_CANTOPEN, "there is no such file");
+  }
+  try {
+    auto reader = connect(Access::read);
+    requireStore(*reader);
+    requireWhole(*reader, path_);
+    idleReaders_.push_back(std::move(reader));
+  } catch (const SqliteFailure& failure) {
+    // A file in WAL mode wants companions that a folder nobody can write cannot
+    // hold; then nobody else can write the file either.
+    const bool lacksCompanions =
+        failure.code() == SQLITE_CANTOPEN || failure.code() == SQLITE_READONLY;
+    if (!lacksCompanions || !isEmptyOrMissing(beside(path_, "-wal"))) throw;
+    readAccess_ = Access::immutable;
+    auto reader = connect(Access::immutable);
+    requireStore(*reader);
+    requireWhole(*reader, path_);
+    idleReaders_.push_back(std::move(reader));
+  }
+}
+
+void StoreFile::openForWriting() {
+  auto writer = connect(Access::write);
+  if (sqlite3_db_readonly(writer->handle(), "main") == 1) {
+    throw SqliteFailure(SQLITE_READONLY, "the file may not be written");
+  }
+  requireStore(*writer);
+  requireWhole(*writer, path_);
+  std::error_code error;
+  lock_.emplace(beside(path_, "-lock"), error);
+  if (error) {
+    const bool forbidden = error.value() == EACCES || error.value() == EROFS;
+    throw SqliteFailure(forbidden ? SQLITE_READONLY_DIRECTORY : SQLITE_CANTOPEN,
+                        "the lock file cannot be opened: " + error.message());
+  }
+  acquireLock();
+  try {
+    const bool wal = options_.journal == Journal::wal;
+    writer->execute(wal ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE");
+    writer->execute("PRAGMA synchronous=FULL");
+  } catch (...) {
+    lock_->release();
+    throw;
+  }
+  lock_->release();
+  sqlite3_wal_hook(writer->handle(), notePages, &logPages_);
+  writer_ = std::move(writer);
+}
+
+std::unique_ptr<Connection> StoreFile::connect(Access access) const {
+  auto connection = std::make_unique<Connection>(path_, access, options_.vfs);
+  addValueListTable(*connection);
+  if (options_.equipment) options_.equipment(*connection);
+  return connection;
+}
+
+void StoreFile::acquireLock() {
+  if (!lock_->acquire(kLockPatience)) {
+    throw SqliteFailure(SQLITE_BUSY, "another process keeps the store locked");
+  }
+}
+
+void StoreFile::checkpointIfLong() {
+  if (logPages_ < kLogPagesToCheckpoint) return;
+  // The save is safe in the log, so a failure here only leaves the log longer.
+  sqlite3_wal_checkpoint_v2(writer_->handle(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr,
+                            nullptr);
+}
+
+StoreFile::Reading::Reading(StoreFile& file) : file_(file) {
+  {
+    const std::lock_guard<std::mutex> guard(file.readersMutex_);
+    if (!file.idleReaders_.empty()) {
+      connection_ = std::move(file.idleReaders_.back());
+      file.idleReaders_.pop_back();
+    }
+  }
+  if (!connection_) connection_ = file.connect(file.readAccess_);
+}
+
+StoreFile::Reading::~Reading() {
+  connection_->rollback();
+  const std::lock_guard<std::mutex> guard(file_.readersMutex_);
+  if (file_.idleReaders_.size() < kIdleReaders) {
+    file_.idleReaders_.push_back(std::move(connection_));
+  }
+}
+
+void StoreFile::Reading::snapshot() {
+  connection_->execute("BEGIN");
+}
+
+StoreFile::Writing::Writing(StoreFile& file, ForeignKeys foreignKeys)
+    : file_(file), foreignKeys_(foreignKeys), turn_(file.writerTurn_) {
+  file.acquireLock();
+  try {
+    // Between transactions only does SQLite heed this.
+    if (foreignKeys_ == ForeignKeys::ignored) file.writer_->execute("PRAGMA foreign_keys=OFF");
+    file.writer_->execute("BEGIN IMMEDIATE");
+  } catch (...) {
+    file.lock_->release();
+    throw;
+  }
+}
+
+StoreFile::Writing::~Writing() {
+  file_.writer_->rollback();
+  if (foreignKeys_ == ForeignKeys::ignored) {
+    sqlite3_exec(file_.writer_->handle(), "PRAGMA foreign_keys=ON", nullptr, nullptr, nullptr);
+  }
+  file_.lock_->release();
+}
+
+void StoreFile::Writing::commit() {
+  file_.writer_->execute("COMMIT");
+  file_.checkpointIfLong();
+}
+
+}  // namespace zenivo::sqlite
