@@ -5,6 +5,9 @@
 set(ZENIVO_LAYERS
   foundation
   app/settings
+  store/sqlite
+  store
+  data/stores
   engine
   map/layers
   map/lines
@@ -19,6 +22,9 @@ set(ZENIVO_LAYERS
 
 set(ZENIVO_LAYER_foundation  "")
 set(ZENIVO_LAYER_app/settings foundation)
+set(ZENIVO_LAYER_store/sqlite "")
+set(ZENIVO_LAYER_store       foundation store/sqlite)
+set(ZENIVO_LAYER_data/stores foundation store)
 set(ZENIVO_LAYER_engine      foundation)
 set(ZENIVO_LAYER_map/layers  foundation)
 set(ZENIVO_LAYER_map/lines   foundation engine)
