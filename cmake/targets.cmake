@@ -1,10 +1,12 @@
 # zenivo_layer(FOLDER [LIBRARIES lib...]): the library target of src/FOLDER,
 # named zenivo_<folder>, linked to the layers that cmake/layers.cmake allows.
-# A folder of headers alone becomes an interface library.
+# A folder of headers alone becomes an interface library.  A main.cpp is left to
+# the program made from it.
 function(zenivo_layer folder)
   cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "LIBRARIES")
   string(REPLACE "/" "_" name ${folder})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp)
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   if(sources)
     set(scope PUBLIC)
     add_library(zenivo_${name} STATIC ${sources})

@@ -1,8 +1,9 @@
-// What do the Moon's phases of a month and the apsides of a year cost?
+// What do the phases of a month cost, the apsides and the supermoons of a year?
 
 #include <benchmark/benchmark.h>
 
 #include "engine/MoonApsides.h"
+#include "engine/MoonDistancesYear.h"
 #include "engine/MoonPhases.h"
 
 namespace zenivo {
@@ -25,6 +26,15 @@ void BM_ApsidesOfAYear(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_ApsidesOfAYear)->Unit(benchmark::kMicrosecond);
+
+void BM_MoonDistancesOfAYear(benchmark::State& state) {
+  MoonDistancesYear year(PtPosition(46.5, 8.0), 2000);
+  for (auto _ : state) {
+    year.nextYear();
+    benchmark::DoNotOptimize(year.supermoons());
+  }
+}
+BENCHMARK(BM_MoonDistancesOfAYear)->Iterations(200)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace zenivo

@@ -75,7 +75,7 @@ Date dateWithPtDateTime(const PtDateTime& record, bool withSeconds) {
     c.minute = static_cast<int>(record.minutes);
     c.second = static_cast<int>((record.minutes - c.minute) * 60.0);
   } else {
-    c.minute = static_cast<int>(record.minutes + 0.5);
+    c.minute = static_cast<int>(std::floor(record.minutes + 0.5));
   }
   return gmtCachedCalendar().dateFromComponents(c);
 }

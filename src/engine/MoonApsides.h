@@ -41,7 +41,7 @@ MoonDistanceType moonDistanceFromDistanceType(std::int32_t code);
 std::string nameForType(MoonDistanceType type);
 
 /// The apsis number `k`: a perigee where k is whole (0 is that of 1999 December
-/// 27), the apogee after it where k ends in .5.  No other fraction has a meaning.
+/// 22), the apogee after it where k ends in .5.  No other fraction has a meaning.
 /// The dynamical time of the series is given as if it were Universal Time.
 /// Error, 1895 to 2105: apogees 4 minutes, perigees 36 minutes (5 typically), both
 /// a few kilometres.

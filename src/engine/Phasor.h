@@ -42,8 +42,8 @@ class Multiples {
   template <int n>
   Phasor get() const {
     static_assert(n >= -kTop && n <= kTop);
-    if constexpr (n < 0) return powers_[-n].conjugate();
-    return powers_[n < 0 ? 0 : n];
+    if constexpr (n < 0) return get<-n>().conjugate();
+    if constexpr (n >= 0) return powers_[n];
   }
 
  private:

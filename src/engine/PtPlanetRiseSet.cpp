@@ -15,12 +15,13 @@ namespace zenivo::ephemeris {
 DaySample PtPlanet::sampleAt(double mjdAt0, double deltaT, double hour) {
   const double mjd = mjdAt0 + hour / 24.0;
   const Vector3D place = equatorialPosition(true, mjd, deltaT);
-  const double tau = localHourAngle(apparentSiderealTime(mjd), place.phi());
+  const double equation = equationOfEquinoxes();
+  const double tau = localHourAngle(greenwichSiderealTime(mjd) + equation, place.phi());
   return {.sinAltitude = sinLatitude_ * std::sin(place.theta()) +
                          cosLatitude_ * std::cos(place.theta()) * std::cos(tau),
           .rightAscension = place.phi(),
           .distance = place.r(),
-          .equationOfEquinoxes = equationOfEquinoxes()};
+          .equationOfEquinoxes = equation};
 }
 
 double PtPlanet::sinAltitude(double mjdAt0, double deltaT, double hour) {

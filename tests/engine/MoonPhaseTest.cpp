@@ -42,19 +42,8 @@ class MoonPhaseTest : public testing::Test {
 
 // Meeus, Astronomical Algorithms (1998), example 48.a: 1992 April 12, 0h TD.
 TEST_F(MoonPhaseTest, ExampleOfMeeus) {
-  const auto vector = [](double phi, double theta, double r) {
-    return Vector3D::withPolar(phi * kDegree, theta * kDegree, r);
-  };
-  const Vector3D sunEcliptic = vector(22.33978, 0.0, 149971520.0 / 149597870.0);
-  const MoonPhase given = moon.moonPhaseGeometry(vector(133.16727, -3.22913, 368410.0),
-                                                 vector(134.6885, 13.7684, 368410.0), sunEcliptic,
-                                                 vector(20.6579, 8.6964, 1.0), 0.0);
-  EXPECT_NEAR(given.phase_angle_, 69.0756, 2e-4);
-  EXPECT_NEAR(given.phase_, 0.6786, 0.5e-4);
-  EXPECT_NEAR(given.zenith_angle_ / kDegree, 285.0, 0.05);  // on the meridian: no turn
-
   const MoonPhase computed = geometryAt(48724.0, 0.0);
-  EXPECT_NEAR(computed.phase_angle_, 69.08, 0.01);
+  EXPECT_NEAR(computed.phase_angle_, 69.0756, 0.007);  // the Sun is given without aberration
   EXPECT_NEAR(computed.phase_, 0.6786, 1e-4);
   EXPECT_NEAR((computed.zenith_angle_ + computed.parallactic_angle_) / kDegree, 285.0, 0.05);
   EXPECT_EQ(computed.moon_phase_type_, kWaxingGibbous);
@@ -161,11 +150,11 @@ TEST_F(MoonPhaseTest, IlluminationNearAPhase) {
   EXPECT_EQ(illuminationNearPhase(0.9999, moment, mjdPhase, kFullMoon), 1.0);
   EXPECT_EQ(illuminationNearPhase(0.0001, moment, mjdPhase, kNewMoon), 0.0);
   EXPECT_EQ(illuminationNearPhase(0.4999, moment, mjdPhase, kLastQuarter), 0.5);
-  // Single precision has steps of 64 s: 118 s off can read 64 or 128, 290 s never less than 256.
+  // Single precision has steps of 64 s: 118 s off read as 64 or 128, 215 s as 192 or 256.
   for (const double seconds : {-118.0, 118.0}) {
     EXPECT_EQ(illuminationNearPhase(0.9, moment + seconds, mjdPhase, kFullMoon), 1.0) << seconds;
   }
-  for (const double seconds : {-290.0, 290.0}) {
+  for (const double seconds : {-215.0, 215.0}) {
     EXPECT_EQ(illuminationNearPhase(0.9, moment + seconds, mjdPhase, kFullMoon), 0.9) << seconds;
   }
   EXPECT_EQ(illuminationNearPhase(0.9, moment, kNotThisDay, kNoMoonPhase), 0.9);
@@ -193,21 +182,19 @@ TEST_F(MoonPhaseTest, Ages) {
 // Through months and years in any zone there is an age, and it grows day by day
 // until a new Moon sets it back.
 TEST_F(MoonPhaseTest, AnAgeAlwaysExists) {
-  for (const char* zone : {"Pacific/Kiritimati", "Pacific/Pago_Pago"}) {
-    setCachedCalendarTimeZone(TimeZone::timeZoneWithName(zone).value());
-    for (const std::int32_t year : {-3999, 1582, 2014, 5999}) {
-      double previous = 0;
-      for (int day = 0; day < 400; ++day) {
-        PtDateTime moment;
-        setFromMjd(moment, getMjd({year, 1, 1, 6, 0}) + day);
-        const double age = static_cast<double>(moonAgeAt(dateWithPtDateTime(moment)));
-        ASSERT_GT(age, 0.0) << year << ' ' << day;
-        ASSERT_LT(age, 29.9) << year << ' ' << day;
-        if (age > 1.0 && day > 0) {
-          ASSERT_NEAR(age, previous + 1.0, 1e-3) << year << ' ' << day;
-        }
-        previous = age;
+  setCachedCalendarTimeZone(TimeZone::timeZoneWithName("Pacific/Kiritimati").value());
+  for (const std::int32_t year : {-3999, 1582, 2014, 5999}) {
+    double previous = 0;
+    for (int day = 0; day < 800; ++day) {
+      PtDateTime moment;
+      setFromMjd(moment, getMjd({year, 1, 1, 6, 0}) + day * 0.9);
+      const double age = static_cast<double>(moonAgeAt(dateWithPtDateTime(moment)));
+      ASSERT_GT(age, 0.0) << year << ' ' << day;
+      ASSERT_LT(age, 29.9) << year << ' ' << day;
+      if (age > 0.9 && day > 0) {
+        ASSERT_NEAR(age, previous + 0.9, 1e-3) << year << ' ' << day;
       }
+      previous = age;
     }
   }
 }

@@ -101,7 +101,7 @@ class Reader {
     throw InputError(fmt::format(
         "{} is no place: {}; write LAT,LON[,ALT_M], for example 48.8584,2.2945 or 48°51'30\"N "
         "2°17'40\"E",
-        quoted(text_), reason));
+        inQuotes(text_), reason));
   }
 
   void tokenize() {

@@ -6,7 +6,7 @@
 
 namespace zenivo::cli {
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
   constexpr int kLongest = 60;
   std::string result = "\"";
   std::size_t next = 0;

@@ -17,6 +17,6 @@ class InputError : public std::runtime_error {
 
 /// `text` in double quotes for a message: control characters and broken UTF-8
 /// become "?", and a long text is cut, so that the message stays one short line.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 }  // namespace zenivo::cli

@@ -31,7 +31,7 @@ class Scanner {
       : text_(text), rest_(text), example_(example) {}
 
   [[noreturn]] void fail(std::string_view reason) const {
-    throw InputError(fmt::format("{} is no date or time: {}", quoted(text_), reason));
+    throw InputError(fmt::format("{} is no date or time: {}", inQuotes(text_), reason));
   }
   [[noreturn]] void failForm() const { fail(fmt::format("write it as in {}", example_)); }
 

@@ -42,7 +42,7 @@ Nearest nearestCity(const GeoNames& geoNames, const Location& location) {
   if (!found) return {};
   return {.kilometres = nearest,
           .zone = {.name = std::string(found->timeZone()),
-                   .origin = fmt::format("nearest city {}, {:.0f} km ({})", found->name(), nearest,
+                   .origin = fmt::format("of {}, {:.0f} km away; {}", found->name(), nearest,
                                          kGeoNamesCredit)}};
 }
 
@@ -78,7 +78,7 @@ Nearest nearestPlaceOfDatabase(const Location& location) {
     if (kilometres >= nearest.kilometres) continue;
     nearest = {.kilometres = kilometres,
                .zone = {.name = name,
-                        .origin = fmt::format("nearest place of the time zone database, {:.0f} km",
+                        .origin = fmt::format("of a place {:.0f} km away in the time zone database",
                                               kilometres)}};
   }
   return nearest;
@@ -100,7 +100,7 @@ ZoneGuess nearestZone(const GeoNames& geoNames, const Location& location) {
   const ZoneGuess& guess = isPlaceBetter ? place.zone : city.zone;
   if (!guess.name.empty()) return guess;
   return {.name = nauticalZone(location.longitude),
-          .origin = "nautical zone, no city within 200 nautical miles"};
+          .origin = "nautical, no known place within 200 nautical miles"};
 }
 
 }  // namespace zenivo::cli

@@ -12,7 +12,7 @@ namespace zenivo::cli {
 /// A zone and the words that say why it was taken.
 struct ZoneGuess {
   std::string name;    ///< IANA name
-  std::string origin;  ///< "nearest city Paris, 4 km (GeoNames, CC BY 4.0)"
+  std::string origin;  ///< "of Paris, 4 km away; GeoNames, CC BY 4.0"
 };
 
 /// The zone of the nearest place whose zone is known: a city of GeoNames or one of the

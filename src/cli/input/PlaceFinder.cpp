@@ -146,7 +146,7 @@ class Search {
     }
     if (candidates_.size() > kListed)
       list += fmt::format(" and {} more", candidates_.size() - kListed);
-    throw InputError(fmt::format("{} is ambiguous: name one of {}", quoted(query_), list));
+    throw InputError(fmt::format("{} is ambiguous: name one of {}", inQuotes(query_), list));
   }
 
   [[noreturn]] void failUnknown() {
@@ -168,7 +168,7 @@ class Search {
       if (suggestions.size() < kListed) suggestions.push_back(placeLabel(geoNames_, city));
     }
     throw InputError(
-        fmt::format("no city named {} is known{}", quoted(query_), didYouMean(suggestions)));
+        fmt::format("no city named {} is known{}", inQuotes(query_), didYouMean(suggestions)));
   }
 
   const GeoNames& geoNames_;

@@ -46,7 +46,7 @@ TimeZone parseZone(std::string_view name) {
   if (const auto zone = TimeZone::timeZoneWithName(name)) return *zone;
   const std::vector<std::string> similar = similarZones(name);
   throw InputError(fmt::format(
-      "no time zone named {} is known{}", quoted(name),
+      "no time zone named {} is known{}", inQuotes(name),
       similar.empty() ? "; write an IANA name, for example Europe/Paris" : didYouMean(similar)));
 }
 

@@ -26,6 +26,13 @@ std::string offsetText(int seconds) {
   return size % 60 == 0 ? text : fmt::format("{}:{:02}", text, size % 60);  // local mean time
 }
 
+/// On the clock of the zone, whose offset may have seconds, as those of old mean times.
+Date nearestMinute(Date date, const TimeZone& zone) {
+  const int offset = zone.secondsFromGMTForDate(date);
+  const double minutes = std::floor((date.timeIntervalSince1970() + offset) / 60 + 0.5);
+  return Date::withTimeIntervalSince1970(minutes * 60 - offset);
+}
+
 }  // namespace
 
 Date dateOfMjd(double mjd) {
@@ -42,6 +49,22 @@ std::string isoDate(const DateComponents& day) {
   return fmt::format("{:04}-{:02}-{:02}", day.year, day.month, day.day);
 }
 
+std::string dayTitle(Date date, const TimeZone& zone) {
+  const int day = Calendar(zone).componentsFromDate(date).day;
+  return DateFormatter(fmt::format("%A {} %B %E4Y", day), zone).stringFromDate(date);
+}
+
+std::string momentTitle(double mjd, const TimeZone& zone) {
+  const Date minute = nearestMinute(dateOfMjd(mjd), zone);
+  return fmt::format("{}, {} {}", dayTitle(minute, zone),
+                     DateFormatter("%H:%M", zone).stringFromDate(minute),
+                     offsetTitle(minute, zone));
+}
+
+std::string offsetTitle(Date date, const TimeZone& zone) {
+  return offsetText(zone.secondsFromGMTForDate(date));
+}
+
 DayClock::DayClock(const DateComponents& day, TimeZone zone)
     : calendar_(std::move(zone)),
       day_{.year = day.year, .month = day.month, .day = day.day},
@@ -51,10 +74,7 @@ DayClock::DayClock(const DateComponents& day, TimeZone zone)
 
 std::string DayClock::time(double mjd) const {
   if (!drawEventAtMjd(mjd)) return "-";
-  const Date moment = dateOfMjd(mjd);
-  const int offset = zone().secondsFromGMTForDate(moment);  // mean times have seconds
-  const double minutes = std::floor((moment.timeIntervalSince1970() + offset) / 60 + 0.5);
-  const Date minute = Date::withTimeIntervalSince1970(minutes * 60 - offset);
+  const Date minute = nearestMinute(dateOfMjd(mjd), zone());
   if (minute == end_) return "24:00";
   const DateComponents local = calendar_.componentsFromDate(minute);
   const std::string clock = fmt::format("{:02}:{:02}", local.hour, local.minute);

@@ -23,6 +23,15 @@ Json momentJson(double mjd, const TimeZone& zone);
 /// "2026-06-21"
 std::string isoDate(const DateComponents& day);
 
+/// "Sunday 7 June 2026"
+std::string dayTitle(Date date, const TimeZone& zone);
+
+/// "Sunday 7 June 2026, 05:47 UTC+02:00", to the nearest minute; not for sentinels.
+std::string momentTitle(double mjd, const TimeZone& zone);
+
+/// "UTC+02:00", with seconds only where the offset has some.
+std::string offsetTitle(Date date, const TimeZone& zone);
+
 /// The clock of one local day, to the nearest minute.
 class DayClock {
  public:

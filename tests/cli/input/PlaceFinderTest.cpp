@@ -102,17 +102,17 @@ TEST_F(Places, NearestZones) {
     const char* origin;
   };
   const Case cases[] = {
-      {"Eiffel tower", 48.8584, 2.2945, "Europe/Paris", "nearest city"},
-      {"Niagara falls, Canada", 43.0896, -79.0849, "America/Toronto", "nearest city Niagara"},
-      {"Svalbard", 78.22, 15.65, "Arctic/Longyearbyen", "nearest city Longyearbyen"},
+      {"Eiffel tower", 48.8584, 2.2945, "Europe/Paris", "GeoNames"},
+      {"Niagara falls, Canada", 43.0896, -79.0849, "America/Toronto", "of Niagara"},
+      {"Svalbard", 78.22, 15.65, "Arctic/Longyearbyen", "of Longyearbyen, 0 km away; GeoNames"},
       {"Easter Island", -27.11, -109.35, "Pacific/Easter", "time zone database"},
       {"McMurdo", -77.85, 166.67, "Antarctica/McMurdo", "time zone database"},
-      {"Suva, across the date line", -18.14, 178.44, "Pacific/Fiji", "nearest city"},
-      {"North Atlantic", 45.0, -35.0, "Etc/GMT+2", "nautical zone"},
-      {"North Pacific, east", 40.0, 179.9, "Etc/GMT-12", "nautical zone"},
-      {"North Pacific, west", 40.0, -179.9, "Etc/GMT+12", "nautical zone"},
-      {"North pole", 90.0, 0.0, "Etc/GMT", "nautical zone"},
-      {"South pole", -90.0, 180.0, "Etc/GMT-12", "nautical zone"},
+      {"Suva, across the date line", -18.14, 178.44, "Pacific/Fiji", "GeoNames"},
+      {"North Atlantic", 45.0, -35.0, "Etc/GMT+2", "nautical"},
+      {"North Pacific, east", 40.0, 179.9, "Etc/GMT-12", "nautical"},
+      {"North Pacific, west", 40.0, -179.9, "Etc/GMT+12", "nautical"},
+      {"North pole", 90.0, 0.0, "Etc/GMT", "nautical"},
+      {"South pole", -90.0, 180.0, "Etc/GMT-12", "nautical"},
   };
   for (const Case& c : cases) {
     const ZoneGuess guess =

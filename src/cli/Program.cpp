@@ -1,0 +1,136 @@
+#include "cli/Program.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <exception>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/Command.h"
+#include "cli/input/InputError.h"
+#include "cli/input/Suggestions.h"
+#include "cli/input/TextFolding.h"
+
+namespace zenivo::cli {
+namespace {
+
+constexpr const char* kDescription =
+    "Plans outdoor photographs: where the Sun, the Moon and the Milky Way stand, when they rise "
+    "and set, and what light falls.";
+
+constexpr const char* kFooter =
+    "A place is LAT,LON[,ALT_M] or the name of a city:\n"
+    "  --at 48.8584,2.2945      --at \"48°51'30\\\"N 2°17'40\\\"E\"\n"
+    "  --at Paris               --at \"Portland, US\"\n"
+    "Times are ISO 8601, local to the zone unless they carry an offset:\n"
+    "  --time 2026-06-21T05:47  --time 2026-06-21T03:47Z  --date 2026-06-21\n"
+    "\n"
+    "Examples:\n"
+    "  zenivo day --at 48.8584,2.2945 --zone Europe/Paris\n"
+    "  zenivo sky --at \"Portland, US\" --json\n"
+    "  zenivo next-milky-way --at -24.6,-70.4\n"
+    "\n"
+    "City names and their time zones: GeoNames (CC BY 4.0).\n"
+    "zenivo COMMAND --help tells more.";
+
+struct Entry {
+  std::unique_ptr<Command> command;
+  CLI::App* app;
+};
+
+int fail(int code, std::string message) {
+  std::replace(message.begin(), message.end(), '\n', ' ');
+  fmt::print(stderr, "zenivo: {}\n", message);
+  return code;
+}
+
+/// The app whose help was asked for, or whose arguments were wrong.
+const CLI::App& chosenApp(const CLI::App& program) {
+  const auto chosen = program.get_subcommands();
+  return chosen.empty() ? program : *chosen.front();
+}
+
+std::string helpCommand(const CLI::App& program) {
+  const CLI::App& chosen = chosenApp(program);
+  return &chosen == &program ? "zenivo --help" : fmt::format("zenivo {} --help", chosen.get_name());
+}
+
+std::vector<Entry> addCommands(CLI::App& program) {
+  std::vector<std::unique_ptr<Command>> commands;
+  commands.push_back(makeSkyCommand());
+  commands.push_back(makeDayCommand());
+  commands.push_back(makePathCommand());
+  commands.push_back(makeMonthCommand());
+  commands.push_back(makeMoonCommand());
+  commands.push_back(makeNextPhaseCommand());
+  commands.push_back(makeNextDarkNightCommand());
+  commands.push_back(makeNextMilkyWayCommand());
+  std::vector<Entry> entries;
+  for (auto& command : commands) {
+    command->addTo(program);
+    CLI::App* app = program.get_subcommands({}).back();
+    entries.push_back({std::move(command), app});
+  }
+  return entries;
+}
+
+void expectKnownCommand(const CLI::App& program, std::string_view name) {
+  constexpr int kMostEdits = 2;
+  if (name.empty() || name.starts_with('-')) return;
+  TextFolder folder;
+  const std::u32string typed = folder.fold(name);
+  std::vector<std::string> similar;
+  for (const CLI::App* command : program.get_subcommands({})) {
+    if (command->get_name() == name) return;
+    const int edits = editDistance(typed, folder.fold(command->get_name()), kMostEdits);
+    const bool isSimilar =
+        edits <= kMostEdits && typed.size() > 2 * static_cast<std::size_t>(edits);
+    if (isSimilar) similar.push_back(command->get_name());
+  }
+  throw InputError(
+      fmt::format("no command named {}{}; see zenivo --help", inQuotes(name), didYouMean(similar)));
+}
+
+std::string answer(CLI::App& program, const std::vector<Entry>& entries, int argc,
+                   const char* const* argv) {
+  if (argc > 1) expectKnownCommand(program, argv[1]);
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    const CLI::App& chosen = chosenApp(program);
+    return chosen.help(&chosen == &program ? "" : "zenivo");
+  } catch (const CLI::CallForVersion&) {
+    return program.version() + "\n";
+  } catch (const CLI::ParseError& error) {
+    throw InputError(fmt::format("{}; see {}", error.what(), helpCommand(program)));
+  }
+  const auto chosen = std::ranges::find_if(entries, [](const Entry& e) { return e.app->parsed(); });
+  if (chosen == entries.end()) throw InputError("a command is missing; see zenivo --help");
+  return chosen->command->run(Terminal::ofStandardOutput());
+}
+
+}  // namespace
+
+int runProgram(int argc, const char* const* argv) {
+  // A reader that goes away is reported like any other failed write.
+  std::signal(SIGPIPE, SIG_IGN);
+  try {
+    CLI::App program(kDescription, "zenivo");
+    program.set_version_flag("--version", "zenivo " ZENIVO_VERSION);
+    program.footer(kFooter);
+    const std::vector<Entry> entries = addCommands(program);
+    writeToStandardOutput(answer(program, entries, argc, argv));
+    return kSuccess;
+  } catch (const InputError& error) {
+    return fail(kBadInput, error.what());
+  } catch (const std::exception& error) {
+    return fail(kFailure, error.what());
+  }
+}
+
+}  // namespace zenivo::cli

@@ -1,0 +1,16 @@
+// The program zenivo.
+
+#pragma once
+
+namespace zenivo::cli {
+
+// Exit codes.
+inline constexpr int kSuccess = 0;
+inline constexpr int kFailure = 1;   ///< something went wrong inside, or the output is lost
+inline constexpr int kBadInput = 2;  ///< the arguments make no sense
+
+/// Runs the command that the arguments name: prints its answer to standard output, or
+/// one line to standard error, and returns the exit code.
+int runProgram(int argc, const char* const* argv);
+
+}  // namespace zenivo::cli

@@ -1,0 +1,67 @@
+// Where and when: the options that the commands share.
+
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "cli/input/Location.h"
+#include "cli/output/Moments.h"
+#include "cli/output/Terminal.h"
+#include "foundation/Calendar.h"
+#include "foundation/Date.h"
+#include "foundation/TimeZone.h"
+
+namespace zenivo::cli {
+
+/// A place and the zone of its clocks.
+struct Scene {
+  Location location;
+  std::string placeName;  ///< of a city that was named; empty for coordinates
+  TimeZone zone;
+  std::string zoneOrigin;  ///< why this zone: "as given", "the city's own", …
+};
+
+/// --at, --zone and --json.
+class SceneOptions {
+ public:
+  void addTo(CLI::App& command);
+
+  bool wantsJson() const { return wantsJson_; }
+
+  /// Finds the place and its zone.  Throws InputError for what cannot be found.
+  Scene resolve() const;
+
+ private:
+  std::string at_;
+  std::string zone_;
+  bool wantsJson_ = false;
+};
+
+/// What a date without a time means.
+enum class BareDate { startOfDay, noon };
+
+/// --time and --date, one of them or none, which is now.
+class MomentOptions {
+ public:
+  explicit MomentOptions(BareDate bareDate) : bareDate_(bareDate) {}
+
+  void addTo(CLI::App& command);
+
+  Date resolve(const TimeZone& zone) const;
+
+ private:
+  BareDate bareDate_;
+  std::string time_;
+  std::string date_;
+};
+
+/// {"latitude": …, "longitude": …, "altitude": …}
+Json placeJson(const Location& location);
+
+/// The lines that head a command's answer: the place, and below it `when` (a day or a moment)
+/// with the zone, its `offset` and where it comes from.
+std::string heading(const Scene& scene, std::string_view when, std::string_view offset,
+                    const Terminal& terminal);
+
+}  // namespace zenivo::cli

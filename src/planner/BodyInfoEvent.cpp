@@ -1,0 +1,24 @@
+#include "planner/BodyInfoEvent.h"
+
+#include <algorithm>
+
+#include "engine/DateEphemeris.h"
+#include "foundation/DateFormatter.h"
+
+namespace zenivo {
+
+void BodyInfoEvent::sortEvents() {
+  std::ranges::stable_sort(subevents, {}, &BodyInfoEvent::mjd);
+}
+
+std::string BodyInfoEvent::timeString() const {
+  return drawEventAtMjd(mjd) ? timeStringFromDate(dateFromModifiedJulianDay(mjd)) : std::string();
+}
+
+double BodyInfoEvent::mjdForSubeventAtPoint(double x, double y) const {
+  const auto found = std::ranges::find_if(
+      subevents, [&](const BodyInfoEvent& event) { return event.frame.contains(x, y); });
+  return found != subevents.end() ? found->mjd : kNotThisDay;
+}
+
+}  // namespace zenivo

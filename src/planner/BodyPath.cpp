@@ -1,0 +1,116 @@
+#include "planner/BodyPath.h"
+
+#include <cmath>
+#include <utility>
+
+#include "engine/Angles.h"
+#include "engine/DateEphemeris.h"
+#include "foundation/DateFormatter.h"
+
+namespace zenivo {
+namespace {
+
+constexpr int kStepsPerHour = 3;
+constexpr double kStepsPerDay = 72;
+constexpr double kStep = 1.0 / kStepsPerDay;
+constexpr double kTolerance = 1e-6;  // of days, far above the rounding of an mjd
+
+std::string labelAt(double mjd) {
+  return timeStringFromDate(dateFromModifiedJulianDay(mjd));
+}
+
+class PathBuilder {
+ public:
+  PathBuilder(ephemeris::PtPlanet& body, double deltaT) : body_(body), deltaT_(deltaT) {}
+
+  void addRise(double mjd, double azimuth, bool breakPath) {
+    BodyPathItem item = itemOnHorizon(mjd, azimuth);
+    item.isRise = true;
+    item.breakPath = breakPath;
+    path_.push_back(std::move(item));
+  }
+
+  void addSet(double mjd, double azimuth) {
+    BodyPathItem item = itemOnHorizon(mjd, azimuth);
+    item.isSet = true;
+    path_.push_back(std::move(item));
+  }
+
+  /// Samples from `first` up to `last` steps from a whole hour.
+  void addSamples(double mainHour, int first, int last) {
+    for (int i = first; i <= last; ++i) {
+      const double mjd = mainHour + i / kStepsPerDay;
+      body_.computePosition(true, mjd, deltaT_);
+      path_.push_back({.azimuth = body_.horizontal().azimuth_ * kDegree,
+                       .elevation = body_.horizontal().elevation_ * kDegree,
+                       .mjd = mjd,
+                       .label = labelAt(mjd),
+                       .isMainPoint = i % kStepsPerHour == 0});
+    }
+  }
+
+  BodyPath takePath() { return std::move(path_); }
+
+ private:
+  static BodyPathItem itemOnHorizon(double mjd, double azimuth) {
+    return {.azimuth = azimuth * kDegree, .mjd = mjd, .label = labelAt(mjd)};
+  }
+
+  ephemeris::PtPlanet& body_;
+  double deltaT_;
+  BodyPath path_;
+};
+
+/// The number of whole steps from one moment up to another, negative backward.
+int stepsUpTo(double from, double to) {
+  return static_cast<int>(std::floor((to - from + kTolerance) * kStepsPerDay));
+}
+
+/// Samples after a rise: from at most a step after it, on the grid of the next
+/// whole hour, up to `end`.
+void addSamplesAfterRise(PathBuilder& builder, double mjdRise, double end) {
+  const double mainHour = modifiedJulianDay(nextMainHour(dateFromModifiedJulianDay(mjdRise)));
+  int first = 0;
+  while (mainHour + first * kStep > mjdRise + kStep) --first;
+  builder.addSamples(mainHour, first, stepsUpTo(mainHour, end));
+}
+
+/// Samples from the start of the day up to a set, on the grid of the whole hour
+/// before it.
+void addSamplesBeforeSet(PathBuilder& builder, double mjdAt0, double mjdSet) {
+  const double mainHour = modifiedJulianDay(previousMainHour(dateFromModifiedJulianDay(mjdSet)));
+  builder.addSamples(mainHour, -stepsUpTo(mjdAt0, mainHour), stepsUpTo(mainHour, mjdSet));
+}
+
+}  // namespace
+
+std::optional<BodyPath> positionPerHourForBody(ephemeris::PtPlanet& body, const LocalDay& day,
+                                               const CelestialBodyEvent& event) {
+  const double mjdTomorrowAt0 = day.dayAfter(1).mjdAt0;
+  const double rise = event.mjdRise();
+  const double set = event.mjdSet();
+  const bool rises = drawEventAtMjd(rise);
+  const bool sets = drawEventAtMjd(set);
+  if (rise == kAlwaysBelow) return std::nullopt;
+
+  PathBuilder builder(body, day.deltaT);
+  if (!rises && !sets) {
+    builder.addSamples(day.mjdAt0, 0, stepsUpTo(day.mjdAt0, mjdTomorrowAt0));
+  } else if (rises && sets && rise < set) {
+    builder.addRise(rise, event.riseAzimuth, false);
+    addSamplesAfterRise(builder, rise, set);
+    builder.addSet(set, event.setAzimuth);
+  } else {
+    if (sets) {
+      addSamplesBeforeSet(builder, day.mjdAt0, set);
+      builder.addSet(set, event.setAzimuth);
+    }
+    if (rises) {
+      builder.addRise(rise, event.riseAzimuth, sets);
+      addSamplesAfterRise(builder, rise, mjdTomorrowAt0);
+    }
+  }
+  return builder.takePath();
+}
+
+}  // namespace zenivo

@@ -1,0 +1,22 @@
+// A day of the observer's zone.
+
+#pragma once
+
+#include "foundation/Date.h"
+
+namespace zenivo {
+
+/// A local day: its midnight (the moment after the gap where a clock change skips it),
+/// the same as mjd, and deltaT then.
+struct LocalDay {
+  explicit LocalDay(Date midnight);
+
+  /// That of a midnight `days` later, counted on the local calendar.
+  LocalDay dayAfter(int days) const;
+
+  Date date;
+  double mjdAt0;
+  double deltaT;
+};
+
+}  // namespace zenivo

@@ -1,0 +1,44 @@
+#include "planner/NeighbouringPhase.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "engine/DateEphemeris.h"
+#include "engine/LocalMonth.h"
+
+namespace zenivo {
+
+const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDate> phases, int day,
+                                              int month) {
+  const auto found = std::ranges::find_if(phases, [&](const PtMoonPhaseWithDate& phase) {
+    const Date date = dateWithPtDateTime(phase.date);
+    return dayValue(date) == day && monthValue(date) == month;
+  });
+  return found != phases.end() ? &*found : nullptr;
+}
+
+std::optional<PtMoonPhaseWithDate> neighbouringPhase(Date date, bool forward, std::int32_t phase) {
+  const auto qualifies = [&](const PtMoonPhaseWithDate& candidate) {
+    const Date moment = dateWithPtDateTime(candidate.date);
+    if (forward ? moment <= date : moment >= date) return false;
+    return phase == kNoMoonPhase ||
+           (candidate.phase == phase && !isDateSameDayAsDate(moment, date));
+  };
+  // A list reaches from the start of its month over nearly two lunations.  Three
+  // months back there is a phase of each kind even when February has none.
+  constexpr int kMonths = 3;
+  for (int i = 0; i <= kMonths; ++i) {
+    const std::vector<PtMoonPhaseWithDate> phases =
+        phasesFromDate(startOfMonth(yearValue(date), monthValue(date) + (forward ? i : -i)));
+    if (forward) {
+      const auto found = std::ranges::find_if(phases, qualifies);
+      if (found != phases.end()) return *found;
+    } else {
+      const auto found = std::find_if(phases.rbegin(), phases.rend(), qualifies);
+      if (found != phases.rend()) return *found;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace zenivo

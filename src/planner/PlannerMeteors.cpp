@@ -1,0 +1,51 @@
+// The session's meteor shower.
+
+#include "engine/DateEphemeris.h"
+#include "planner/BodyPath.h"
+#include "planner/PlannerManager.h"
+
+namespace zenivo {
+
+void PlannerManager::enableMeteorShower(std::int64_t showerId, const std::string& name,
+                                        std::int64_t forYear) {
+  MeteorShowerMapLayerState& layer = mapSettings_.meteorShowerLayer;
+  layer.isVisible = true;
+  layer.selectedMeteorShowerId = showerId;
+  layer.selectedMeteorShowerName = name;
+  layer.selectedYear = forYear;
+  if (!meteorLayer_ && makeMeteorLayer_) meteorLayer_ = makeMeteorLayer_();
+  if (!meteorLayer_) return;
+  meteorLayer_->updateLocation(sun_->getPosition());
+  meteorLayer_->calculateMeteorShowerActivitesForYear(forYear);
+  meteorLayer_->updateMeteorShowerInfo(currentDate_);
+  updateMeteorShowerPositionsPerHour();
+}
+
+void PlannerManager::disableMeteorShower() {
+  mapSettings_.meteorShowerLayer = {};
+  meteorLayer_.reset();
+  updateMeteorShowerPositionsPerHour();
+}
+
+void PlannerManager::updateMeteorShowerLocation() {
+  if (!meteorLayer_) return;
+  meteorLayer_->updateLocation(sun_->getPosition());
+  const std::int64_t shower = mapSettings_.meteorShowerLayer.selectedMeteorShowerId;
+  if (meteorLayer_->realPeakMjd(shower, currentDate_) == 0.0) {
+    meteorLayer_->calculateMeteorShowerActivitesForYear(
+        mapSettings_.meteorShowerLayer.selectedYear);
+  }
+}
+
+void PlannerManager::updateMeteorShowerPositionsPerHour() {
+  meteorShowerPositionsPerHour_.reset();
+  if (!meteorLayer_) return;
+  const LocalDay day(dateWithStartDateTime(currentDate_));
+  ephemeris::PtStar radiant =
+      meteorLayer_->radiant(mapSettings_.meteorShowerLayer.selectedMeteorShowerId, day.mjdAt0);
+  CelestialBodyEvent event;
+  searchRiseTransitSet(event, radiant, day);
+  meteorShowerPositionsPerHour_ = positionPerHourForBody(radiant, day, event);
+}
+
+}  // namespace zenivo

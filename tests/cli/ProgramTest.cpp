@@ -1,0 +1,199 @@
+// The program as a command: its errors, its output, its help and its documentation.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "cli/Zenivo.h"
+#include "support/TemporaryFolder.h"
+
+namespace zenivo::cli {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* kCommands[] = {
+    "sky", "day", "path", "month", "moon", "next-phase", "next-dark-night", "next-milky-way"};
+
+TEST(Program, BadInputIsOneLineAndExitCode2) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", "a command is missing; see zenivo --help"},
+      {"dya --at Paris", "no command named \"dya\"; did you mean \"day\"?"},
+      {"--nonsense", "--nonsense; see zenivo --help"},
+      {"day", "--at is required; see zenivo day --help"},
+      {"day --at", "--at"},
+      {"day --at --json", "--at needs a place"},
+      {"day --at ''", "--at needs a place"},
+      {"day --at Paris --nonsense", "--nonsense; see zenivo day --help"},
+      {"day --at Xqzzy", "no city named \"Xqzzy\" is known"},
+      {"day --at $'Par\\nis\\e[31m\\xff'", "no city named \"Par?is?[31m?\""},
+      {"day --at Springfield", "\"Springfield, Missouri, US\""},
+      {"day --at 91,0", "latitude is not between -90 and 90"},
+      {"day --at Paris --zone Mars/Olympus", "no time zone named \"Mars/Olympus\""},
+      {"day --at Paris --date 2026-02-30", "that month has 28 days"},
+      {"day --at Paris --date 1582-10-15", "the year must be 1583 to 9999"},
+      {"day --at Paris --time 25:00", "write it as in 2026-06-21T05:47"},
+      {"sky --at Paris --time 2026-06-21T25:00", "the hour must be 0 to 23"},
+      {"sky --at Paris --time 2026-03-29T02:30", "the clocks go from 2026-03-29 02:00"},
+      {"day --at Paris --time now --date today", "--time excludes --date"},
+      {"day --at Paris --picture --no-picture", "--picture excludes --no-picture"},
+      {"path --at Paris", "body is required"},
+      {"path mars --at Paris", "mars not in {sun,moon}"},
+      {"path sun --at Paris --csv --json", "--csv and --json exclude each other"},
+      {"month --at Paris --date June", "write it as in 2026-06"},
+      {"moon --at Paris --year 12", "write it as in 2026"},
+      {"next-phase --at Paris --phase half", "half not in {new,first,full,last}"},
+      {"next-dark-night --at Paris --hours 25", "--hours must be"},
+      {"next-dark-night --at Paris --hours nan", "--hours must be"},
+      {"next-dark-night --at Paris --hours many", "--hours"},
+  };
+  for (const auto& [arguments, reason] : cases) {
+    const Outcome outcome = zenivo(arguments);
+    EXPECT_EQ(outcome.exitCode, 2) << arguments;
+    EXPECT_EQ(outcome.output, "") << arguments;
+    EXPECT_THAT(outcome.error, testing::StartsWith("zenivo: ")) << arguments;
+    EXPECT_EQ(linesOf(outcome.error).size(), 1U) << arguments << ": " << outcome.error;
+    EXPECT_THAT(outcome.error, HasSubstr(reason)) << arguments;
+  }
+}
+
+TEST(Program, LostOutputIsAFailure) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"zenivo day --at Paris --json >/dev/full", "No space left on device"},
+      {"zenivo day --at Paris >&-", "Bad file descriptor"},
+      {"(sleep 0.2; zenivo day --at Paris) | true; exit ${PIPESTATUS[0]}", "Broken pipe"},
+      {"zenivo --help >/dev/full", "No space left on device"},
+  };
+  for (const auto& [line, reason] : cases) {
+    const Outcome outcome = shell(line);
+    EXPECT_EQ(outcome.exitCode, 1) << line;
+    EXPECT_THAT(outcome.error, HasSubstr("zenivo: the output cannot be written")) << line;
+    EXPECT_THAT(outcome.error, HasSubstr(reason)) << line;
+  }
+}
+
+TEST(Program, LeavesNoTrace) {
+  const TemporaryFolder home;
+  const std::string variables = "export HOME='" + home.path().string() + "' ZENIVO_HOME='" +
+                                home.path().string() + "' XDG_DATA_HOME='" + home.path().string() +
+                                "'; cd \"$HOME\"; ";
+  for (const char* command : kCommands) {
+    const std::string body = std::string(command) == "path" ? " sun" : "";
+    EXPECT_EQ(shell(variables + "zenivo " + command + body + " --at Paris").exitCode, 0) << command;
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(home.path()));
+}
+
+TEST(Program, ColourAndPictureOnlyOnATerminal) {
+  const std::string day = "zenivo day --at Paris --date 2026-06-21";
+  const Outcome piped = shell(day);
+  EXPECT_THAT(piped.output, Not(HasSubstr("\x1b")));
+  EXPECT_THAT(piped.output, Not(HasSubstr("●")));
+  EXPECT_THAT(shell(day + " --picture").output, HasSubstr("●"));
+
+  // script(1) runs a command on a terminal of its own.
+  const std::string quoted = "'" ZENIVO_PROGRAM "' day --at Paris --date 2026-06-21";
+  const auto onTerminal = [&](const std::string& environment, const std::string& options) {
+    return shell("TERM=xterm " + environment + " script -qec \"" + quoted + options +
+                 "\" /dev/null")
+        .output;
+  };
+  EXPECT_THAT(onTerminal("", ""), testing::AllOf(HasSubstr("\x1b["), HasSubstr("●")));
+  EXPECT_THAT(onTerminal("", " --no-picture"), Not(HasSubstr("●")));
+  EXPECT_THAT(onTerminal("NO_COLOR=1", ""),
+              testing::AllOf(Not(HasSubstr("\x1b[")), HasSubstr("●")));
+  EXPECT_THAT(onTerminal("", " --json"), Not(HasSubstr("\x1b")));
+}
+
+TEST(Program, SaysWhichZoneAndWhy) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"48.8584,2.2945 --zone Europe/Paris", "Europe/Paris, UTC+02:00 (as given)"},
+      {"48.8584,2.2945",
+       "Europe/Paris, UTC+02:00 (of Neuilly-sur-Seine, 3 km away; GeoNames, CC BY 4.0)"},
+      {"Tokyo", "Asia/Tokyo, UTC+09:00 (the city's own)"},
+      {"40,-40", "Etc/GMT+3, UTC-03:00 (nautical, no known place within 200 nautical miles)"},
+      {"-27.11,-109.35", "Pacific/Easter, UTC-06:00 (of"},
+  };
+  for (const auto& [at, zone] : cases) {
+    EXPECT_THAT(zenivo(std::string("day --date 2026-06-21 --at ") + at).output, HasSubstr(zone));
+  }
+  EXPECT_THAT(zenivo("day --at Tokyo").output, HasSubstr("Tokyo, Tōkyō, JP"));
+  EXPECT_THAT(zenivo("day --at Tokyo").output, HasSubstr("GeoNames, CC BY 4.0"));
+}
+
+/// The lines of a text that are commands of the program.
+std::vector<std::string> examplesIn(const std::string& help) {
+  std::vector<std::string> examples;
+  for (const std::string& line : linesOf(help)) {
+    if (line.starts_with("  zenivo ")) examples.push_back(line);
+  }
+  return examples;
+}
+
+TEST(Documentation, ExamplesInTheHelpRun) {
+  std::string all = zenivo("--help").output;
+  for (const char* command : kCommands) {
+    const Outcome help = zenivo(std::string(command) + " --help");
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_THAT(help.output, HasSubstr(std::string("zenivo ") + command + " ")) << command;
+    EXPECT_GE(examplesIn(help.output).size(), 2U) << command;
+    EXPECT_THAT(all, HasSubstr(std::string("  ") + command + " ")) << command;
+    all += help.output;
+  }
+  for (const std::string& example : examplesIn(all)) {
+    const Outcome outcome = shell(example);
+    EXPECT_EQ(outcome.exitCode, 0) << example << ": " << outcome.error;
+    EXPECT_GT(linesOf(outcome.output).size(), 3U) << example;
+  }
+}
+
+/// A command of a document, with the output shown below it.
+struct Transcript {
+  std::string command;
+  std::string output;
+};
+
+/// The lines "$ …" of the fenced blocks.
+std::vector<Transcript> transcriptsIn(const std::string& document) {
+  std::vector<Transcript> transcripts;
+  bool isFenced = false;
+  for (const std::string& line : linesOf(document)) {
+    if (line.starts_with("```")) {
+      isFenced = !isFenced;
+    } else if (isFenced && line.starts_with("$ ")) {
+      transcripts.push_back({line.substr(2), ""});
+    } else if (isFenced && !transcripts.empty()) {
+      transcripts.back().output += line + "\n";
+    }
+  }
+  return transcripts;
+}
+
+TEST(Documentation, CommandsInTheReadmeRun) {
+  const auto transcripts = transcriptsIn(sourceFile("README.md"));
+  int shown = 0;
+  bool namesCheck = false;
+  for (const Transcript& transcript : transcripts) {
+    if (transcript.command.starts_with("./check")) {
+      // The tests do not run themselves: that the command is there is enough.
+      EXPECT_EQ(shell("cd '" ZENIVO_SOURCE "' && test -x check").exitCode, 0);
+      namesCheck = true;
+      continue;
+    }
+    ASSERT_TRUE(transcript.command.starts_with("./zenivo ")) << transcript.command;
+    const Outcome outcome = shell(transcript.command.substr(2));
+    EXPECT_EQ(outcome.exitCode, 0) << transcript.command << ": " << outcome.error;
+    if (transcript.output.empty()) continue;
+    EXPECT_EQ(outcome.output, transcript.output) << transcript.command;
+    ++shown;
+  }
+  EXPECT_TRUE(namesCheck);
+  EXPECT_GE(shown, 1);
+  EXPECT_EQ(shell("test -x '" ZENIVO_SOURCE "/zenivo'").exitCode, 0);
+}
+
+}  // namespace
+}  // namespace zenivo::cli

@@ -1,0 +1,85 @@
+#include "planner/DaySearch.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <initializer_list>
+#include <random>
+
+#include "planner/SessionFixture.h"
+
+namespace zenivo::testing {
+namespace {
+
+class DaySearchTest : public SessionTest {};
+
+/// A sentinel, or a moment in the day's window of 24 hours.
+::testing::AssertionResult isInDay(double mjd, double mjdAt0, double before = 0) {
+  const bool isFine = mjd == kNotThisDay || mjd == kAlwaysAbove || mjd == kAlwaysBelow ||
+                      (mjd >= mjdAt0 - before && mjd <= mjdAt0 + 1);
+  if (isFine) return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure() << mjd << " in the day from " << mjdAt0;
+}
+
+void expectRiseTransitSet(const CelestialBodyEvent& event, const LocalDay& day) {
+  EXPECT_TRUE(isInDay(event.mjdRise(), day.mjdAt0));
+  EXPECT_TRUE(isInDay(event.mjdSet(), day.mjdAt0));
+  EXPECT_TRUE(isInDay(event.mjdTransit(), day.mjdAt0, 0.02));
+  EXPECT_EQ(event.riseAzimuth == kNoAzimuth, !drawEventAtMjd(event.mjdRise()));
+  EXPECT_EQ(event.setAzimuth == kNoAzimuth, !drawEventAtMjd(event.mjdSet()));
+  for (const double azimuth : {event.riseAzimuth, event.setAzimuth}) {
+    EXPECT_TRUE(azimuth == kNoAzimuth || (azimuth >= 0 && azimuth < 360)) << azimuth;
+  }
+}
+
+TEST_F(DaySearchTest, EventsOfRandomPlacesAndDaysLieInTheirDay) {
+  std::mt19937_64 random(2200);
+  std::uniform_real_distribution<double> latitude(-90, 90), longitude(-180, 180);
+  ephemeris::PtSun sun;
+  ephemeris::PtMoon moon;
+  for (int i = 0; i < 10'000 && !HasFailure(); ++i) {
+    double degrees = latitude(random);
+    if (i % 50 == 0) degrees = 90;
+    if (i % 50 == 25) degrees = -90;
+    const PtPosition place(degrees, longitude(random), i % 3 == 0 ? 2000 : 0,
+                           i % 6 == 0 ? 1500 : 0);
+    sun.setPosition(place);
+    moon.setPosition(place);
+    const LocalDay day(dateIn("GMT", 1800, 1, 1 + static_cast<int>(random() % 146'000)));
+    const SunEvent sunEvent = sunEventOfDay(sun, day);
+    expectRiseTransitSet(sunEvent, day);
+    for (const TwilightEvent& twilight :
+         {sunEvent.civilTwilight, sunEvent.nauticalTwilight, sunEvent.astronomicalTwilight,
+          sunEvent.blueHour, sunEvent.goldenHour,
+          sunEvent.astronomicalTwilight2.value_or(TwilightEvent())}) {
+      EXPECT_TRUE(isInDay(twilight.mjdStart(), day.mjdAt0));
+      EXPECT_TRUE(isInDay(twilight.mjdEnd(), day.mjdAt0));
+    }
+    expectRiseTransitSet(moonEventOfDay(moon, day, nullptr), day);
+    EXPECT_FALSE(std::isnan(sun.horizontal().azimuth_) || std::isnan(moon.horizontal().azimuth_));
+  }
+}
+
+// Midsummer at 48.3 degrees north: dusk of June 20 comes after the midnight of summer
+// time, and dusk of the 21st after the next one.  In August there are two dusks in a day.
+TEST_F(DaySearchTest, TwoDusksInADay) {
+  setCachedCalendarTimeZone(zoneNamed("Europe/Paris"));
+  ephemeris::PtSun sun(PtPosition(48.3, -4.5));
+  int days = 0;
+  for (int day = 1; day < 120; ++day) {
+    const LocalDay local(dateIn("Europe/Paris", 2026, 5, day));
+    const SunEvent event = sunEventOfDay(sun, local);
+    const TwilightEvent& twilight = event.astronomicalTwilight;
+    if (!event.astronomicalTwilight2) continue;
+    ++days;
+    EXPECT_LT(twilight.mjdEnd(), twilight.mjdStart());
+    EXPECT_GT(event.astronomicalTwilight2->mjdEnd(), twilight.mjdStart());
+    EXPECT_EQ(event.astronomicalTwilight2->mjdStart(), kAlwaysBelow);
+    EXPECT_EQ(dayValue(dateFromModifiedJulianDay(event.astronomicalTwilight2->mjdEnd())),
+              dayValue(local.date));
+  }
+  EXPECT_EQ(days, 1);
+}
+
+}  // namespace
+}  // namespace zenivo::testing

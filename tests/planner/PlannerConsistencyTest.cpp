@@ -1,0 +1,183 @@
+// Whatever way a session came to where it is, it answers like one put there.
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "foundation/DateFormatter.h"
+#include "planner/SessionFixture.h"
+
+namespace zenivo::testing {
+namespace {
+
+/// A random walk of a session.  Every step is checked against a session put at the
+/// same place, moment and zone directly.
+class Walk {
+ public:
+  Walk(std::uint64_t seed, const ZVObserver& start, const std::string& zone, Date date)
+      : random_(seed), session_(start, zoneNamed(zone), date) {
+    session_->mapSettings().sunLayer.mode = static_cast<int>(seed % 3);
+    session_->mapSettings().moonLayer.mode = static_cast<int>(seed % 2);
+    session_->plannerDidChangeLayersVisiblity();
+  }
+
+  /// False, with the difference reported, when the walk has gone astray.
+  bool step() {
+    const std::string what = takeStep();
+    Session fresh(*session_->getObserver(), session_->currentTimeZone(), session_->currentDate());
+    fresh->mapSettings() = session_->mapSettings();
+    fresh->plannerDidChangeLayersVisiblity();
+    const std::string wanted = stateOf(*fresh);
+    const std::string got = stateOf(*session_);
+    const Coordinate place = session_->getObserver()->coordinate;
+    EXPECT_EQ(got, wanted) << "after " << what << " to "
+                           << iso8601String(session_->currentDate(), session_->currentTimeZone())
+                           << " " << session_->currentTimeZone().name() << " at " << place.latitude
+                           << ", " << place.longitude;
+    return got == wanted;
+  }
+
+ private:
+  template <class Value>
+  const Value& oneOf(const std::vector<Value>& values) {
+    return values[random_() % values.size()];
+  }
+  double between(double low, double high) {
+    return std::uniform_real_distribution<double>(low, high)(random_);
+  }
+
+  std::string takeStep() {
+    switch (random_() % 12) {
+      case 0:
+        return changePlace();
+      case 1:
+        return changeZone();
+      case 2:
+        return jump();
+      case 3:
+        session_->setCurrentDate(session_->mwDateThreshold());
+        return "the threshold";
+      case 4:
+        return raiseObserver();
+      default:
+        return changeMoment();
+    }
+  }
+
+  std::string changeMoment() {
+    static const std::vector<double> kHours{1.0 / 60,      1.0 / 3, 5,  12,   23,
+                                            24 - 1.0 / 60, 24,      25, 71.5, 740};
+    const double hours = oneOf(kHours) * (random_() % 2 == 0 ? 1 : -1);
+    session_->setCurrentDate(session_->currentDate().dateByAddingTimeInterval(hours * 3600));
+    return fmt::format("{} hours", hours);
+  }
+
+  std::string changePlace() {
+    const Coordinate here = session_->getObserver()->coordinate;
+    const std::vector<Coordinate> places{
+        {std::clamp(here.latitude + between(-0.005, 0.005), -90.0, 90.0), here.longitude},
+        {between(-90, 90), between(-180, 180)},
+        {between(60, 90), between(-180, 180)},
+        {90, 0},
+        {-90, 180},
+        {52, -180},
+        here,
+    };
+    session_->setCurrentPosition(oneOf(places), false);
+    return "another place";
+  }
+
+  std::string changeZone() {
+    // Zones whose clocks change at midnight or by half an hour, that skipped a day, at
+    // both ends of the date line, and with odd offsets.
+    static const std::vector<std::string> kZones{
+        "Africa/Cairo",       "America/Santiago", "Asia/Beirut",      "Pacific/Apia",
+        "Pacific/Honolulu",   "Europe/Paris",     "America/St_Johns", "Australia/Lord_Howe",
+        "Pacific/Kiritimati", "Antarctica/Troll", "Asia/Kathmandu",   "Etc/GMT+12"};
+    session_->setCurrentTimeZone(zoneNamed(oneOf(kZones)));
+    return "another zone";
+  }
+
+  std::string jump() {
+    switch (random_() % 4) {
+      case 0:
+        session_->jumpToNextMoonPhase();
+        break;
+      case 1:
+        session_->jumpToPreviousMoonPhase();
+        break;
+      case 2:
+        session_->jumpToNextNewMoonAtTheEndOfAstronomicalTwilight();
+        break;
+      default:
+        session_->jumpToPreviousNewMoonAtTheEndOfAstronomicalTwilight();
+    }
+    return "a jump";
+  }
+
+  std::string raiseObserver() {
+    ZVObserver observer = *session_->getObserver();
+    observer.altitude = static_cast<float>(between(0, 4000));
+    observer.altitudeAtHorizon = 0;
+    observer.adjustForHeightAboveHorizon = random_() % 2 == 0;
+    session_->setObserver(observer);
+    if (random_() % 2 == 0) {
+      session_->setCurrentPosition(observer.coordinate, false);
+    } else {
+      session_->setCurrentDate(session_->currentDate());
+    }
+    return "another altitude";
+  }
+
+  std::mt19937_64 random_;
+  Session session_;
+};
+
+class PlannerConsistency : public SessionTest {};
+
+TEST_F(PlannerConsistency, OfRandomWalks) {
+  std::mt19937_64 random(19950630);
+  for (std::uint64_t seed = 0; seed < 40; ++seed) {
+    const double latitude = std::uniform_real_distribution<double>(-75, 75)(random);
+    const double longitude = std::uniform_real_distribution<double>(-180, 180)(random);
+    const double date = std::uniform_real_distribution<double>(-6.3e9, 6.3e9)(random);
+    Walk walk(seed, ZVObserver(Coordinate{latitude, longitude}), "GMT",
+              Date::withTimeIntervalSinceReferenceDate(std::round(date / 60) * 60));
+    for (int i = 0; i < 25; ++i) {
+      if (!walk.step()) return;
+    }
+  }
+}
+
+TEST_F(PlannerConsistency, AroundOddDays) {
+  struct Start {
+    const char* zone;
+    std::int64_t year;
+    int month, day;
+  };
+  constexpr Start kStarts[] = {
+      {"Pacific/Apia", 2011, 12, 29},       // the 30th was skipped
+      {"Africa/Cairo", 2026, 4, 23},        // the 24th starts at 01:00
+      {"Africa/Cairo", 2026, 10, 29},       // has two hours before midnight
+      {"America/Santiago", 2026, 9, 5},     // the 6th starts at 01:00
+      {"Asia/Beirut", 2026, 3, 28},         // the 29th starts at 01:00
+      {"Australia/Lord_Howe", 2026, 4, 5},  // half an hour longer
+      {"Europe/Paris", 1911, 3, 10},        // from local mean time to Greenwich's
+      {"Asia/Manila", 1844, 12, 30},        // the 31st was skipped
+      {"America/Sitka", 1867, 10, 17},      // had two October 18ths
+  };
+  std::uint64_t seed = 100;
+  for (const Start& start : kStarts) {
+    Walk walk(++seed, ZVObserver(Coordinate{49, 12}), start.zone,
+              dateIn(start.zone, start.year, start.month, start.day, 23, 30));
+    for (int i = 0; i < 20; ++i) {
+      if (!walk.step()) return;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zenivo::testing

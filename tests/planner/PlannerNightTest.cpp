@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+#include "engine/MilkyWay.h"
+#include "planner/SessionFixture.h"
+
+namespace zenivo::testing {
+namespace {
+
+class PlannerNight : public SessionTest {};
+
+TEST_F(PlannerNight, TheNightBelongsToItsEveningUntilMorning) {
+  // La Palma in June: the galactic centre is up all through the dark hours but the last.
+  Session session(ZVObserver(Coordinate{28.76, -17.88}), zoneNamed("Atlantic/Canary"),
+                  dateIn("Atlantic/Canary", 2026, 6, 15, 21));
+  const MilkyWayEvent evening = session->getCurrentMilkyWayEvent();
+  EXPECT_TRUE(drawEventAtMjd(evening.mjdVisibilityFrom));
+  for (const int hour : {23, 24, 28, 30}) {
+    session->setCurrentDate(dateIn("Atlantic/Canary", 2026, 6, 15, hour));
+    const MilkyWayEvent& event = session->getCurrentMilkyWayEvent();
+    EXPECT_EQ(event.mjdVisibilityFrom, evening.mjdVisibilityFrom) << hour;
+    EXPECT_EQ(event.mjdVisibilityTo, evening.mjdVisibilityTo) << hour;
+  }
+  // On the threshold itself the next night has the word.
+  session->setCurrentDate(session->mwDateThreshold());
+  EXPECT_GT(session->getCurrentMilkyWayEvent().mjdVisibilityFrom, evening.mjdVisibilityTo);
+}
+
+TEST_F(PlannerNight, NoDarkNightNoMilkyWay) {
+  for (const auto& [latitude, month] : {std::pair{58.0, 6}, {65.0, 1}, {-70.0, 12}}) {
+    const Session session(ZVObserver(Coordinate{latitude, 0}), TimeZone(),
+                          dateIn("GMT", 2026, month, 20, 22));
+    const MilkyWayEvent& event = session->getCurrentMilkyWayEvent();
+    EXPECT_EQ(event.mjdVisibilityFrom, kAlwaysBelow) << latitude;
+    EXPECT_EQ(event.mjdVisibilityTo, kAlwaysBelow) << latitude;
+    EXPECT_EQ(event.visibilityFromAzimuth, -1) << latitude;
+    EXPECT_EQ(event.visibilityFromElevation, -1) << latitude;
+  }
+}
+
+// Against the sky: inside the window the Sun is below -18 degrees and the centre above
+// the horizon; just outside, one of the two is not so.
+TEST_F(PlannerNight, TheWindowIsDarkAndHasTheCentreUp) {
+  std::mt19937_64 random(266);
+  std::uniform_real_distribution<double> latitude(-60, 55), longitude(-180, 180),
+      date(-3.1e9, 3.1e9);
+  Session session;
+  session->setCurrentTimeZone(TimeZone());
+  int windows = 0;
+  for (int i = 0; i < 300; ++i) {
+    session->setCurrentPosition({latitude(random), longitude(random)}, false);
+    session->setCurrentDate(Date::withTimeIntervalSinceReferenceDate(date(random)));
+    const MilkyWayEvent event = session->getCurrentMilkyWayEvent();
+    const double from = event.mjdVisibilityFrom, to = event.mjdVisibilityTo;
+    if (!drawEventAtMjd(from)) continue;
+    ++windows;
+    ASSERT_LE(from, to);
+    const auto isSeen = [&](double mjd) {
+      session->setCurrentDate(dateFromModifiedJulianDay(mjd, true));
+      return session->getSunPosition().elevation_ < -18 &&
+             session->getMilkyWayPosition().elevation_ > 0;
+    };
+    constexpr double kMargin = 6.0 / 1440;  // right to a couple of minutes
+    if (to - from > 3 * kMargin) {
+      EXPECT_TRUE(isSeen(from + kMargin) && isSeen((from + to) / 2) && isSeen(to - kMargin));
+    }
+    EXPECT_FALSE(isSeen(from - kMargin) && isSeen(to + kMargin));
+  }
+  EXPECT_GT(windows, 150);
+}
+
+// By night the Milky Way's event is that of this night and by day of the coming one,
+// also for who plans a place on the other side of the Earth by the clock at home.
+TEST_F(PlannerNight, TheNightAtHandIsMeantInAnyZone) {
+  std::mt19937_64 random(2894);
+  std::uniform_real_distribution<double> latitude(-45, 45), longitude(-180, 180);
+  Session session;
+  session->setCurrentTimeZone(TimeZone());
+  int nights = 0;
+  for (int i = 0; i < 300; ++i) {
+    session->setCurrentPosition({latitude(random), longitude(random)}, false);
+    const Date date =
+        dateIn("GMT", 2000 + i % 50, 1 + i % 12, 1 + i % 28, 0, static_cast<int>(random() % 1440));
+    session->setCurrentDate(date);
+    const MilkyWayEvent event = session->getCurrentMilkyWayEvent();
+    const bool isDawn =
+        session->getSunPosition().elevation_ < 1 && session->getSunPosition().azimuth_ < 180;
+    const auto look = [&](double hours) {
+      session->setCurrentDate(date.dateByAddingTimeInterval(hours * 3600), true);
+      const double mjd = modifiedJulianDay(session->currentDate());
+      ephemeris::PtSun sun(session->getObserver()->getPtPosition());
+      ephemeris::PtMilkyWay centre(session->getObserver()->getPtPosition());
+      sun.computePosition(true, mjd, 0.0008);
+      centre.computePosition(true, mjd, 0.0008);
+      return std::pair(sun.horizontal().elevation_<-18.5, centre.horizontal().elevation_> 0.5);
+    };
+    if (isDawn && !look(0).first) continue;  // it still belongs to the night before
+    // The middle of what is seen of the first dark hours from now on.
+    double first = -1, last = -1;
+    bool wasDark = false;
+    for (double hours = 0; hours < 24; hours += 0.1) {
+      const auto [isDark, isUp] = look(hours);
+      if (wasDark && !isDark) break;
+      wasDark = isDark;
+      if (!isDark || !isUp) continue;
+      if (first < 0) first = hours;
+      last = hours;
+    }
+    if (first < 0) continue;
+    ++nights;
+    const double seen = modifiedJulianDay(date) + (first + last) / 48;
+    EXPECT_LT(event.mjdVisibilityFrom, seen) << i;
+    EXPECT_GT(event.mjdVisibilityTo, seen) << i;
+  }
+  EXPECT_GT(nights, 150);
+}
+
+// The session's night is the one that the engine finds for a moment alone, where both
+// draw the line between two nights: at noon, and at midnight.
+TEST_F(PlannerNight, AgreesWithTheSearchForOneMoment) {
+  std::mt19937_64 random(266);
+  std::uniform_real_distribution<double> latitude(-65, 65), offset(-7, 7);
+  for (int i = 0; i < 200; ++i) {
+    const int zone = i % 23 - 11;  // hours west
+    const ZVObserver observer(Coordinate{latitude(random), -15.0 * zone + offset(random)});
+    const std::string name = "Etc/GMT" + std::string(zone < 0 ? "" : "+") + std::to_string(zone);
+    const Session session(observer, zoneNamed(name),
+                          dateIn(name, 2000 + i % 50, 1 + i % 12, 1 + i % 28, 12 * (i % 2)));
+    ephemeris::PtSun sun(observer.getPtPosition());
+    ephemeris::PtMilkyWay milkyWay(observer.getPtPosition());
+    const MilkyWayEvent expected =
+        calculateGalacticCenterVisibility(milkyWay, sun, session->currentDate());
+    const MilkyWayEvent& event = session->getCurrentMilkyWayEvent();
+    EXPECT_NEAR(event.mjdVisibilityFrom, expected.mjdVisibilityFrom, 1e-6) << i;
+    EXPECT_NEAR(event.mjdVisibilityTo, expected.mjdVisibilityTo, 1e-6) << i;
+  }
+}
+
+}  // namespace
+}  // namespace zenivo::testing

@@ -1,0 +1,154 @@
+#include "planner/SessionFixture.h"
+
+#include <fmt/format.h>
+
+#include "foundation/DateFormatter.h"
+
+namespace zenivo::testing {
+namespace {
+
+class StateWriter {
+ public:
+  template <class... Values>
+  void line(std::string_view name, const Values&... values) {
+    text_ += name;
+    (append(values), ...);
+    text_ += '\n';
+  }
+  const std::string& text() const { return text_; }
+
+ private:
+  void append(double value) { text_ += fmt::format(" {:a}", value); }
+  void append(std::int32_t value) { text_ += fmt::format(" {}", value); }
+  void append(bool value) { text_ += value ? " yes" : " no"; }
+  void append(Date value) { append(value.timeIntervalSinceReferenceDate()); }
+  void append(const std::string& value) { text_ += " " + value; }
+  void append(const PtPolar& p) {
+    append(p.azimuth_);
+    append(p.elevation_);
+    append(p.distance_);
+  }
+  void append(const Vector3D& v) {
+    append(v.x());
+    append(v.y());
+    append(v.z());
+  }
+  void append(const TwilightEvent& t) {
+    append(t.mjdStart());
+    append(t.mjdEnd());
+    append(t.startTimeInterval());
+    append(t.endTimeInterval());
+  }
+
+  std::string text_;
+};
+
+void writeEvent(StateWriter& out, const CelestialBodyEvent& event) {
+  out.line("day", event.date);
+  out.line("  rise", event.mjdRise(), event.riseTimeInterval(), event.riseAzimuth);
+  out.line("  transit", event.mjdTransit(), event.transitTimeInterval());
+  out.line("  set", event.mjdSet(), event.setTimeInterval(), event.setAzimuth);
+}
+
+void writePath(StateWriter& out, const std::optional<BodyPath>& path) {
+  for (const BodyPathItem& item : path.value_or(BodyPath())) {
+    out.line("    path", item.azimuth, item.elevation, item.mjd, item.label, item.isMainPoint,
+             item.isRise, item.isSet, item.breakPath);
+  }
+}
+
+void writeSunEvent(StateWriter& out, const SunEvent& event) {
+  writeEvent(out, event);
+  out.line("  civil", event.civilTwilight);
+  out.line("  nautical", event.nauticalTwilight);
+  out.line("  astronomical", event.astronomicalTwilight);
+  if (event.astronomicalTwilight2) out.line("  astronomical2", *event.astronomicalTwilight2);
+  out.line("  blue", event.blueHour);
+  out.line("  golden", event.goldenHour);
+  writePath(out, event.positionsPerHour);
+}
+
+void writeMoonEvent(StateWriter& out, const MoonEvent& event) {
+  writeEvent(out, event);
+  out.line("  phase", event.phase, event.mjdPhase, event.phaseIllumination, event.isSupermoon);
+  writePath(out, event.positionsPerHour);
+}
+
+void writeNight(StateWriter& out, const MilkyWayEvent& event) {
+  out.line("night");
+  writeEvent(out, event);
+  out.line("  from", event.mjdVisibilityFrom, event.visibilityFromAzimuth,
+           event.visibilityFromElevation);
+  out.line("  to", event.mjdVisibilityTo, event.visibilityToAzimuth, event.visibilityToElevation);
+}
+
+void writePositions(StateWriter& out, const PlannerManager& session) {
+  out.line("sun", session.getSunPosition(), session.getSunAngularDiameter(),
+           session.sunDeclination(), session.getSunShadowLength());
+  out.line("moon", session.getMoonPosition(), session.getMoonAngularDiameter(),
+           session.getMoonShadowLength());
+  const MoonPhase& phase = session.getMoonPhase();
+  out.line("phase", phase.phase_, phase.phase_angle_, phase.waxing_, phase.parallactic_angle_,
+           phase.zenith_angle_, phase.moon_phase_type_);
+  const PtMilkyWayPosition& centre = session.getMilkyWayPosition();
+  out.line("milkyWay", centre.azimuth_, centre.elevation_, centre.gc_, centre.east_,
+           centre.gc_max_angle_, centre.gc_max_angle_azimuth_, centre.gc_angle_);
+}
+
+}  // namespace
+
+std::string stateOf(const PlannerManager& session) {
+  StateWriter out;
+  out.line("date", session.currentDate(), session.currentTimeZone().name());
+  writePositions(out, session);
+  for (const SunEvent& event : session.sunEvents()) writeSunEvent(out, event);
+  for (const MoonEvent& event : session.moonEvents()) writeMoonEvent(out, event);
+  for (const auto& event : session.getEventSorter().sortedEvents()) {
+    out.line("event", event.interval, static_cast<std::int32_t>(event.type));
+  }
+  for (const PtMoonPhaseWithDate& phase : session.moonMonthPhases()) {
+    out.line("monthPhase", phase.phase, getMjd(phase.date));
+  }
+  out.line("threshold", session.mwDateThreshold());
+  writeNight(out, session.getCurrentMilkyWayEvent());
+  return out.text();
+}
+
+TimeZone zoneNamed(const std::string& name) {
+  return TimeZone::timeZoneWithName(name).value();
+}
+
+Date dateIn(const std::string& zone, std::int64_t year, int month, int day, int hour, int minute) {
+  return Calendar(zoneNamed(zone))
+      .dateFromComponents(
+          {.year = year, .month = month, .day = day, .hour = hour, .minute = minute});
+}
+
+Session::Session(PlannerSides sides) {
+  sides.sun = std::make_unique<CountingBody<ephemeris::PtSun>>(sunWork);
+  sides.moon = std::make_unique<CountingBody<ephemeris::PtMoon>>(moonWork);
+  manager = std::make_unique<PlannerManager>(defaults, std::move(sides));
+  manager->setDelegate(delegate);
+}
+
+Session::Session(const ZVObserver& observer, const TimeZone& zone, Date date, PlannerSides sides)
+    : Session(std::move(sides)) {
+  manager->setObserver(observer);
+  manager->setCurrentTimeZone(zone);
+  manager->setCurrentDate(date);
+  delegate->takeCalls();
+  takeSunWork();
+  takeMoonWork();
+}
+
+SessionTest::SessionTest() {
+  TimeZone::setDefaultTimeZone(TimeZone());
+  setCachedCalendarTimeZone(TimeZone());
+  setSharedFormattersTimeZone(TimeZone());
+}
+
+SessionTest::~SessionTest() {
+  TimeZone::setDefaultTimeZone(TimeZone::systemTimeZone());
+}
+
+}  // namespace zenivo::testing

@@ -1,0 +1,285 @@
+#include "planner/SunEvent.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <random>
+
+#include "engine/Angles.h"
+#include "planner/DaySearch.h"
+#include "planner/SessionFixture.h"
+
+namespace zenivo::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+constexpr double kMidnight = 60000;  // mjd of 2023-02-25
+
+double at(int hour, int minute = 0) {
+  return kMidnight + (hour + minute / 60.0) / 24;
+}
+
+constexpr std::array kLightTypes{LightType::civil, LightType::nautical, LightType::astronomical,
+                                 LightType::blueHour, LightType::goldenHour};
+
+class SunEventTest : public SessionTest {};
+
+/// A day of a middle latitude.
+SunEvent plainDay() {
+  SunEvent day;
+  day.astronomicalTwilight = TwilightEvent(at(4), at(20));
+  day.nauticalTwilight = TwilightEvent(at(4, 40), at(19, 20));
+  day.civilTwilight = TwilightEvent(at(5, 20), at(18, 40));
+  day.blueHour = TwilightEvent(at(18, 30), at(5, 30));
+  day.goldenHour = TwilightEvent(at(17, 30), at(6, 30));
+  day.setMjdRise(at(6));
+  day.setMjdSet(at(18));
+  return day;
+}
+
+TEST_F(SunEventTest, IntervalsOfAPlainDay) {
+  const SunEvent day = plainDay();
+  const std::array<TwilightIntervals, 5> intervals{
+      day.civilTwilightIntervals(), day.nauticalTwilightIntervals(),
+      day.astronomicalTwilightIntervals(), day.blueHourIntervals(), day.goldenHourIntervals()};
+  const std::array<std::array<const char*, 2>, 5> expected{{{"05:20 - 06:00", "18:00 - 18:40"},
+                                                            {"04:40 - 05:20", "18:40 - 19:20"},
+                                                            {"04:00 - 04:40", "19:20 - 20:00"},
+                                                            {"05:20 - 05:30", "18:30 - 18:40"},
+                                                            {"05:30 - 06:30", "17:30 - 18:30"}}};
+  for (std::size_t i = 0; i < intervals.size(); ++i) {
+    EXPECT_EQ(intervals[i].firstInterval, expected[i][0]);
+    EXPECT_EQ(intervals[i].secondInterval, expected[i][1]);
+  }
+  EXPECT_EQ(intervals[0].mjdFirstInterval, at(5, 20));
+  EXPECT_EQ(intervals[0].mjdSecondInterval, at(18));
+}
+
+TEST_F(SunEventTest, IntervalsOfOddDays) {
+  struct Case {
+    const char* what;
+    TwilightEvent civil;
+    double rise, set;
+    const char *first, *second;
+    double mjdFirst, mjdSecond;
+  };
+  const Case kCases[] = {
+      {"no set",
+       {at(5), kNotThisDay},
+       at(6),
+       kNotThisDay,
+       "05:00 - 06:00",
+       "",
+       at(5),
+       kAlwaysBelow},
+      {"set, and twilight into the night",
+       {at(5), kNotThisDay},
+       at(6),
+       at(23),
+       "05:00 - 06:00",
+       "23:00 - ...",
+       at(5),
+       at(23)},
+      {"twilight from the night before",
+       {kNotThisDay, at(0, 30)},
+       kNotThisDay,
+       kNotThisDay,
+       "... - 00:30",
+       "",
+       at(0, 30),
+       kAlwaysBelow},
+      {"short summer night",
+       {at(2), at(0, 30)},
+       at(3),
+       at(23),
+       "... - 00:30 | 02:00 - 03:00 | 23:00 - ...",
+       "",
+       at(0, 30),
+       kAlwaysBelow},
+      {"twilight all through the night",
+       {kAlwaysAbove, kAlwaysAbove},
+       at(2),
+       at(22),
+       "... - 02:00",
+       "22:00 - ...",
+       at(2),
+       at(22)},
+      {"twilight at noon only",
+       {at(10), at(14)},
+       kAlwaysBelow,
+       kAlwaysBelow,
+       "10:00 - 14:00",
+       "",
+       at(10),
+       kAlwaysBelow},
+      {"twilight all day long",
+       {kAlwaysAbove, kAlwaysAbove},
+       kAlwaysBelow,
+       kAlwaysBelow,
+       "... - ...",
+       "",
+       kAlwaysBelow,
+       kAlwaysBelow},
+      {"midnight Sun",
+       {kAlwaysAbove, kAlwaysAbove},
+       kAlwaysAbove,
+       kAlwaysAbove,
+       "",
+       "",
+       kAlwaysBelow,
+       kAlwaysBelow},
+      {"deep polar night",
+       {kAlwaysBelow, kAlwaysBelow},
+       kAlwaysBelow,
+       kAlwaysBelow,
+       "",
+       "",
+       kAlwaysBelow,
+       kAlwaysBelow},
+  };
+  for (const Case& c : kCases) {
+    SunEvent day;
+    day.civilTwilight = c.civil;
+    day.setMjdRise(c.rise);
+    day.setMjdSet(c.set);
+    const TwilightIntervals intervals = day.twilightIntervalForLightType(LightType::civil);
+    EXPECT_EQ(intervals.firstInterval, c.first) << c.what;
+    EXPECT_EQ(intervals.secondInterval, c.second) << c.what;
+    EXPECT_EQ(intervals.mjdFirstInterval, c.mjdFirst) << c.what;
+    EXPECT_EQ(intervals.mjdSecondInterval, c.mjdSecond) << c.what;
+  }
+}
+
+TEST_F(SunEventTest, ASecondDuskClosesTheEvening) {
+  SunEvent day = plainDay();
+  day.astronomicalTwilight = TwilightEvent(at(2), at(0, 20));
+  EXPECT_EQ(day.astronomicalTwilightIntervals().firstInterval,
+            "... - 00:20 | 02:00 - 04:40 | 19:20 - ...");
+  day.astronomicalTwilight2 = TwilightEvent(kAlwaysBelow, at(23, 55));
+  EXPECT_EQ(day.astronomicalTwilightIntervals().firstInterval,
+            "... - 00:20 | 02:00 - 04:40 | 19:20 - 23:55");
+}
+
+TEST_F(SunEventTest, TheSpanOfAMoment) {
+  const SunEvent day = plainDay();
+  const double tomorrow = kMidnight + 1;
+  const auto span = [&](const SunEvent& today, double mjd,
+                        const std::vector<LightTypeEvent>& before,
+                        const std::vector<LightTypeEvent>& after) {
+    return today.currentEventForLightType(LightType::civil, mjd, before, after, kMidnight,
+                                          tomorrow);
+  };
+  EXPECT_EQ(span(day, at(5, 40), {}, {}), TwilightEvent(at(5, 20), at(6)));
+  EXPECT_EQ(span(day, at(5, 19), {}, {}), std::nullopt);
+  EXPECT_EQ(span(day, at(12), {}, {}), std::nullopt);
+  EXPECT_EQ(span(day, at(19), {}, {}), std::nullopt);
+
+  // A summer night: the evening's twilight reaches over midnight.
+  SunEvent summer;
+  summer.civilTwilight = TwilightEvent(at(2), at(0, 30));
+  summer.setMjdRise(at(3));
+  summer.setMjdSet(at(23));
+  const std::vector<LightTypeEvent> yesterday{{false, at(-21)}, {true, at(-1)}};
+  const std::vector<LightTypeEvent> tomorrows{{false, at(24, 28)}, {true, at(26)}};
+  EXPECT_EQ(span(summer, at(0, 10), yesterday, tomorrows), TwilightEvent(at(-1), at(0, 30)));
+  EXPECT_EQ(span(summer, at(23, 30), yesterday, tomorrows), TwilightEvent(at(23), at(24, 28)));
+  // A neighbour without the other half: the day's limits stand in.
+  EXPECT_EQ(span(summer, at(0, 10), {}, {}), TwilightEvent(kMidnight, at(0, 30)));
+  EXPECT_EQ(span(summer, at(23, 30), {}, {}), TwilightEvent(at(23), tomorrow));
+
+  SunEvent allDay;
+  allDay.civilTwilight = TwilightEvent(kAlwaysAbove, kAlwaysAbove);
+  allDay.setMjdRise(kAlwaysBelow);
+  allDay.setMjdSet(kAlwaysBelow);
+  EXPECT_EQ(span(allDay, at(12), {}, {}), TwilightEvent(kMidnight, tomorrow));
+  EXPECT_EQ(span(allDay, at(12), yesterday, tomorrows), TwilightEvent(at(-1), at(24, 28)));
+}
+
+// The spans against the Sun itself: over random places and days a moment lies in a span
+// of a light when, and only when, the Sun stands between the limits of that light.
+TEST_F(SunEventTest, SpansAreWhereTheSunIs) {
+  std::mt19937_64 random(90);
+  std::uniform_real_distribution<double> latitude(-90, 90), longitude(-180, 180);
+  int spans = 0;
+  for (int i = 0; i < 150; ++i) {
+    const PtPosition place(latitude(random), longitude(random));
+    const int day = static_cast<int>(random() % 70000);
+    ephemeris::PtSun sun(place);
+    std::array<SunEvent, 3> days;
+    for (int d = 0; d < 3; ++d) {
+      days[static_cast<std::size_t>(d)] =
+          sunEventOfDay(sun, LocalDay(dateIn("GMT", 1900, 1, 1 + day + d)));
+    }
+    const LocalDay today(dateIn("GMT", 1900, 1, 1 + day + 1));
+    sun.computePosition(true, today.mjdAt0, today.deltaT);
+    const double horizon =
+        std::asin(sun.sinRiseAltitude(false, 0, sun.horizontal().distance_)) / kDegree;
+    const std::array<std::array<double, 2>, 5> limits{
+        {{-6, horizon}, {-12, -6}, {-18, -12}, {-6, -4}, {-4, 6}}};
+    for (int sample = 0; sample < 96; ++sample) {
+      const double hour = 0.125 + sample / 4.0;
+      const double mjd = today.mjdAt0 + hour / 24;
+      const double elevation =
+          std::asin(sun.sinAltitude(today.mjdAt0, today.deltaT, hour)) / kDegree;
+      for (const LightType light : kLightTypes) {
+        const auto [low, high] = limits[static_cast<std::size_t>(light)];
+        if (std::abs(elevation - low) < 0.1 || std::abs(elevation - high) < 0.1) continue;
+        const auto span = days[1].currentEventForLightType(
+            light, mjd, days[0].eventsForLightType(light), days[2].eventsForLightType(light),
+            today.mjdAt0, today.mjdAt0 + 1);
+        const bool expected = elevation > low && elevation < high;
+        EXPECT_EQ(span.has_value(), expected)
+            << "latitude " << place.latitude << " day " << day << " hour " << hour << " elevation "
+            << elevation << " light " << static_cast<int>(light);
+        if (!span) continue;
+        ++spans;
+        EXPECT_LE(span->mjdStart(), mjd);
+        EXPECT_GE(span->mjdEnd(), mjd);
+      }
+    }
+  }
+  EXPECT_GT(spans, 3000);
+}
+
+TEST_F(SunEventTest, TheDaysChangesOfLight) {
+  const std::vector<BodyInfoEvent> rows = plainDay().eventsArray();
+  std::vector<std::string> lines;
+  for (const BodyInfoEvent& row : rows) {
+    lines.push_back(row.timeString() + " " + row.name + ": " + row.subtitle);
+  }
+  EXPECT_THAT(lines,
+              ElementsAre("04:00 Night: Night ends",
+                          "04:40 Astronomical twilight: Astronomical twilight ends",
+                          "05:20 Nautical twilight: Nautical twilight ends",
+                          "05:30 Blue hour: Blue hour ends", "06:30 Golden hour: Golden hour ends",
+                          "17:30 Daytime: Daytime ends", "18:30 Golden hour: Golden hour ends",
+                          "18:40 Blue hour: Blue hour ends\nCivil twilight ends",
+                          "19:20 Nautical twilight: Nautical twilight ends",
+                          "20:00 Astronomical twilight: Astronomical twilight ends"));
+  EXPECT_EQ(rows[0].bodyColor, colorForSunElevation(-30));
+  EXPECT_EQ(rows[5].bodyColor, colorForSunElevation(30));
+  EXPECT_TRUE(SunEvent().eventsArray().empty());
+}
+
+TEST_F(SunEventTest, RowsFindTheirPartsUnderAFinger) {
+  BodyInfoEvent row;
+  for (const double x : {20.0, 0.0, 10.0}) {
+    BodyInfoEvent part;
+    part.mjd = kMidnight + x;
+    part.frame = {x, 5, 10, 10};
+    row.addSubevent(part);
+  }
+  row.sortEvents();
+  EXPECT_EQ(row.subevents[0].mjd, kMidnight);
+  EXPECT_EQ(row.mjdForSubeventAtPoint(10, 5), kMidnight + 10);
+  EXPECT_EQ(row.mjdForSubeventAtPoint(29.9, 14.9), kMidnight + 20);
+  EXPECT_EQ(row.mjdForSubeventAtPoint(30, 5), kNotThisDay);
+  EXPECT_EQ(row.mjdForSubeventAtPoint(10, 4.9), kNotThisDay);
+  EXPECT_EQ(row.timeString(), "");
+}
+
+}  // namespace
+}  // namespace zenivo::testing
