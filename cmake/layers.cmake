@@ -7,6 +7,9 @@ set(ZENIVO_LAYERS
   store/sqlite
   store
   app/settings
+  store/sqlite
+  store
+  data/stores
   engine
   map/layers
   map/lines
@@ -23,6 +26,9 @@ set(ZENIVO_LAYER_foundation  "")
 set(ZENIVO_LAYER_store/sqlite "")
 set(ZENIVO_LAYER_store       foundation store/sqlite)
 set(ZENIVO_LAYER_app/settings foundation)
+set(ZENIVO_LAYER_store/sqlite "")
+set(ZENIVO_LAYER_store       foundation store/sqlite)
+set(ZENIVO_LAYER_data/stores foundation store)
 set(ZENIVO_LAYER_engine      foundation)
 set(ZENIVO_LAYER_map/layers  foundation)
 set(ZENIVO_LAYER_map/lines   foundation engine)
