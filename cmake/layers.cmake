@@ -7,8 +7,6 @@ set(ZENIVO_LAYERS
   store/sqlite
   store
   app/settings
-  store/sqlite
-  store
   data/stores
   engine
   map/layers
@@ -22,21 +20,20 @@ set(ZENIVO_LAYERS
   cli
 )
 
-set(ZENIVO_LAYER_foundation  "")
+set(ZENIVO_LAYER_foundation   "")
 set(ZENIVO_LAYER_store/sqlite "")
-set(ZENIVO_LAYER_store       foundation store/sqlite)
+set(ZENIVO_LAYER_store        foundation store/sqlite)
 set(ZENIVO_LAYER_app/settings foundation)
-set(ZENIVO_LAYER_store/sqlite "")
-set(ZENIVO_LAYER_store       foundation store/sqlite)
-set(ZENIVO_LAYER_data/stores foundation store)
-set(ZENIVO_LAYER_engine      foundation)
-set(ZENIVO_LAYER_map/layers  foundation)
-set(ZENIVO_LAYER_map/lines   foundation engine)
-set(ZENIVO_LAYER_ar          foundation map/lines)
-set(ZENIVO_LAYER_eclipses    foundation app/settings engine map/lines)
-set(ZENIVO_LAYER_find        foundation app/settings engine map/lines)
-set(ZENIVO_LAYER_planner     foundation app/settings engine map/layers map/lines ar eclipses)
-set(ZENIVO_LAYER_cli/input   foundation engine)
-set(ZENIVO_LAYER_cli/output  foundation engine)
+set(ZENIVO_LAYER_data/stores  foundation store)
+set(ZENIVO_LAYER_engine       foundation)
+set(ZENIVO_LAYER_map/layers   foundation)
+set(ZENIVO_LAYER_map/lines    foundation engine)
+set(ZENIVO_LAYER_ar           foundation map/lines)
+set(ZENIVO_LAYER_eclipses     foundation app/settings engine map/lines)
+set(ZENIVO_LAYER_find         foundation app/settings engine map/lines)
+set(ZENIVO_LAYER_planner
+  foundation app/settings engine map/layers map/lines ar eclipses)
+set(ZENIVO_LAYER_cli/input    foundation engine)
+set(ZENIVO_LAYER_cli/output   foundation engine)
 set(ZENIVO_LAYER_cli
   foundation app/settings engine map/layers map/lines ar eclipses planner cli/input cli/output)
