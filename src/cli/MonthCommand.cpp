@@ -91,12 +91,11 @@ std::string monthText(const Month& month, const Terminal& terminal) {
   const TimeZone& zone = month.scene.zone;
   const DateFormatter title("%B %E4Y", zone);
   const DateFormatter dayOfMonth("%a %e", zone);
-  const DayClock& first = month.days.front().clock;
-  const DayClock& last = month.days.back().clock;
-  const std::string offset =
-      first.offset() == last.offset() ? first.offset() : first.offset() + " to " + last.offset();
+  const Date start = month.days.front().clock.start();
+  const Date end = month.days.back().clock.end();
   std::string text =
-      heading(month.scene, title.stringFromDate(first.start()), offset, terminal) + "\n";
+      heading(month.scene, title.stringFromDate(start), offsetTitle(start, end, zone), terminal) +
+      "\n";
   for (const MonthPhase& phase : month.phases) {
     text += fmt::format("  {:<13}  {}\n", phaseName(phase.phase), momentTitle(phase.mjd, zone));
   }

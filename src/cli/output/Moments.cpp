@@ -65,6 +65,13 @@ std::string offsetTitle(Date date, const TimeZone& zone) {
   return offsetText(zone.secondsFromGMTForDate(date));
 }
 
+std::string offsetTitle(Date start, Date end, const TimeZone& zone) {
+  const int first = zone.secondsFromGMTForDate(start);
+  const int last = zone.secondsFromGMTForDate(end.dateByAddingTimeInterval(-1));
+  return first == last ? offsetText(first)
+                       : fmt::format("{}, then {}", offsetText(first), offsetText(last));
+}
+
 DayClock::DayClock(const DateComponents& day, TimeZone zone)
     : calendar_(std::move(zone)),
       day_{.year = day.year, .month = day.month, .day = day.day},
@@ -83,10 +90,7 @@ std::string DayClock::time(double mjd) const {
 }
 
 std::string DayClock::offset() const {
-  const int first = zone().secondsFromGMTForDate(start_);
-  const int last = zone().secondsFromGMTForDate(end_.dateByAddingTimeInterval(-1));
-  return first == last ? offsetText(first)
-                       : fmt::format("{}, then {}", offsetText(first), offsetText(last));
+  return offsetTitle(start_, end_, zone());
 }
 
 }  // namespace zenivo::cli

@@ -32,6 +32,10 @@ std::string momentTitle(double mjd, const TimeZone& zone);
 /// "UTC+02:00", with seconds only where the offset has some.
 std::string offsetTitle(Date date, const TimeZone& zone);
 
+/// The same for a span of time; two when the clocks change between its ends:
+/// "UTC+01:00, then UTC+02:00".
+std::string offsetTitle(Date start, Date end, const TimeZone& zone);
+
 /// The clock of one local day, to the nearest minute.
 class DayClock {
  public:
