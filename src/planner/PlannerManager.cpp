@@ -13,7 +13,8 @@ namespace {
 
 template <class Body>
 std::unique_ptr<Body> givenOrNew(std::unique_ptr<Body> given) {
-  return given ? std::move(given) : std::make_unique<Body>();
+  if (!given) given = std::make_unique<Body>();
+  return given;
 }
 
 /// The zone of everything that reads or writes local times.
@@ -136,6 +137,7 @@ void PlannerManager::moveObserver(const Coordinate& position, bool resetHorizonI
 void PlannerManager::setObserver(const ZVObserver& observer) {
   MapManager::setObserver(observer);
   refreshBodies();
+  updateMagneticDeclination();
   resetEventArrays();
 }
 

@@ -28,6 +28,29 @@ TEST_F(PlannerNight, TheNightBelongsToItsEveningUntilMorning) {
   EXPECT_GT(session->getCurrentMilkyWayEvent().mjdVisibilityFrom, evening.mjdVisibilityTo);
 }
 
+// Also where dusk comes shortly before or after midnight, or both on one day.
+TEST_F(PlannerNight, MidnightDoesNotChangeTheNight) {
+  int secondDusks = 0;
+  Session session;
+  session->setCurrentTimeZone(zoneNamed("Europe/Paris"));
+  for (const double latitude : {30.0, 45.0, 47.5, 48.3}) {
+    session->setCurrentPosition({latitude, -4.5}, false);
+    for (int day = 1; day < 120; ++day) {
+      session->setCurrentDate(dateIn("Europe/Paris", 2026, 5, day, 23, 59), true);
+      const bool hasDusk =
+          drawEventAtMjd(session->getCurrentSunEvent()->astronomicalTwilight.mjdEnd());
+      secondDusks += session->getCurrentSunEvent()->astronomicalTwilight2.has_value();
+      const MilkyWayEvent before = session->getCurrentMilkyWayEvent();
+      session->setCurrentDate(dateIn("Europe/Paris", 2026, 5, day, 24, 1), true);
+      const MilkyWayEvent& after = session->getCurrentMilkyWayEvent();
+      if (!hasDusk) continue;
+      EXPECT_EQ(before.mjdVisibilityFrom, after.mjdVisibilityFrom) << latitude << " " << day;
+      EXPECT_EQ(before.mjdVisibilityTo, after.mjdVisibilityTo) << latitude << " " << day;
+    }
+  }
+  EXPECT_GE(secondDusks, 2);
+}
+
 TEST_F(PlannerNight, NoDarkNightNoMilkyWay) {
   for (const auto& [latitude, month] : {std::pair{58.0, 6}, {65.0, 1}, {-70.0, 12}}) {
     const Session session(ZVObserver(Coordinate{latitude, 0}), TimeZone(),
