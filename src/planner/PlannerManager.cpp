@@ -71,7 +71,8 @@ const MoonEvent* PlannerManager::getCurrentMoonEvent() const {
 
 void PlannerManager::setCurrentDate(Date date, bool refreshOnlyDate) {
   if (!std::isfinite(date.timeIntervalSinceReferenceDate())) return;
-  if (date == currentDate_ && !sunEvents_.empty()) return;
+  const bool hasPositions = refreshOnlyDate || positionsDate_ == date;
+  if (date == currentDate_ && !sunEvents_.empty() && hasPositions) return;
   const Date oldDate = std::exchange(currentDate_, date);
   resetMjdEclipseEvent();
   if (monthValue(oldDate) != monthValue(date) || yearValue(oldDate) != yearValue(date)) {
@@ -139,6 +140,7 @@ void PlannerManager::setObserver(const ZVObserver& observer) {
   refreshBodies();
   updateMagneticDeclination();
   resetEventArrays();
+  positionsDate_.reset();
 }
 
 void PlannerManager::setObstacle(std::shared_ptr<Obstacle> obstacle) {
