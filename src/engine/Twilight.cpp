@@ -13,7 +13,7 @@ AstronomicalTwilight calculateAstronomicalTwilight(ephemeris::PtSun& sun, double
   AstronomicalTwilight twilight{.start = day.rise, .end = day.set};
   if (day.set < day.rise) {
     const double dusk = sun.riseSet(EventKind::astronomical, atMjd + 0.5, deltaT).set;
-    if (drawEventAtMjd(dusk) && dayValue(dateFromModifiedJulianDay(dusk)) == localDay) {
+    if (drawEventAtMjd(dusk) && dayValue(dateFromModifiedJulianDay(dusk, true)) == localDay) {
       twilight.end2 = dusk;
     }
   }

@@ -12,8 +12,7 @@ namespace {
 
 constexpr int kStepsPerHour = 3;
 constexpr double kStepsPerDay = 72;
-constexpr double kStep = 1.0 / kStepsPerDay;
-constexpr double kTolerance = 1e-6;  // of days, far above the rounding of an mjd
+constexpr double kTolerance = 1e-6;  // days, far above the rounding of midnights
 
 std::string labelAt(double mjd) {
   return timeStringFromDate(dateFromModifiedJulianDay(mjd));
@@ -63,30 +62,29 @@ class PathBuilder {
 
 /// The number of whole steps from one moment up to another, negative backward.
 int stepsUpTo(double from, double to) {
-  return static_cast<int>(std::floor((to - from + kTolerance) * kStepsPerDay));
+  return static_cast<int>(std::floor((to - from) * kStepsPerDay));
 }
 
-/// Samples after a rise: from at most a step after it, on the grid of the next
-/// whole hour, up to `end`.
-void addSamplesAfterRise(PathBuilder& builder, double mjdRise, double end) {
+/// Samples after a rise: the first at most a step after it, on the grid of the next
+/// whole hour, up to `last`.
+void addSamplesAfterRise(PathBuilder& builder, double mjdRise, double last) {
   const double mainHour = modifiedJulianDay(nextMainHour(dateFromModifiedJulianDay(mjdRise)));
-  int first = 0;
-  while (mainHour + first * kStep > mjdRise + kStep) --first;
-  builder.addSamples(mainHour, first, stepsUpTo(mainHour, end));
+  builder.addSamples(mainHour, stepsUpTo(mainHour, mjdRise) + 1, stepsUpTo(mainHour, last));
 }
 
 /// Samples from the start of the day up to a set, on the grid of the whole hour
 /// before it.
 void addSamplesBeforeSet(PathBuilder& builder, double mjdAt0, double mjdSet) {
   const double mainHour = modifiedJulianDay(previousMainHour(dateFromModifiedJulianDay(mjdSet)));
-  builder.addSamples(mainHour, -stepsUpTo(mjdAt0, mainHour), stepsUpTo(mainHour, mjdSet));
+  builder.addSamples(mainHour, -stepsUpTo(mjdAt0 - kTolerance, mainHour),
+                     stepsUpTo(mainHour, mjdSet));
 }
 
 }  // namespace
 
 std::optional<BodyPath> positionPerHourForBody(ephemeris::PtPlanet& body, const LocalDay& day,
                                                const CelestialBodyEvent& event) {
-  const double mjdTomorrowAt0 = day.dayAfter(1).mjdAt0;
+  const double midnight = day.dayAfter(1).mjdAt0 + kTolerance;
   const double rise = event.mjdRise();
   const double set = event.mjdSet();
   const bool rises = drawEventAtMjd(rise);
@@ -95,7 +93,7 @@ std::optional<BodyPath> positionPerHourForBody(ephemeris::PtPlanet& body, const 
 
   PathBuilder builder(body, day.deltaT);
   if (!rises && !sets) {
-    builder.addSamples(day.mjdAt0, 0, stepsUpTo(day.mjdAt0, mjdTomorrowAt0));
+    builder.addSamples(day.mjdAt0, 0, stepsUpTo(day.mjdAt0, midnight));
   } else if (rises && sets && rise < set) {
     builder.addRise(rise, event.riseAzimuth, false);
     addSamplesAfterRise(builder, rise, set);
@@ -107,7 +105,7 @@ std::optional<BodyPath> positionPerHourForBody(ephemeris::PtPlanet& body, const 
     }
     if (rises) {
       builder.addRise(rise, event.riseAzimuth, sets);
-      addSamplesAfterRise(builder, rise, mjdTomorrowAt0);
+      addSamplesAfterRise(builder, rise, midnight);
     }
   }
   return builder.takePath();

@@ -15,6 +15,7 @@ MapManager::MapManager(UserDefaults& userDefaults, GeodesicsFactory geodesicsFac
 
 void MapManager::setObserver(const ZVObserver& observer) {
   observer_ = observer;
+  if (obstacle_) obstacle_->recalculateDataWithObserver(observer);
   recreateBlackPinLine();
 }
 

@@ -24,9 +24,9 @@ std::optional<PtMoonPhaseWithDate> neighbouringPhase(Date date, bool forward, st
     return phase == kNoMoonPhase ||
            (candidate.phase == phase && !isDateSameDayAsDate(moment, date));
   };
-  // A list reaches from the start of its month over nearly two lunations.  Three
-  // months back there is a phase of each kind even when February has none.
-  constexpr int kMonths = 3;
+  // A list reaches from the start of its month over nearly two lunations.  Two months
+  // back there is a phase of each kind even when February has none.
+  constexpr int kMonths = 2;
   for (int i = 0; i <= kMonths; ++i) {
     const std::vector<PtMoonPhaseWithDate> phases =
         phasesFromDate(startOfMonth(yearValue(date), monthValue(date) + (forward ? i : -i)));

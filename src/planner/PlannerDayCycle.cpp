@@ -96,6 +96,7 @@ void PlannerManager::removePathForBody(PlannerBody body) {
 
 void PlannerManager::plannerDidChangeLayersVisiblity() {
   refreshBodyPaths();
+  updateEclipseData();
   calculatePositionsForDate(currentDate_);
 }
 
@@ -104,7 +105,8 @@ void PlannerManager::sortEvents() {
 }
 
 void PlannerManager::recalculateMonthPhases() {
-  moonMonthPhases_ = phasesFromDate(startOfMonthOfDate(currentDate_));
+  moonMonthStart_ = startOfMonthOfDate(currentDate_);
+  moonMonthPhases_ = phasesFromDate(moonMonthStart_);
 }
 
 const PtMoonPhaseWithDate* PlannerManager::getPhaseForDay(int day, int ofMonth) const {
@@ -115,7 +117,7 @@ std::optional<PtMoonPhaseWithDate> PlannerManager::phaseOfDay(const LocalDay& da
   // The list of the month in which the day before lies holds the day's phase also
   // where rounding carries a phase over the midnight between two months.
   const PtDateTime start = startOfMonthOfDate(day.dayAfter(-1).date);
-  const bool isListed = start == startOfMonthOfDate(currentDate_) && !moonMonthPhases_.empty();
+  const bool isListed = start == moonMonthStart_ && !moonMonthPhases_.empty();
   const std::vector<PtMoonPhaseWithDate> otherMonth =
       isListed ? std::vector<PtMoonPhaseWithDate>() : phasesFromDate(start);
   const PtMoonPhaseWithDate* phase = phaseForDayOfMonth(isListed ? moonMonthPhases_ : otherMonth,

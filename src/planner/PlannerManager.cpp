@@ -13,7 +13,8 @@ namespace {
 
 template <class Body>
 std::unique_ptr<Body> givenOrNew(std::unique_ptr<Body> given) {
-  return given ? std::move(given) : std::make_unique<Body>();
+  if (!given) given = std::make_unique<Body>();
+  return given;
 }
 
 /// The zone of everything that reads or writes local times.
@@ -70,7 +71,8 @@ const MoonEvent* PlannerManager::getCurrentMoonEvent() const {
 
 void PlannerManager::setCurrentDate(Date date, bool refreshOnlyDate) {
   if (!std::isfinite(date.timeIntervalSinceReferenceDate())) return;
-  if (date == currentDate_ && !sunEvents_.empty()) return;
+  const bool hasPositions = refreshOnlyDate || positionsDate_ == date;
+  if (date == currentDate_ && !sunEvents_.empty() && hasPositions) return;
   const Date oldDate = std::exchange(currentDate_, date);
   resetMjdEclipseEvent();
   if (monthValue(oldDate) != monthValue(date) || yearValue(oldDate) != yearValue(date)) {
@@ -136,7 +138,9 @@ void PlannerManager::moveObserver(const Coordinate& position, bool resetHorizonI
 void PlannerManager::setObserver(const ZVObserver& observer) {
   MapManager::setObserver(observer);
   refreshBodies();
+  updateMagneticDeclination();
   resetEventArrays();
+  positionsDate_.reset();
 }
 
 void PlannerManager::setObstacle(std::shared_ptr<Obstacle> obstacle) {

@@ -150,8 +150,8 @@ class PlannerManager : public MapManager {
 
   Date currentDate() const { return currentDate_; }
 
-  /// Nothing happens when it is the session's moment already and there are events, or
-  /// when it is no number.  With `refreshOnlyDate` the positions stay those of the moment before.
+  /// Nothing happens when everything is computed for it already, or when it is no number.
+  /// With `refreshOnlyDate` the positions stay those of the moment before.
   void setCurrentDate(Date date, bool refreshOnlyDate = false);
 
   // Jumps.  Each lands on the neighbouring phase and tells the delegate.
@@ -175,7 +175,7 @@ class PlannerManager : public MapManager {
                           bool resetHorizonIfNecessary = true);
 
   /// Stores the observer and drops the events, which follow with the next change of
-  /// moment, place or zone.
+  /// moment, place or zone, and the positions with the next of moment or place.
   void setObserver(const ZVObserver& observer) override;
   void setObstacle(std::shared_ptr<Obstacle> obstacle) override;
 
@@ -350,6 +350,7 @@ class PlannerManager : public MapManager {
   std::vector<SunEvent> sunEvents_;
   std::vector<MoonEvent> moonEvents_;
   TimeIntervalEventSorter eventSorter_;
+  PtDateTime moonMonthStart_;
   std::vector<PtMoonPhaseWithDate> moonMonthPhases_;
   MilkyWayEvent mwEvent_;
   Date mwDateThreshold_;

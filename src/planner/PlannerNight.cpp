@@ -46,6 +46,7 @@ void PlannerManager::recalculateNightData() {
   mwEvent_ = {};
   mwEvent_.setMjdRise(kAlwaysBelow);
   mwEvent_.setMjdSet(kAlwaysBelow);
+  mwEvent_.riseAzimuth = mwEvent_.setAzimuth = kNoAzimuth;
   if (!sunEvents_.empty()) {
     const std::span<const SunEvent, 3> days(sunEvents_.begin(), 3);
     const auto night =
@@ -69,7 +70,7 @@ void PlannerManager::fillMilkyWayEvent(const NightWindow& night) {
   mwEvent_.mjdVisibilityTo = window.to;
 
   const auto placeAt = [&](double mjd) {
-    if (!drawEventAtMjd(mjd)) return PtPolar{.azimuth_ = -1, .elevation_ = -1};
+    if (!drawEventAtMjd(mjd)) return PtPolar{.azimuth_ = kNoAzimuth, .elevation_ = -1};
     milkyWay_->computePosition(true, mjd, deltaT);
     return milkyWay_->horizontal();
   };

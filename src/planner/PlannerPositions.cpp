@@ -8,6 +8,11 @@
 #include "planner/PlannerManager.h"
 
 namespace zenivo {
+namespace {
+
+constexpr double kLongestShadowRatio = 500;
+
+}  // namespace
 
 void PlannerManager::calculatePositionsForDate(Date date) {
   computeBodies(date);
@@ -86,16 +91,13 @@ void PlannerManager::fillTerminatorLine() {
 }
 
 double PlannerManager::getSunShadowRatio() const {
-  constexpr double kLongest = 500;
-  return sunShadowRatio_ > kLongest ? -1.0 : sunShadowRatio_;
+  return sunShadowRatio_ > kLongestShadowRatio ? -1.0 : sunShadowRatio_;
 }
 
 double PlannerManager::getMoonShadowRatio() const {
-  constexpr double kLongest = 500;
-  constexpr double kFullNight = -18;  // degrees
   const bool throwsShadows =
-      moonPhase_.phase_ >= 0.05 && sunPosition_.elevation_ < kFullNight && moonShadowRatio_ >= 0;
-  return throwsShadows && moonShadowRatio_ <= kLongest ? moonShadowRatio_ : -1.0;
+      moonPhase_.phase_ >= 0.05 && sunPosition_.elevation_ < -18 && moonShadowRatio_ >= 0;
+  return throwsShadows && moonShadowRatio_ <= kLongestShadowRatio ? moonShadowRatio_ : -1.0;
 }
 
 double PlannerManager::shadowLength(double ratio) const {

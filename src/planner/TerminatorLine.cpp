@@ -29,7 +29,7 @@ void rotateToSignChange(TerminatorCircle& circle) {
   const bool beginsWest = isWest(circle.front());
   const auto change = std::ranges::find_if(
       circle, [beginsWest](const Coordinate& point) { return isWest(point) != beginsWest; });
-  std::ranges::rotate(circle, change == circle.end() ? circle.begin() : change);
+  if (change != circle.end()) std::rotate(circle.begin(), change, circle.end());
 }
 
 /// Turns and rotates the array so that it runs eastward from the date line.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -57,7 +58,7 @@ void checkPath(const BodyPath& path, const CelestialBodyEvent& event, const Loca
     }
     EXPECT_GE(item.mjd, day.mjdAt0 - 1e-6) << "from midnight";
     if (!isEvent) {
-      EXPECT_LE(item.mjd, mjdTomorrowAt0 + 1e-6) << "to midnight";
+      EXPECT_LE(item.mjd, std::max(mjdTomorrowAt0 + 1e-6, event.mjdSet())) << "to midnight";
     }
     EXPECT_EQ(item.breakPath, item.isRise && hasGap) << "two arcs are not joined";
     EXPECT_EQ(item.label, timeStringFromDate(dateFromModifiedJulianDay(item.mjd)));
@@ -107,6 +108,23 @@ TEST_F(BodyPathTest, PathsOfTheMoon) {
   EXPECT_GT(twoArcs, 50);
   EXPECT_GT(noPaths, 5);
   EXPECT_GT(allDay, 5);
+}
+
+// 03:00 came twice in Chatham on 2036-04-06; a rise at the second 02:51 is followed by
+// the second.  A set on the full 20 minutes has no sample after it.
+TEST_F(BodyPathTest, SamplesStayBetweenRiseAndSet) {
+  useZone("Pacific/Chatham");
+  const LocalDay day(dateIn("Pacific/Chatham", 2036, 4, 6));
+  MoonEvent event;
+  for (const double minutes : {231.0, 220.0, 215.5, 200.0, 185.0}) {
+    for (const double seconds : {-0.05, 0.0, 0.05}) {
+      event.setMjdRise(day.mjdAt0 + minutes / 1440);
+      event.setMjdSet(event.mjdRise() + 10 * kStep + seconds / 86400);
+      const BodyPath path = positionPerHourForBody(moon, day, event).value();
+      checkPath(path, event, day, day.dayAfter(1).mjdAt0, moon);
+      EXPECT_GE(path.size(), 11u);
+    }
+  }
 }
 
 // A path covers all the time that the body is up: samples at the ends of the day when

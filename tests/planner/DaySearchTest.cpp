@@ -81,5 +81,24 @@ TEST_F(DaySearchTest, TwoDusksInADay) {
   EXPECT_EQ(days, 1);
 }
 
+// In summer and autumn dusk comes earlier every evening.  Where it passes over the
+// local midnight, in any second of it, every evening keeps its dusk.
+TEST_F(DaySearchTest, NoDuskIsLostAtMidnight) {
+  for (double longitude = -62; longitude < -55; longitude += 0.05) {
+    ephemeris::PtSun sun(PtPosition(38.5, longitude));
+    std::vector<double> dusks;
+    for (int day = 1; day < 40; ++day) {
+      const SunEvent event = sunEventOfDay(sun, LocalDay(dateIn("GMT", 2003, 8, 10 + day)));
+      for (const double dusk : {event.astronomicalTwilight.mjdEnd(),
+                                event.astronomicalTwilight2.value_or(TwilightEvent()).mjdEnd()}) {
+        if (drawEventAtMjd(dusk)) dusks.push_back(dusk);
+      }
+    }
+    for (std::size_t i = 1; i < dusks.size(); ++i) {
+      EXPECT_NEAR(dusks[i] - dusks[i - 1], 0.9985, 0.001) << longitude;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zenivo::testing

@@ -127,6 +127,7 @@ class Walk {
     if (random_() % 2 == 0) {
       session_->setCurrentPosition(observer.coordinate, false);
     } else {
+      if (random_() % 2 == 0) session_->setCurrentTimeZone(session_->currentTimeZone());
       session_->setCurrentDate(session_->currentDate());
     }
     return "another altitude";

@@ -186,6 +186,30 @@ TEST_F(PlannerDayCycle, PhasesAreListedForTheLocalMonth) {
   EXPECT_EQ(session->getPhaseForDay(8, 6), nullptr);
 }
 
+// A phase in the last seconds of a month is shown at 00:00 of the next, and so on its
+// first day, from wherever the session came there.
+TEST_F(PlannerDayCycle, PhasesInTheLastSecondsOfAMonth) {
+  int found = 0;
+  for (int month = 0; month < 400 * 12; month += 2) {
+    for (const PtMoonPhaseWithDate& phase : phasesFromDate(startOfMonth(1800, month))) {
+      // Seconds before a full hour of a month's last day, where some zone has its midnight.
+      const int zone = 23 - phase.date.hour;
+      const Date noon = dateIn("GMT", phase.date.year, phase.date.month, phase.date.day + 1, 12);
+      if (phase.date.minutes < 59.5 || dayValue(noon) != 1 || zone > 14) continue;
+      const std::string name = "Etc/GMT-" + std::to_string(zone);
+      Session session(ZVObserver(kParis), zoneNamed(name), noon.dateByAddingTimeInterval(-86340));
+      EXPECT_EQ(session->moonEvents()[2].phase, phase.phase);
+      session->setCurrentDate(noon);
+      EXPECT_EQ(session->getCurrentMoonEvent()->phase, phase.phase);
+      const Session fresh(ZVObserver(kParis), zoneNamed(name), noon);
+      EXPECT_EQ(stateOf(*session), stateOf(*fresh));
+      ++found;
+      session->setCurrentTimeZone(TimeZone());
+    }
+  }
+  EXPECT_GT(found, 1);
+}
+
 TEST_F(PlannerDayCycle, PathsFollowTheLayers) {
   Session session(ZVObserver(kParis), TimeZone(), dateIn("GMT", 2026, 2, 1, 8));
   EXPECT_FALSE(session->getCurrentSunEvent()->positionsPerHour);
