@@ -67,8 +67,7 @@ DarkNight nightEndingThisMorning(const DaysAround& days, const AstronomicalTwili
 DarkNight comingNight(const DaysAround& days, const AstronomicalTwilight& today) {
   const AstronomicalTwilight tomorrow = days.twilight(1);
   if (duskBeforeDawn(tomorrow)) return {tomorrow.end, tomorrow.start};
-  // No second dusk is kAlwaysBelow, below everything else.
-  return {std::max(today.end, today.end2), tomorrow.start};
+  return {std::max(today.end, today.end2, mjdIsBefore), tomorrow.start};
 }
 
 }  // namespace
@@ -82,7 +81,7 @@ MilkyWayEvent calculateGalacticCenterVisibility(PtMilkyWay& milkyWay, PtSun& wit
 
   const AstronomicalTwilight today = days.twilight(0);
   if (today.end == kAlwaysBelow || today.start == kAlwaysAbove) return event;
-  const bool beforeMorning = modifiedJulianDay(atDate) < days.morningNauticalTwilight();
+  const bool beforeMorning = mjdIsBefore(modifiedJulianDay(atDate), days.morningNauticalTwilight());
   const DarkNight night =
       beforeMorning ? nightEndingThisMorning(days, today) : comingNight(days, today);
   const VisibilityWindow window =
