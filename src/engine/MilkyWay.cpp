@@ -97,9 +97,9 @@ std::optional<Date> nextDateGalacticCenterIsVisible(PtMilkyWay& milkyWay, PtSun&
   constexpr double kNorthernLimit = 58.0;  // degrees of latitude
   constexpr int kMostDays = 180;
   if (milkyWay.getPosition().latitude > kNorthernLimit) return std::nullopt;
-  Date date = atDate;
   for (int days = 1; days <= kMostDays; ++days) {
-    date = dateByAddingNumberOfDays(date, 1);
+    // Counted from the first date: a gap of the clocks on the way shifts nothing.
+    const Date date = dateByAddingNumberOfDays(atDate, days);
     const MilkyWayEvent event = calculateGalacticCenterVisibility(milkyWay, sun, date);
     if (event.mjdVisibilityFrom != kAlwaysBelow) return date;
   }

@@ -113,6 +113,11 @@ TEST_F(MilkyWay, TheSearchEndsAfterHalfAYearAndNorthOf58Degrees) {
     sun.setPosition(milkyWay.getPosition());
     EXPECT_EQ(nextFrom(march).has_value(), latitude <= 58.0) << latitude;
   }
+
+  // Half past two in the night, which the clocks of Paris skip on March 30.
+  const Date night = observe({"", -85.0, 0.0, "Europe/Paris", {2025, 3, 1}})
+                         .dateByAddingTimeInterval(-9.5 * 3600.0);
+  EXPECT_EQ(hourValue(nextFrom(night).value()), 2);
 }
 
 }  // namespace
