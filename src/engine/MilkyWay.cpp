@@ -67,8 +67,7 @@ DarkNight nightEndingThisMorning(const DaysAround& days, const AstronomicalTwili
 DarkNight comingNight(const DaysAround& days, const AstronomicalTwilight& today) {
   const AstronomicalTwilight tomorrow = days.twilight(1);
   if (duskBeforeDawn(tomorrow)) return {tomorrow.end, tomorrow.start};
-  // No second dusk is kAlwaysBelow, below everything else.
-  return {std::max(today.end, today.end2), tomorrow.start};
+  return {std::max(today.end, today.end2, mjdIsBefore), tomorrow.start};
 }
 
 }  // namespace
@@ -82,7 +81,7 @@ MilkyWayEvent calculateGalacticCenterVisibility(PtMilkyWay& milkyWay, PtSun& wit
 
   const AstronomicalTwilight today = days.twilight(0);
   if (today.end == kAlwaysBelow || today.start == kAlwaysAbove) return event;
-  const bool beforeMorning = modifiedJulianDay(atDate) < days.morningNauticalTwilight();
+  const bool beforeMorning = mjdIsBefore(modifiedJulianDay(atDate), days.morningNauticalTwilight());
   const DarkNight night =
       beforeMorning ? nightEndingThisMorning(days, today) : comingNight(days, today);
   const VisibilityWindow window =
@@ -98,9 +97,9 @@ std::optional<Date> nextDateGalacticCenterIsVisible(PtMilkyWay& milkyWay, PtSun&
   constexpr double kNorthernLimit = 58.0;  // degrees of latitude
   constexpr int kMostDays = 180;
   if (milkyWay.getPosition().latitude > kNorthernLimit) return std::nullopt;
-  Date date = atDate;
   for (int days = 1; days <= kMostDays; ++days) {
-    date = dateByAddingNumberOfDays(date, 1);
+    // Counted from the first date: a gap of the clocks on the way shifts nothing.
+    const Date date = dateByAddingNumberOfDays(atDate, days);
     const MilkyWayEvent event = calculateGalacticCenterVisibility(milkyWay, sun, date);
     if (event.mjdVisibilityFrom != kAlwaysBelow) return date;
   }

@@ -26,6 +26,14 @@ constexpr bool drawEventAtMjd(double mjd) {
   return mjd != kNotThisDay && mjd != kAlwaysAbove && mjd != kAlwaysBelow;
 }
 
+/// Whether `mjd` comes before `other`, of which either may be a sentinel: those
+/// come before every moment, also before the moments until 1858-11-16, whose mjd
+/// are negative.
+constexpr bool mjdIsBefore(double mjd, double other) {
+  const bool isMoment = drawEventAtMjd(mjd);
+  return isMoment == drawEventAtMjd(other) ? mjd < other : !isMoment;
+}
+
 /// Julian centuries since J2000.0, in the time scale of the argument.
 constexpr double julianCenturies(double mjd) {
   return (mjd - kMjdJ2000) / kDaysPerCentury;

@@ -43,8 +43,8 @@ std::string nameForType(MoonDistanceType type);
 /// The apsis number `k`: a perigee where k is whole (0 is that of 1999 December
 /// 22), the apogee after it where k ends in .5.  No other fraction has a meaning.
 /// The dynamical time of the series is given as if it were Universal Time.
-/// Error, 1895 to 2105: apogees 4 minutes, perigees 36 minutes (5 typically), both
-/// a few kilometres.
+/// Error, 1895 to 2105: apogees 4 minutes and 8 kilometres, perigees 36 minutes (5
+/// typically) and 13 kilometres.
 /// Source: Meeus, Astronomical Algorithms, chapter 50, with the arguments of its
 /// first edition.
 PtApogeePerigee moonApsis(double k);

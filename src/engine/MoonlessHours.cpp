@@ -49,8 +49,7 @@ bool isPolarDay(const Day& day, PtSun& sun) {
 /// Dusk in the second half of the day that ends at `nextMidnight`, or kAlwaysBelow.
 double eveningDusk(const AstronomicalTwilight& twilight, double mjdAt0, double nextMidnight) {
   if (!drawEventAtMjd(twilight.end)) return kAlwaysBelow;
-  // kAlwaysBelow, no second dusk, is below every moment.
-  const double dusk = std::max(twilight.end, twilight.end2);
+  const double dusk = std::max(twilight.end, twilight.end2, mjdIsBefore);
   return dusk < (mjdAt0 + nextMidnight) / 2.0 ? kAlwaysBelow : dusk;
 }
 

@@ -95,12 +95,12 @@ VisibilityWindow PtMilkyWay::visibilityWindow(double mjd, double deltaT, double 
   const RiseSet riseAndSet = riseSet(EventKind::riseSet, mjd, deltaT);
   window.rise = riseAndSet.rise;
   window.set = riseAndSet.set;
-  if (window.rise > dawn && window.rise < window.set) {
+  if (mjdIsBefore(dawn, window.rise) && mjdIsBefore(window.rise, window.set)) {
     // It rises after dawn, and was not up before.
     window.rise = kAlwaysBelow;
     window.set = kAlwaysBelow;
   }
-  if (window.set < window.rise) window.rise = mjd;  // up at the start
+  if (mjdIsBefore(window.set, window.rise)) window.rise = mjd;  // up at the start
 
   const bool noNight = dusk == kNotThisDay || dusk == kAlwaysAbove || dawn == kAlwaysAbove;
   if (noNight || window.rise == kAlwaysBelow) return window;
@@ -109,9 +109,9 @@ VisibilityWindow PtMilkyWay::visibilityWindow(double mjd, double deltaT, double 
     window.to = dawn;
     return window;
   }
-  if (window.rise > dawn) return window;
+  if (mjdIsBefore(dawn, window.rise)) return window;
   window.from = window.rise;
-  window.to = window.set > dawn ? dawn : window.set;
+  window.to = mjdIsBefore(dawn, window.set) ? dawn : window.set;
   return window;
 }
 

@@ -15,8 +15,8 @@ class PtSun : public PtPlanet {
   /// Full series: Newcomb's theory, truncated; 3 arcseconds (1950 to 2050).
   /// Fast series: the ellipse alone, an arcminute, latitude 0, at the mean distance.
   ///
-  /// Aberration is left out.  It sets the Sun back by 20.5 arcseconds, a hundredth
-  /// of its diameter; it rises and crosses the meridian 1.4 s early by that.
+  /// Aberration is left out.  Without it the Sun stands 20.5 arcseconds too far
+  /// east, a hundredth of its diameter, and crosses the meridian 1.4 s late.
   /// Source: Montenbruck & Pfleger, Astronomy on the Personal Computer.
   Vector3D eclipticPosition(bool highPrecision, double T) override;
 

@@ -11,7 +11,7 @@ AstronomicalTwilight calculateAstronomicalTwilight(ephemeris::PtSun& sun, double
                                                    double deltaT, int localDay) {
   const RiseSet day = sun.riseSet(EventKind::astronomical, atMjd, deltaT);
   AstronomicalTwilight twilight{.start = day.rise, .end = day.set};
-  if (day.set < day.rise) {
+  if (mjdIsBefore(day.set, day.rise)) {
     const double dusk = sun.riseSet(EventKind::astronomical, atMjd + 0.5, deltaT).set;
     if (drawEventAtMjd(dusk) && dayValue(dateFromModifiedJulianDay(dusk, true)) == localDay) {
       twilight.end2 = dusk;

@@ -104,8 +104,4 @@ int TimeZone::secondsFromGMTForDate(Date date) const {
   return rules_.lookup(wholeSecond(date)).offset;
 }
 
-std::string TimeZone::abbreviationForDate(Date date) const {
-  return rules_.lookup(wholeSecond(date)).abbr;
-}
-
 }  // namespace zenivo

@@ -39,9 +39,6 @@ class TimeZone {
   /// Seconds east of Greenwich at that moment, summer time included.
   int secondsFromGMTForDate(Date date) const;
 
-  /// The zone's abbreviation at that moment, for example "CEST".
-  std::string abbreviationForDate(Date date) const;
-
   const cctz::time_zone& rules() const { return rules_; }
 
   friend bool operator==(const TimeZone& a, const TimeZone& b) { return a.name_ == b.name_; }

@@ -65,8 +65,20 @@ TEST_F(MilkyWay, NightsThatAreHardToPlace) {
       {"clocks put forward", 48.86, 2.35, paris, {2024, 3, 30}},
       {"a southern spring", -54.8, -68.3, "America/Argentina/Ushuaia", {2024, 10, 28}},
       {"below the horizon", 65.0, 25.5, "Europe/Helsinki", {2024, 3, 15}},
+      // Until 1858 every mjd is negative, below the sentinels.
+      {"a negative mjd", 48.86, 2.35, paris, {1830, 5, 10}},
+      {"a negative mjd, a day with two dusks", 48.86, 2.35, "Etc/GMT-2", {1824, 7, 31}},
   };
   for (const NightCase& night : cases) expectWindow(night);
+}
+
+// Where the Sun stays below -12 degrees, no morning ends a night: the coming one
+// counts, in the years of negative mjd, too.
+TEST_F(MilkyWay, AWinterWithoutNauticalTwilight) {
+  for (const int year : {1830, 2030}) {
+    const Date noon = observe({"", -80.0, 0.0, "GMT", {year, 6, 21}});
+    EXPECT_GT(visibilityAt(noon).mjdVisibilityFrom, modifiedJulianDay(noon)) << year;
+  }
 }
 
 // In November the centre is behind the Sun; over the Alps it comes back at the end
@@ -101,6 +113,11 @@ TEST_F(MilkyWay, TheSearchEndsAfterHalfAYearAndNorthOf58Degrees) {
     sun.setPosition(milkyWay.getPosition());
     EXPECT_EQ(nextFrom(march).has_value(), latitude <= 58.0) << latitude;
   }
+
+  // Half past two in the night, which the clocks of Paris skip on March 30.
+  const Date night = observe({"", -85.0, 0.0, "Europe/Paris", {2025, 3, 1}})
+                         .dateByAddingTimeInterval(-9.5 * 3600.0);
+  EXPECT_EQ(hourValue(nextFrom(night).value()), 2);
 }
 
 }  // namespace

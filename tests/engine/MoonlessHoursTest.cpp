@@ -57,6 +57,9 @@ TEST_F(MoonlessHours, NightsThatAreHardToPlace) {
       {"Moon up all day", 69.65, 18.96, "Europe/Oslo", {2024, 12, 15}},
       {"Moon down all day", 69.65, 18.96, "Europe/Oslo", {2024, 12, 30}},
       {"midnight sun", 69.65, 18.96, "Europe/Oslo", {2024, 6, 20}},
+      // Until 1858 every mjd is negative, below the sentinels.
+      {"a negative mjd", 48.86, 2.35, paris, {1830, 3, 24}},
+      {"a negative mjd, a day with two dusks", 48.86, 2.35, "Etc/GMT-2", {1824, 7, 31}},
   };
   for (const NightCase& night : cases) {
     const double hours = hoursOf(night);

@@ -111,8 +111,8 @@ TEST(DecimalYear, LastDays) {
   }
 }
 
-// Observed TT - UT, January 1: Meeus (1998), chapter 10, and IERS.  What the
-// expressions make of 1900 to 1941 is up to 4 s off, and stays so.
+// Observed TT - UT, January 1: Meeus (1998), chapter 10, and IERS.  Between these
+// years the expressions stray, and stay so.
 TEST(DeltaT, NearTheObservedValues) {
   const struct {
     int year;
