@@ -5,13 +5,19 @@
 
 namespace zenivo {
 
-bool registerBundledDefaults(UserDefaults& settings, std::string* error) {
+std::optional<PropertyList::Dictionary> bundledDefaults(std::string* error) {
   const auto file = resourcePath("userDefaults.plist");
   const std::optional<PropertyList> defaults = readPropertyListFile(file, error);
-  if (!defaults) return false;
-  if (defaults->dictionary() == nullptr) return fail(error, file.string() + ": no dictionary");
-  settings.registerDefaults(*defaults->dictionary());
-  return true;
+  if (!defaults) return std::nullopt;
+  if (defaults->dictionary() != nullptr) return *defaults->dictionary();
+  fail(error, file.string() + ": no dictionary");
+  return std::nullopt;
+}
+
+bool registerBundledDefaults(UserDefaults& settings, std::string* error) {
+  const auto defaults = bundledDefaults(error);
+  if (defaults) settings.registerDefaults(*defaults);
+  return defaults.has_value();
 }
 
 }  // namespace zenivo

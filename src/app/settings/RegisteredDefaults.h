@@ -2,15 +2,19 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "foundation/UserDefaults.h"
 
 namespace zenivo {
 
-/// Registers the values of the resource "userDefaults.plist", which are never
-/// stored, with the settings.  False with the reason in `error`, and nothing
-/// registered, when the resource cannot be read or is no dictionary.
+/// The values of the resource "userDefaults.plist".  Nullopt with the reason in
+/// `error` when it cannot be read or is no dictionary.
+std::optional<PropertyList::Dictionary> bundledDefaults(std::string* error = nullptr);
+
+/// Registers those values, which are never stored, with the settings.  False with the
+/// reason in `error`, and nothing registered, when there are none.
 bool registerBundledDefaults(UserDefaults& settings, std::string* error = nullptr);
 
 }  // namespace zenivo
