@@ -238,6 +238,7 @@ void PlainContext::takeSaveOf(const PlainContext& child) {
   }
   // What the child's delete rules reached, it tells itself.
   for (const int id : child.deleted_) drop(id);
+  changedJacket_.insert(child.changedJacket_.begin(), child.changedJacket_.end());
 }
 
 void PlainContext::rebase(const PlainWorld& base) {
