@@ -140,6 +140,9 @@ class ObjectGraph {
             const ObjectID& member);
   void unlink(ManagedObject& object, const RelationshipDescription& relationship,
               const ObjectID& member);
+  void letGo(ManagedObject& deleted, const RelationshipDescription& relationship,
+             const ObjectID& id);
+  void letGoOfNewMembers(ManagedObject& deleted);
   void keepListsInStep(const ManagedObject& object, const RelationshipDescription& column,
                        const ObjectID& before, const ObjectID& after);
   void keepListsOf(const ManagedObject& object);
@@ -157,6 +160,7 @@ class ObjectGraph {
   // Saving.
   bool validate(Error* error) const;
   SaveRequest request();
+  static std::vector<PropertyChange> rowChanges(const ManagedObject& object);
   void addRelationshipChanges(ManagedObject& object, SaveRequest& request);
   SaveNotification notification() const;
   void settle(SaveOutcome outcome);
@@ -172,7 +176,12 @@ class ObjectGraph {
 
   // What others did.
   void takeOver(ManagedObject& object, Row&& row);
+  void keepPartners(ManagedObject& object);
+  void dropChangesOfOthers(ManagedObject& object);
+  void takeOverColumn(ManagedObject& object, const RelationshipDescription& column, Value& known,
+                      Value&& theirs);
   void revertOwnChanges(ManagedObject& object);
+  void revertMembers(ManagedObject& object, const RelationshipDescription& relationship);
 
   ManagedObjectContext& context_;
   const Ground ground_;

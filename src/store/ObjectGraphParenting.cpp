@@ -57,14 +57,27 @@ SaveOutcome ObjectGraph::takeSave(const SaveRequest& request) {
   for (const InsertedRow& row : request.inserted) takeColumns(row.id, *row.values);
   for (const UpdatedRow& row : request.updated) takeUpdate(row, request.mergePolicy, outcome);
   for (const MemberChange& change : request.members) {
-    ManagedObject& owner = *objectFor(change.owner);
-    for (const ObjectID& id : change.removed) remove(owner, *change.relationship, id);
-    for (const ObjectID& id : change.added) add(owner, *change.relationship, id);
+    const ManagedObjectPtr owner = objectFor(change.owner);
+    for (const ObjectID& id : change.removed) remove(*owner, *change.relationship, id);
+    for (const ObjectID& id : change.added) add(*owner, *change.relationship, id);
   }
   for (const OrderChange& change : request.orders) {
-    setOrder(*objectFor(change.owner), *change.relationship, change.members);
+    const ManagedObjectPtr owner = objectFor(change.owner);
+    // The members that came, come as the child has them.
+    ObjectIDSet& added = owner->derived(*change.relationship).added;
+    for (const ObjectID& member : change.members) {
+      if (added.erase(member)) added.insert(member);
+    }
+    setOrder(*owner, *change.relationship, change.members);
   }
-  for (const DeletedRow& row : request.deleted) deleteObject(*objectFor(row.id));
+  for (const DeletedRow& row : request.deleted) {
+    const ManagedObjectPtr object = objectFor(row.id);
+    for (const PropertyChange& change : row.changes) {
+      const auto* column = asRelationship(change.property);
+      if (column != nullptr) setColumn(*object, *column, {});
+    }
+    deleteObject(*object);
+  }
   return outcome;
 }
 

@@ -33,51 +33,97 @@ void ObjectGraph::takeOver(ManagedObject& object, Row&& row) {
         std::ranges::find(object.oldValues_, property, &ManagedObject::OldValue::property);
     Value& known = old != object.oldValues_.end() ? old->value : object.values_[property->index];
     if (known == theirs) continue;
-    const ObjectID before = known.objectID();
-    const ObjectID after = theirs.objectID();
-    if (relationship != nullptr) withdraw(object, *relationship);
-    known = std::move(theirs);
-    if (old != object.oldValues_.end() && old->value == object.values_[property->index]) {
-      object.oldValues_.erase(old);
+    if (relationship != nullptr) {
+      takeOverColumn(object, *relationship, known, std::move(theirs));
+    } else {
+      known = std::move(theirs);
     }
-    if (relationship == nullptr) continue;
-    keepListsInStep(object, *relationship, before, after);
-    contribute(object, *relationship);
+    std::erase_if(object.oldValues_, [&](const ManagedObject::OldValue& each) {
+      return each.property == property && each.value == object.values_[property->index];
+    });
+  }
+}
+
+void ObjectGraph::takeOverColumn(ManagedObject& object, const RelationshipDescription& column,
+                                 Value& known, Value&& theirs) {
+  const ObjectID before = known.objectID();
+  const ObjectID after = theirs.objectID();
+  withdraw(object, column);
+  known = std::move(theirs);
+  keepListsInStep(object, column, before, after);
+  contribute(object, column);
+}
+
+/// A partner that was given away here, unsaved, stays with whom it was given to, even
+/// if others gave it to another object meanwhile.
+void ObjectGraph::keepPartners(ManagedObject& object) {
+  for (const RelationshipDescription* each : object.entity_->derivedRelationships()) {
+    if (each->isToMany() || object.derived(*each).added.empty()) continue;
+    const ObjectIDs stored = fetched(object, *each).stored->ids();
+    for (const ObjectID& id : stored) {
+      if (object.derived(*each).removed.contains(id)) continue;
+      setColumn(*objectFor(id), *each->inverseRelationship, {});
+    }
+  }
+}
+
+/// What others added or removed too is no change of this context's any more.
+void ObjectGraph::dropChangesOfOthers(ManagedObject& object) {
+  for (const RelationshipDescription* each : object.entity_->derivedRelationships()) {
+    const bool isOwnTruth = each->storage == RelationshipStorage::joinTable;
+    if (!isOwnTruth || !object.derived(*each).hasChanges()) continue;
+    DerivedRelationship& derived = fetched(object, *each);
+    const ObjectIDs added = derived.added.ids();
+    const ObjectIDs removed = derived.removed.ids();
+    for (const ObjectID& id : added) {
+      if (derived.stored->contains(id)) derived.added.erase(id);
+    }
+    for (const ObjectID& id : removed) {
+      if (!derived.stored->contains(id)) derived.removed.erase(id);
+    }
   }
 }
 
 void ObjectGraph::refresh(ManagedObject& object, bool mergeChanges) {
   adoptPermanentIDs();
   if (object.state_ == State::inserted || object.isDeleted()) return;
-  if (!mergeChanges) {
-    revertOwnChanges(object);
-    return turnIntoFault(object);
-  }
-  merge({}, {object.id_}, {});
+  if (mergeChanges) return merge({}, {object.id_}, {});
+  revertOwnChanges(object);
+  if (object.oldValues_.empty()) turnIntoFault(object);
 }
 
 /// Drops what this object holds of unsaved changes; its to-many relationships whose
 /// truth lies with other objects stay as those have them.
 void ObjectGraph::revertOwnChanges(ManagedObject& object) {
-  while (!object.oldValues_.empty()) {
-    const ManagedObject::OldValue old = object.oldValues_.back();
+  const std::vector<ManagedObject::OldValue> oldValues = object.oldValues_;
+  for (const ManagedObject::OldValue& old : oldValues) {
     const RelationshipDescription* column = asRelationship(old.property);
-    if (column != nullptr) {
-      setColumn(object, *column, old.value.objectID());
-    } else {
+    if (column == nullptr) {
       recordChange(object, *old.property, old.value);
+      continue;
     }
+    const ObjectID to = old.value.objectID();
+    if (!to || !objectFor(to)->isDeleted()) setColumn(object, *column, to);
   }
   for (const RelationshipDescription* each : object.entity_->derivedRelationships()) {
-    DerivedRelationship& derived = object.derived(*each);
-    derived.order.reset();
-    if (each->storage != RelationshipStorage::joinTable) continue;
-    const ObjectIDs added = derived.added.ids();
-    const ObjectIDs removed = derived.removed.ids();
-    const RelationshipDescription& inverse = *each->inverseRelationship;
-    for (const ObjectID& id : added) unlink(*objectFor(id), inverse, object.id_);
-    for (const ObjectID& id : removed) link(*objectFor(id), inverse, object.id_);
-    derived.dropChanges();
+    object.derived(*each).order.reset();
+    if (each->storage == RelationshipStorage::joinTable) revertMembers(object, *each);
+  }
+}
+
+void ObjectGraph::revertMembers(ManagedObject& object,
+                                const RelationshipDescription& relationship) {
+  const DerivedRelationship before = fetched(object, relationship);
+  const RelationshipDescription& inverse = *relationship.inverseRelationship;
+  for (const ObjectID& id : before.added.ids()) {
+    unlink(object, relationship, id);
+    unlink(*objectFor(id), inverse, object.id_);
+  }
+  for (const ObjectID& id : before.removed.ids()) {
+    const ManagedObjectPtr member = objectFor(id);
+    if (member->isDeleted()) continue;
+    link(object, relationship, id);
+    link(*member, inverse, object.id_);
   }
 }
 
@@ -86,7 +132,7 @@ void ObjectGraph::merge(const ObjectIDs& inserted, const ObjectIDs& updated,
   ObjectIDs toRead;
   const auto read = [&](const ObjectID& id) {
     const ManagedObjectPtr object = registered(id);
-    if (object == nullptr || object->isDeleted()) return;
+    if (object == nullptr || object->state_ == State::gone) return;
     for (DerivedRelationship& derived : object->derived_) derived.stored.reset();
     if (!object->isFault()) toRead.push_back(id);
   };
@@ -114,6 +160,15 @@ void ObjectGraph::merge(const ObjectIDs& inserted, const ObjectIDs& updated,
   for (const ObjectID& id : toRead) {
     const ManagedObjectPtr object = registered(id);
     if (object != nullptr && !existing.contains(id)) vanish(*object);
+  }
+  const ManagedObjects unsaved = changed([](const auto& object) { return object.hasChanges(); });
+  for (const ManagedObjectPtr& object : unsaved) {
+    if (object->isDeleted()) continue;
+    keepPartners(*object);
+    dropChangesOfOthers(*object);
+  }
+  for (const ManagedObjectPtr& object : unsaved) {
+    if (object->state_ == State::deleted) letGoOfNewMembers(*object);
   }
 }
 

@@ -170,15 +170,17 @@ void ObjectGraph::remove(ManagedObject& object, const RelationshipDescription& r
 
 void ObjectGraph::link(ManagedObject& object, const RelationshipDescription& relationship,
                        const ObjectID& member) {
-  DerivedRelationship& derived = object.derived(relationship);
-  if (!derived.removed.erase(member)) derived.added.insert(member);
+  DerivedRelationship& derived = fetched(object, relationship);
+  derived.removed.erase(member);
+  if (!derived.stored->contains(member)) derived.added.insert(member);
   track(object);
 }
 
 void ObjectGraph::unlink(ManagedObject& object, const RelationshipDescription& relationship,
                          const ObjectID& member) {
-  DerivedRelationship& derived = object.derived(relationship);
-  if (!derived.added.erase(member)) derived.removed.insert(member);
+  DerivedRelationship& derived = fetched(object, relationship);
+  derived.added.erase(member);
+  if (derived.stored->contains(member)) derived.removed.insert(member);
   track(object);
 }
 
@@ -196,14 +198,15 @@ void ObjectGraph::keepListsInStep(const ManagedObject& object,
                                   const RelationshipDescription& column, const ObjectID& before,
                                   const ObjectID& after) {
   if (before == after) return;
-  const auto listOf = [&](const ObjectID& id) -> ObjectIDSet* {
-    const ManagedObjectPtr owner = id ? registered(id) : nullptr;
+  const ManagedObjectPtr left = before ? registered(before) : nullptr;
+  const ManagedObjectPtr joined = after ? registered(after) : nullptr;
+  const auto listOf = [&](const ManagedObjectPtr& owner) -> ObjectIDSet* {
     if (owner == nullptr || owner->derived_.empty()) return nullptr;
     auto& stored = owner->derived(*column.inverseRelationship).stored;
     return stored ? &*stored : nullptr;
   };
-  if (ObjectIDSet* left = listOf(before)) left->erase(object.id_);
-  if (ObjectIDSet* joined = listOf(after)) joined->insert(object.id_);
+  if (ObjectIDSet* list = listOf(left)) list->erase(object.id_);
+  if (ObjectIDSet* list = listOf(joined)) list->insert(object.id_);
 }
 
 /// `reachedBy` is the relationship of an owner by whose rule the object goes.
@@ -240,24 +243,46 @@ void ObjectGraph::deleteObject(ManagedObject& object, const RelationshipDescript
     contributeAll(object);
   }
   for (const auto& [relationship, ids] : reached) {
-    const RelationshipDescription& inverse = *relationship->inverseRelationship;
-    for (const ObjectID& id : ids) {
-      const ManagedObjectPtr other = objectFor(id);
-      if (relationship->storage == RelationshipStorage::joinTable) {
-        unlink(object, *relationship, id);
-        unlink(*other, inverse, object.id_);
-      }
-      if (relationship->deleteRule == DeleteRule::cascade) {
-        deleteObject(*other, relationship);
-      } else if (relationship->storage == RelationshipStorage::inverseColumn) {
-        setColumn(*other, inverse, {});
-      }
-    }
+    for (const ObjectID& id : ids) letGo(object, *relationship, id);
   }
   if (!wasInserted) return;
   std::erase(tracked_, alive);
   object.isTracked_ = false;
   leave(object);
+}
+
+/// What a deletion means for one object that a relationship of the deleted one led to.
+void ObjectGraph::letGo(ManagedObject& deleted, const RelationshipDescription& relationship,
+                        const ObjectID& id) {
+  const ManagedObjectPtr other = objectFor(id);
+  const RelationshipDescription& inverse = *relationship.inverseRelationship;
+  if (relationship.storage == RelationshipStorage::joinTable) {
+    unlink(deleted, relationship, id);
+    unlink(*other, inverse, deleted.id_);
+  }
+  if (relationship.deleteRule == DeleteRule::cascade) {
+    deleteObject(*other, &relationship);
+  } else if (relationship.storage == RelationshipStorage::inverseColumn) {
+    setColumn(*other, inverse, {});
+  }
+}
+
+/// Others may have given members to an object after it was deleted here.
+void ObjectGraph::letGoOfNewMembers(ManagedObject& deleted) {
+  for (const RelationshipDescription* each : deleted.entity_->relationships()) {
+    const bool goesAlong = each->storage == RelationshipStorage::column &&
+                           each->deleteRule == DeleteRule::cascade && !deleted.isFault();
+    const ObjectID to = goesAlong ? deleted.values_[each->index].objectID() : ObjectID();
+    if (to) deleteObject(*objectFor(to), each);
+  }
+  for (const RelationshipDescription* each : deleted.entity_->derivedRelationships()) {
+    fetchMembers({deleted.shared_from_this()}, *each);
+    const ObjectIDs members = deleted.derived(*each).stored->ids();
+    for (const ObjectID& id : members) {
+      const bool isKnown = deleted.derived(*each).removed.contains(id);
+      if (!isKnown && !objectFor(id)->isDeleted()) letGo(deleted, *each, id);
+    }
+  }
 }
 
 void ObjectGraph::undelete(ManagedObject& object) {

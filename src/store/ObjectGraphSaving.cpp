@@ -75,6 +75,14 @@ SaveNotification ObjectGraph::notification() const {
   return about;
 }
 
+std::vector<PropertyChange> ObjectGraph::rowChanges(const ManagedObject& object) {
+  std::vector<PropertyChange> changes;
+  for (const ManagedObject::OldValue& old : object.oldValues_) {
+    changes.push_back({old.property, old.value, object.values_[old.property->index]});
+  }
+  return changes;
+}
+
 SaveRequest ObjectGraph::request() {
   SaveRequest request{.mergePolicy = context_.mergePolicy()};
   const ManagedObjects objects = tracked_;
@@ -86,17 +94,14 @@ SaveRequest ObjectGraph::request() {
         break;
       case State::updated:
         if (!object->oldValues_.empty()) {
-          UpdatedRow row{object->id_, object->version_, {}, &object->values_};
-          for (const ManagedObject::OldValue& old : object->oldValues_) {
-            row.changes.push_back({old.property, old.value, object->values_[old.property->index]});
-          }
-          request.updated.push_back(std::move(row));
+          request.updated.push_back(
+              {object->id_, object->version_, rowChanges(*object), &object->values_});
         }
         addRelationshipChanges(*object, request);
         break;
       case State::deleted:
         request.deleted.push_back(
-            {object->id_, object->isFault() ? kAnyVersion : object->version_});
+            {object->id_, object->isFault() ? kAnyVersion : object->version_, rowChanges(*object)});
         break;
       case State::clean:
       case State::gone:

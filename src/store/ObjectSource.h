@@ -54,6 +54,8 @@ struct UpdatedRow {
 struct DeletedRow {
   ObjectID id;
   std::int64_t version;  ///< as read, or kAnyVersion
+  /// What changed before the deletion: delete rules do not reach along these any more.
+  std::vector<PropertyChange> changes;
 };
 
 /// The version of a row that was never read: whatever it is, it is no conflict.

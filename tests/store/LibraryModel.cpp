@@ -72,7 +72,11 @@ std::shared_ptr<const ManagedObjectModel> libraryModel() {
 }
 
 TemporaryFolder::TemporaryFolder() {
-  std::string name = std::filesystem::temp_directory_path() / "zenivo-store-XXXXXX";
+  // Memory where there is a disk of it: these tests wait for thousands of saves.
+  const std::filesystem::path memory = "/dev/shm";
+  const bool inMemory = std::filesystem::is_directory(memory);
+  const std::filesystem::path base = inMemory ? memory : std::filesystem::temp_directory_path();
+  std::string name = base / "zenivo-store-XXXXXX";
   path_ = mkdtemp(name.data());
 }
 
