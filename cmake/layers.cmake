@@ -13,6 +13,7 @@ set(ZENIVO_LAYERS
   map/lines
   ar
   eclipses
+  meteors
   find
   planner
   cli/input
@@ -30,6 +31,7 @@ set(ZENIVO_LAYER_map/layers   foundation)
 set(ZENIVO_LAYER_map/lines    foundation engine)
 set(ZENIVO_LAYER_ar           foundation map/lines)
 set(ZENIVO_LAYER_eclipses     foundation app/settings engine map/lines)
+set(ZENIVO_LAYER_meteors      foundation engine map/lines)
 set(ZENIVO_LAYER_find         foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_planner
   foundation app/settings engine map/layers map/lines ar eclipses)

@@ -1,0 +1,29 @@
+#include "meteors/LocationInfoTesselManager.h"
+
+#include "engine/DateEphemeris.h"
+#include "meteors/MeteorMoment.h"
+
+namespace zenivo {
+
+LocationInfoTesselManager::LocationInfoTesselManager(const LocationInfoData& data) {
+  setLocation(data.location);
+  setCurrentMjdDate(modifiedJulianDay(data.date));
+}
+
+void LocationInfoTesselManager::setCurrentMjdDate(double mjd) {
+  currentMjdDate_ = mjd;
+  currentDate_ = dateFromModifiedJulianDay(mjd, true);
+  deltaT_ = deltaTAtMjd(mjd);
+  mjdStart_ = mjdAtMidnightWithOffsetDays(0);
+  mjdEnd_ = mjdAtMidnightWithOffsetDays(1);
+}
+
+void LocationInfoTesselManager::setLocation(const std::optional<ZVLocation>& location) {
+  location_ = location && isValid(location->coordinate) ? location : std::nullopt;
+}
+
+double LocationInfoTesselManager::mjdAtMidnightWithOffsetDays(int days) const {
+  return mjdAtLocalMidnight(currentDate_, days);
+}
+
+}  // namespace zenivo

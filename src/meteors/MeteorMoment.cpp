@@ -1,0 +1,29 @@
+#include "meteors/MeteorMoment.h"
+
+#include "engine/DateEphemeris.h"
+#include "engine/ZVDateTime.h"
+
+namespace zenivo {
+
+double deltaTAtMjd(double mjd) {
+  ZVDateTime moment;
+  moment.setFromMjd(mjd);
+  return moment.getDeltaT();
+}
+
+double mjdAtLocalMidnight(Date date, int days) {
+  // From noon, so that no clock change near midnight can lose or repeat a day.
+  const Date noon = dateByAddingNumberOfDays(dateWithNoonDateTime(date), days);
+  return modifiedJulianDay(dateWithStartDateTime(noon));
+}
+
+MeteorMoment momentOfDay(double mjdStart) {
+  // Well inside the day, where rounding to whole minutes cannot leave it.
+  const Date morning = dateFromModifiedJulianDay(mjdStart + 0.25);
+  return {.mjd = mjdStart,
+          .deltaT = deltaTAtMjd(mjdStart),
+          .year = yearValue(morning),
+          .month = monthValue(morning)};
+}
+
+}  // namespace zenivo

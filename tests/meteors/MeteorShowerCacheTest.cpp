@@ -1,0 +1,183 @@
+#include "meteors/MeteorShowerCache.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <limits>
+#include <thread>
+
+#include "foundation/AtomicFile.h"
+#include "meteors/Places.h"
+#include "support/TemporaryFolder.h"
+
+namespace zenivo {
+namespace {
+
+class MeteorShowerCacheTest : public testing::Test {
+ protected:
+  MeteorShower& perseids() { return showerWithCode(catalogue, "PER"); }
+
+  static MeteorShowerActivityPeriod period(std::int64_t year, double realPeakMjd = 61265.2) {
+    MeteorShowerActivityPeriod result;
+    result.year = year;
+    result.startDate = Date::withTimeIntervalSinceReferenceDate(8e8 + 0.25);
+    result.endDate = Date::withTimeIntervalSinceReferenceDate(8.01e8);
+    result.peakMjd = 61265.1;
+    result.realPeakMjd = realPeakMjd;
+    if (realPeakMjd != 0) result.realPeakDate = dateFromModifiedJulianDay(realPeakMjd);
+    result.moonPhaseAtPeak = 0.1;
+    result.moonPhaseZenithAngle = -0.2;
+    result.moonPhaseMoonElevation = -30.3;
+    result.moonPhaseSunElevation = -20.4;
+    result.moonPhaseType = kWaxingCrescent;
+    result.isSupermoon = true;
+    result.rateAtPeak = 80.5;
+    result.meanMeteorRate = 40.6;
+    result.powerEnergy = 0.7;
+    return result;
+  }
+
+  void writeFile(const std::string& content) const { std::ofstream(cache.file()) << content; }
+
+  TemporaryFolder folder;
+  MeteorShowers catalogue{kTeide};
+  MeteorShowerCache cache{"meteorPeaks", folder.path()};
+};
+
+TEST_F(MeteorShowerCacheTest, ComesBackFromItsFile) {
+  cache.setLocation(kTeide);
+  cache.cacheMeteorShower(perseids(), 2026, period(2026));
+  cache.cacheMeteorShower(showerWithCode(catalogue, "GEM"), 2026, period(2026));
+  cache.cacheMeteorShower(perseids(), 2027, period(2027));
+  ASSERT_TRUE(cache.save());
+
+  MeteorShowerCache other("meteorPeaks", folder.path());
+  other.load();
+  EXPECT_EQ(other.cacheData(), cache.cacheData());
+  EXPECT_EQ(other.accessedYears(), (std::vector<std::int64_t>{2026, 2027}));
+  EXPECT_EQ(other.activityPeriodForMeteorShower(perseids(), 2026), period(2026));
+  EXPECT_FALSE(other.setLocation(kTeide));
+}
+
+TEST_F(MeteorShowerCacheTest, ABrokenFileIsReplaced) {
+  cache.setLocation(kTeide);
+  cache.cacheMeteorShower(perseids(), 2026, period(2026));
+  ASSERT_TRUE(cache.save());
+  const std::string good = readFile(cache.file(), 1U << 20U).value();
+  const auto replaced = [&](const std::string& from, const std::string& to) {
+    std::string text = good;
+    return text.replace(text.find(from), from.size(), to);
+  };
+  for (const std::string& broken :
+       {std::string(), std::string("nonsense"), good.substr(0, good.size() / 2),
+        replaced(">CacheData<", ">OtherData<")}) {
+    writeFile(broken);
+    MeteorShowerCache other("meteorPeaks", folder.path());
+    other.load();
+    EXPECT_EQ(other.cacheData(), CacheData());
+    EXPECT_TRUE(other.accessedYears().empty());
+    EXPECT_TRUE(other.setLocation(kTeide));
+    other.cacheMeteorShower(perseids(), 2026, period(2026));
+    EXPECT_TRUE(other.save());
+    EXPECT_EQ(readFile(cache.file(), 1U << 20U), good);
+  }
+  // What can be read is; a period that is none is missing, not nonsense.
+  for (const std::string& spoiled :
+       {replaced("<real>80.5</real>", "<real>nan</real>"),
+        replaced("MeteorShowerActivityPeriod", "Period"), replaced(">7<", ">seven<")}) {
+    writeFile(spoiled);
+    cache.load();
+    EXPECT_FALSE(cache.activityPeriodForMeteorShower(perseids(), 2026)) << spoiled;
+    EXPECT_TRUE(cache.activityPeriodForMeteorShower(perseids(), 2026) == std::nullopt);
+  }
+  cache.setCacheEnabled(false);
+  writeFile(good);
+  cache.load();
+  EXPECT_FALSE(cache.activityPeriodForMeteorShower(perseids(), 2026));
+  cache.setCacheEnabled(true);
+  EXPECT_TRUE(cache.activityPeriodForMeteorShower(perseids(), 2026));
+}
+
+TEST_F(MeteorShowerCacheTest, AFolderThatCannotBeMade) {
+  std::ofstream(folder / "file") << "in the way";
+  const MeteorShowerCache elsewhere("meteorPeaks", folder / "file" / "Caches");
+  testing::internal::CaptureStderr();
+  EXPECT_FALSE(elsewhere.save());
+  EXPECT_NE(testing::internal::GetCapturedStderr().find("meteorPeaks.cache"), std::string::npos);
+}
+
+// A degree of the meridian is 111.3 km on the sphere.
+TEST_F(MeteorShowerCacheTest, MovesUpToTenKilometresKeepIt) {
+  const auto north = [](double kilometres) { return placeAt(28.27 + kilometres / 111.32, -16.64); };
+  EXPECT_TRUE(cache.setLocation(kTeide));
+  cache.cacheMeteorShower(perseids(), 2026, period(2026));
+  EXPECT_FALSE(cache.setLocation(north(9)));
+  EXPECT_EQ(cache.cacheData().cachedLocation, kTeide.coordinate);
+  EXPECT_TRUE(cache.activityPeriodForMeteorShower(perseids(), 2026));
+  EXPECT_TRUE(cache.setLocation(north(11)));
+  EXPECT_TRUE(cache.cacheData().activityPeriods.empty() && cache.accessedYears().empty());
+  EXPECT_EQ(cache.cacheData().cachedLocation, north(11).coordinate);
+  cache.cacheMeteorShower(perseids(), 2026, period(2026));
+  EXPECT_TRUE(cache.setLocation(std::nullopt));
+  EXPECT_TRUE(cache.cacheData().activityPeriods.empty());
+  EXPECT_TRUE(cache.setLocation(std::nullopt));
+}
+
+TEST_F(MeteorShowerCacheTest, TheYearNotAccessedForLongestGoes) {
+  using Years = std::vector<std::int64_t>;
+  cache.cacheMeteorShower(perseids(), 1990, period(1990, 0));  // no real peak: ignored
+  EXPECT_TRUE(cache.accessedYears().empty());
+  const std::int64_t now = yearValue(Date::now());
+  for (const std::int64_t year :
+       {now, now + 1, Years::value_type{1901}, Years::value_type{1902}, Years::value_type{1903},
+        Years::value_type{1904}, Years::value_type{1905}}) {
+    cache.cacheMeteorShower(perseids(), year, period(year));
+  }
+  EXPECT_EQ(cache.cacheData().activityPeriods.size(), 7U);
+  EXPECT_TRUE(cache.activityPeriodForMeteorShower(perseids(), 1901));
+  EXPECT_FALSE(cache.activityPeriodForMeteorShower(showerWithCode(catalogue, "LEO"), 1902));
+  cache.cacheMeteorShower(perseids(), 1906, period(1906));
+  // 1903 was accessed before 1901 and 1902; this year and the next stay, however old.
+  EXPECT_EQ(cache.accessedYears(), (Years{1906, 1902, 1901, 1905, 1904, now + 1, now}));
+  EXPECT_FALSE(cache.cacheData().activityPeriods.contains(1903));
+}
+
+// Peaks come in from the background while the screen reads them.
+TEST_F(MeteorShowerCacheTest, IsSafeToShare) {
+  cache.setLocation(kTeide);
+  MeteorShower& shower = perseids();
+  std::thread writer([&] {
+    for (std::int64_t year = 2000; year < 2100; ++year) {
+      cache.cacheMeteorShower(shower, year, period(year));
+      if (year % 25 == 0) cache.save();
+    }
+  });
+  for (std::int64_t i = 0; i < 1000; ++i) {
+    const auto found = cache.activityPeriodForMeteorShower(shower, 2000 + i % 100);
+    EXPECT_TRUE(!found || found->year == 2000 + i % 100);
+    if (i % 100 == 0) cache.setLocation(placeAt(static_cast<double>(i) / 50.0, 0));
+  }
+  writer.join();
+  EXPECT_LE(cache.cacheData().activityPeriods.size(), 9U);
+}
+
+TEST(ActivityPeriod, GivesWhatHoldsForThePlace) {
+  MeteorShowerActivityPeriod from;
+  from.year = 2026;
+  from.peakMjd = 1;
+  from.realPeakMjd = 2;
+  from.rateAtPeak = 3;
+  MeteorShowerActivityPeriod to;
+  to.year = 2030;
+  to.startDate = Date::withTimeIntervalSinceReferenceDate(7);
+  to.peakMjd = 4;
+  from.copyToActivityPeriod(to);
+  EXPECT_EQ(to.year, 2030);
+  EXPECT_EQ(to.startDate, Date::withTimeIntervalSinceReferenceDate(7));
+  EXPECT_EQ(to.peakMjd, 4);
+  EXPECT_EQ(to.realPeakMjd, 2);
+  EXPECT_EQ(to.rateAtPeak, 3);
+}
+
+}  // namespace
+}  // namespace zenivo

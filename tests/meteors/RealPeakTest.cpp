@@ -1,0 +1,180 @@
+#include "meteors/RealPeak.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "engine/PtMoon.h"
+#include "engine/PtSun.h"
+#include "meteors/MeteorNight.h"
+#include "meteors/Places.h"
+
+namespace zenivo {
+namespace {
+
+std::vector<RealPeakTask> tasksOfYear(const ZVLocation& place, std::int64_t year) {
+  MeteorShowers catalogue(place);
+  catalogue.calculateMeteorShowersActivitiesWithYear(year);
+  std::vector<RealPeakTask> tasks;
+  for (const auto& shower : catalogue.showers()) {
+    tasks.push_back({.shower = *shower, .periods = shower->activityPeriods});
+  }
+  return tasks;
+}
+
+std::vector<RealPeakTask> solved(const std::vector<RealPeakTask>& tasks, const ZVLocation& place,
+                                 int threads) {
+  PeakSamples samples(place);
+  std::vector<RealPeakTask> results;
+  calculateRealPeaks(tasks, samples, threads, [&](const RealPeakTask& task) {
+    results.push_back(task);
+    return true;
+  });
+  return results;
+}
+
+// Every minute in which the Sun is down, from noon before the peak's day to noon after the
+// next: no rate is higher than the real peak's, and it is a rate of its minute.
+TEST(RealPeak, IsTheBestMinuteOfTheTwoNights) {
+  struct Case {
+    const char* zone;
+    ZVLocation place;
+  };
+  const Case cases[] = {{"Atlantic/Canary", kTeide},
+                        {"Europe/Oslo", placeAt(59.9, 10.7)},
+                        {"Australia/Sydney", placeAt(-33.9, 151.2)}};
+  for (const Case& c : cases) {
+    const LocalZone zone(c.zone);
+    ephemeris::PtSun sun(c.place.getPtPosition());
+    ephemeris::PtMoon moon(c.place.getPtPosition());
+    for (const RealPeakTask& task : solved(tasksOfYear(c.place, 2025), c.place, 1)) {
+      if (task.shower.showerClass != kMajorShower) continue;
+      const MeteorShowerActivityPeriod& period = task.periods.front();
+      const double midnight = mjdAtLocalMidnight(dateFromModifiedJulianDay(period.peakMjd));
+      MeteorShower shower = task.shower;
+      double best = 0;
+      for (double mjd = midnight - 0.5; mjd < midnight + 1.5; mjd += 1.0 / 1440.0) {
+        // A night has the month of its morning.
+        const MeteorMoment day = momentOfDay(midnight + (mjd < midnight + 0.5 ? 0.0 : 1.0));
+        const MeteorSkyModel model(c.place, day.year, day.month);
+        sun.computePosition(true, mjd, day.deltaT);
+        if (sun.horizontal().elevation_ > -0.3) continue;
+        best = std::max(best, ratesOfShower(shower, model.skyAt(mjd, day.deltaT, sun, moon)).rate);
+      }
+      if (best == 0) {
+        EXPECT_FALSE(period.hasRealPeak()) << shower.iauCode;
+        continue;
+      }
+      // A radiant climbs a quarter of a degree in a minute, the step of both.
+      EXPECT_NEAR(period.rateAtPeak / best, 1.0, 6e-3) << shower.iauCode << ' ' << c.zone;
+      EXPECT_LE(period.meanMeteorRate, period.rateAtPeak);
+      EXPECT_LE(std::abs(period.realPeakMjd - period.peakMjd), 1.5) << shower.iauCode;
+    }
+  }
+}
+
+// Perseids over Teide.  IMO calendars: 2026, new Moon on August 12, "perfect"; 2025, the
+// Moon 84 % lit, four days after full.
+TEST(RealPeak, TheMoonTakesItsShare) {
+  const LocalZone zone("Atlantic/Canary");
+  const auto perseids = [](std::int64_t year) {
+    for (const RealPeakTask& task : solved(tasksOfYear(kTeide, year), kTeide, 1)) {
+      if (task.shower.iauCode == "PER") return task.periods.front();
+    }
+    return MeteorShowerActivityPeriod();
+  };
+  const MeteorShowerActivityPeriod dark = perseids(2026);
+  EXPECT_LT(dark.moonPhaseAtPeak, 0.01);
+  EXPECT_LT(dark.moonPhaseMoonElevation, 0.0);
+  EXPECT_NEAR(dark.rateAtPeak, 85.0, 10.0);  // ZHR 100, radiant at 58 degrees
+  EXPECT_EQ(dark.powerEnergy, 1.0);
+  // The radiant climbs until the morning: dawn, the Sun at -18 degrees, ends the count.
+  EXPECT_NEAR(dark.moonPhaseSunElevation, -18.0, 0.5);
+
+  const MeteorShowerActivityPeriod bright = perseids(2025);
+  EXPECT_NEAR(bright.moonPhaseAtPeak, 0.84, 0.03);
+  EXPECT_EQ(bright.moonPhaseType, kWaningGibbous);
+  EXPECT_FALSE(bright.isSupermoon);
+  EXPECT_GT(bright.moonPhaseMoonElevation, 20.0);
+  EXPECT_LT(bright.rateAtPeak, dark.rateAtPeak / 2.0);
+  EXPECT_LT(bright.powerEnergy, 0.5);
+}
+
+// Full Moons of 2025: November 5, 13:19 UT, at 356,980 km, the nearest of the year; March
+// 14, 06:55 UT, at 401,700 km.
+TEST(RealPeak, UnderAFullMoon) {
+  const LocalZone zone("Europe/Madrid");
+  const ZVLocation place = placeAt(40.4, -3.7);
+  int found = 0;
+  for (const RealPeakTask& task : solved(tasksOfYear(place, 2025), place, 1)) {
+    const bool november = task.shower.iauCode == "AND";
+    if (!november && task.shower.iauCode != "GNO") continue;
+    ++found;
+    const MeteorShowerActivityPeriod& period = task.periods.front();
+    EXPECT_EQ(dayValue(*period.realPeakDate), november ? 5 : 14);
+    EXPECT_EQ(period.moonPhaseType, kFullMoon);
+    EXPECT_EQ(period.isSupermoon, november);
+  }
+  EXPECT_EQ(found, 2);
+}
+
+TEST(RealPeak, WhereThereIsNoNightThereIsNone) {
+  const LocalZone zone("UTC");
+  for (const double latitude : {90.0, -90.0, 78.2, -89.5}) {
+    const ZVLocation place = placeAt(latitude, 15.6);
+    int none = 0;
+    int some = 0;
+    for (const RealPeakTask& task : solved(tasksOfYear(place, 2026), place, 2)) {
+      for (const MeteorShowerActivityPeriod& period : task.periods) {
+        ++(period.hasRealPeak() ? some : none);
+        EXPECT_EQ(period.hasRealPeak(), period.realPeakDate.has_value());
+        EXPECT_EQ(period.hasRealPeak(), period.rateAtPeak > 0.0);
+        for (const double value : {period.realPeakMjd, period.rateAtPeak, period.meanMeteorRate,
+                                   period.powerEnergy, period.moonPhaseAtPeak}) {
+          EXPECT_TRUE(std::isfinite(value) && value >= 0.0) << task.shower.iauCode;
+        }
+      }
+    }
+    EXPECT_GT(none, 10) << latitude;
+    EXPECT_GT(some, 10) << latitude;
+  }
+}
+
+// Sharing skies and threads only saves time: to the last bit the results are those of
+// each shower alone.
+TEST(RealPeak, SharingChangesNothing) {
+  const LocalZone zone("Europe/Oslo");
+  const ZVLocation place = placeAt(59.9, 10.7);
+  const std::vector<RealPeakTask> tasks = tasksOfYear(place, 2026);
+  const std::vector<RealPeakTask> one = solved(tasks, place, 1);
+  const std::vector<RealPeakTask> four = solved(tasks, place, 4);
+  ASSERT_EQ(one.size(), tasks.size());
+  ASSERT_EQ(four.size(), tasks.size());
+  for (std::size_t i = 0; i < tasks.size(); ++i) {
+    const std::vector<RealPeakTask> alone = solved({tasks[i]}, place, 1);
+    EXPECT_EQ(one[i].periods, alone[0].periods) << tasks[i].shower.iauCode;
+    EXPECT_EQ(four[i].periods, alone[0].periods) << tasks[i].shower.iauCode;
+    EXPECT_EQ(four[i].shower.meteorId, tasks[i].shower.meteorId);  // in their order
+  }
+}
+
+TEST(RealPeak, ASkyIsComputedOnce) {
+  PeakSamples samples(kTeide);
+  ephemeris::PtSun sun(kTeide.getPtPosition());
+  ephemeris::PtMoon moon(kTeide.getPtPosition());
+  const SampleRun run{momentOfDay(61264.0), 61264.0, 61264.1, 5.0 / 1440.0};
+  const std::vector<MeteorSky>& first = samples.skies(run, sun, moon);
+  EXPECT_EQ(first.size(), 29U);  // both ends
+  EXPECT_EQ(&samples.skies(run, sun, moon), &first);
+}
+
+TEST(RealPeak, EndsEarly) {
+  PeakSamples samples(kTeide);
+  int delivered = 0;
+  calculateRealPeaks(tasksOfYear(kTeide, 2026), samples, 2,
+                     [&](const RealPeakTask&) { return ++delivered < 3; });
+  EXPECT_EQ(delivered, 3);
+}
+
+}  // namespace
+}  // namespace zenivo
