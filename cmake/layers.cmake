@@ -38,4 +38,5 @@ set(ZENIVO_LAYER_planner
 set(ZENIVO_LAYER_cli/input    foundation engine)
 set(ZENIVO_LAYER_cli/output   foundation engine)
 set(ZENIVO_LAYER_cli
-  foundation app/settings engine map/layers map/lines ar eclipses planner cli/input cli/output)
+  foundation app/settings engine map/layers map/lines ar eclipses find planner cli/input
+  cli/output)

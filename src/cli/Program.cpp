@@ -72,6 +72,7 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeNextPhaseCommand());
   commands.push_back(makeNextDarkNightCommand());
   commands.push_back(makeNextMilkyWayCommand());
+  commands.push_back(makeFindCommand());
   std::vector<Entry> entries;
   for (auto& command : commands) {
     command->addTo(program);
@@ -126,8 +127,13 @@ int runProgram(int argc, const char* const* argv) {
     program.set_version_flag("--version", "zenivo " ZENIVO_VERSION);
     program.footer(kFooter);
     const std::vector<Entry> entries = addCommands(program);
-    writeToStandardOutput(answer(program, entries, argc, argv));
-    return kSuccess;
+    try {
+      writeToStandardOutput(answer(program, entries, argc, argv));
+      return kSuccess;
+    } catch (const Interrupted& interruption) {
+      writeToStandardOutput(interruption.answer());
+      return fail(kInterrupted, interruption.what());
+    }
   } catch (const InputError& error) {
     return fail(kBadInput, error.what());
   } catch (const std::exception& error) {

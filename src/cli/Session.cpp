@@ -3,12 +3,16 @@
 namespace zenivo::cli {
 
 Session::Session(const Scene& scene, Date moment) : planner_(settings_) {
-  ZVObserver observer(Coordinate{scene.location.latitude, scene.location.longitude});
-  observer.altitude = static_cast<float>(scene.location.altitude);
-  observer.altitudeAccuracy = kAltitudeSetManually;
   planner_.setCurrentTimeZone(scene.zone);
-  planner_.setObserver(observer);
+  planner_.setObserver(pinAt(scene.location));
   planner_.setCurrentDate(moment);
+}
+
+ZVObserver pinAt(const Location& location) {
+  ZVObserver observer(Coordinate{location.latitude, location.longitude});
+  observer.altitude = static_cast<float>(location.altitude);
+  observer.altitudeAccuracy = kAltitudeSetManually;
+  return observer;
 }
 
 PtPosition observerOf(const Location& location) {

@@ -12,10 +12,6 @@ int expectedSteps(const FindOperation& operation) {
   return static_cast<int>(seconds / 86400.0);
 }
 
-bool isPositive(const ZVFindResultBodyAtAzimuth& result, FindBody body) {
-  return result.elevation >= (body == FindBody::sun ? -1.0F : 0.0F);
-}
-
 /// The value that a column sorts by; the azimuth column of a search for azimuth
 /// and elevation goes by the date, like its own rows do within the tolerance.
 double sortKey(const ZVFindResultBodyAtAzimuth& result, FindColumn column, FindSearchKind kind) {
@@ -34,6 +30,20 @@ double sortKey(const ZVFindResultBodyAtAzimuth& result, FindColumn column, FindS
 }
 
 }  // namespace
+
+bool isPositive(const ZVFindResultBodyAtAzimuth& result, FindBody body) {
+  return result.elevation >= (body == FindBody::sun ? -1.0F : 0.0F);
+}
+
+void sortResults(std::vector<ZVFindResultBodyAtAzimuth>& results, FindColumn column,
+                 FindSearchKind kind, bool ascending) {
+  std::ranges::stable_sort(results, [&](const auto& a, const auto& b) {
+    const double first = sortKey(a, column, kind);
+    const double second = sortKey(b, column, kind);
+    if (first != second) return ascending ? first < second : first > second;
+    return a.date < b.date;
+  });
+}
 
 /// What the operation holds weakly: the list lets go of it to hear nothing more.
 class FindResultsList::Relay : public FindOperationDelegate {
@@ -159,14 +169,7 @@ void FindResultsList::sortByColumn(FindColumn column) {
   ascending_ = column != column_ || !ascending_;
   column_ = column;
   const bool positive = kind_ == FindSearchKind::azimuth && !positiveResults_.empty();
-  std::ranges::stable_sort(positive ? positiveResults_ : results_,
-                           [this](const auto& a, const auto& b) {
-                             const double first = sortKey(a, column_, kind_);
-                             const double second = sortKey(b, column_, kind_);
-                             if (first != second)
-                               return ascending_ ? first < second : first > second;
-                             return a.date < b.date;
-                           });
+  sortResults(positive ? positiveResults_ : results_, column_, kind_, ascending_);
   tell([](FindResultsListDelegate& delegate) { delegate.didReloadData(); });
 }
 

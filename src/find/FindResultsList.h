@@ -19,6 +19,14 @@ enum class FindSearchKind { azimuth, azimuthElevation };
 /// search for azimuth and elevation, and the apparent height in one for azimuth.
 enum class FindColumn { date = 101, azimuthOrHeight = 103, elevation = 104, phase = 105 };
 
+/// Whether a result stands above the threshold: the Sun from -1 degree on, the Moon
+/// from 0 on.
+bool isPositive(const ZVFindResultBodyAtAzimuth& result, FindBody body);
+
+/// Sorts by a column; equal results follow their dates.
+void sortResults(std::vector<ZVFindResultBodyAtAzimuth>& results, FindColumn column,
+                 FindSearchKind kind, bool ascending);
+
 /// Hears of changes, on the main thread.
 class FindResultsListDelegate {
  public:
@@ -59,8 +67,7 @@ class FindResultsList {
   /// 0 to 1.
   double progress() const { return progress_; }
 
-  /// Everything found, and of it what stands above the threshold: the Sun from
-  /// -1 degree on, the Moon from 0 on.
+  /// Everything found, and of it what is positive.
   const Results& results() const { return results_; }
   const Results& positiveResults() const { return positiveResults_; }
   /// What the list shows.

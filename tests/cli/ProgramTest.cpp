@@ -16,7 +16,8 @@ using testing::HasSubstr;
 using testing::Not;
 
 constexpr const char* kCommands[] = {
-    "sky", "day", "path", "month", "moon", "next-phase", "next-dark-night", "next-milky-way"};
+    "sky", "day", "path", "month", "moon", "next-phase", "next-dark-night", "next-milky-way",
+    "find"};
 
 TEST(Program, BadInputIsOneLineAndExitCode2) {
   const std::pair<const char*, const char*> cases[] = {
@@ -50,6 +51,23 @@ TEST(Program, BadInputIsOneLineAndExitCode2) {
       {"next-dark-night --at Paris --hours 25", "--hours must be"},
       {"next-dark-night --at Paris --hours nan", "--hours must be"},
       {"next-dark-night --at Paris --hours many", "--hours"},
+      {"find --at Paris --azimuth 90", "body is required"},
+      {"find sun --at Paris", "--azimuth is required"},
+      {"find sun --at Paris --azimuth nan", "--azimuth must be 0 to 360 degrees"},
+      {"find sun --at Paris --azimuth -1", "--azimuth must be 0 to 360 degrees"},
+      {"find sun --at Paris --azimuth 90 --elevation 91", "--elevation must be -90 to 90"},
+      {"find sun --at Paris --azimuth 90 --elevation-tolerance 1", "needs --elevation"},
+      {"find sun --at Paris --azimuth 90 --elevation 1 --azimuth-tolerance 0", "more than 0"},
+      {"find sun --at Paris --azimuth 90 --elevation 1 --all-passages", "an azimuth alone"},
+      {"find sun --at Paris --azimuth 90 --sort phase", "the Sun has none"},
+      {"find sun --at Paris --azimuth 90 --sort size", "size not in {date,elevation,phase}"},
+      {"find sun --at Paris --azimuth 90 --range 1", "write it as in 1d, 2w, 6m or 1y"},
+      {"find sun --at Paris --azimuth 90 --range 99999999999d", "write it as in 1d"},
+      {"find sun --at Paris --azimuth 90 --range 0d", "write it as in 1d"},
+      {"find sun --at Paris --azimuth 90 --range 61m", "Period: The period can span 5 years"},
+      {"find sun --at Paris --azimuth 90 --range 1d --to 2026-01-01", "excludes"},
+      {"find sun --at Paris --azimuth 90 --from 2026-01-02 --to 2026-01-01",
+       "Period: The period ends before it begins"},
   };
   for (const auto& [arguments, reason] : cases) {
     const Outcome outcome = zenivo(arguments);
@@ -76,14 +94,21 @@ TEST(Program, LostOutputIsAFailure) {
   }
 }
 
+/// What a command needs besides its place.
+std::string neededBy(const std::string& command) {
+  if (command == "path") return " sun";
+  return command == "find" ? " moon --azimuth 90" : "";
+}
+
 TEST(Program, LeavesNoTrace) {
   const TemporaryFolder home;
   const std::string variables = "export HOME='" + home.path().string() + "' ZENIVO_HOME='" +
                                 home.path().string() + "' XDG_DATA_HOME='" + home.path().string() +
                                 "'; cd \"$HOME\"; ";
   for (const char* command : kCommands) {
-    const std::string body = std::string(command) == "path" ? " sun" : "";
-    EXPECT_EQ(shell(variables + "zenivo " + command + body + " --at Paris").exitCode, 0) << command;
+    EXPECT_EQ(shell(variables + "zenivo " + command + neededBy(command) + " --at Paris").exitCode,
+              0)
+        << command;
   }
   EXPECT_TRUE(std::filesystem::is_empty(home.path()));
 }

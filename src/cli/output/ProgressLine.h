@@ -1,0 +1,29 @@
+// How far long work has come.
+
+#pragma once
+
+#include <chrono>
+
+namespace zenivo::cli {
+
+/// A line on standard error that a person reads along: nothing is written when that
+/// is no terminal, nor for work that is over in a moment.  Its end wipes it out.
+class ProgressLine {
+ public:
+  ProgressLine();
+  ProgressLine(const ProgressLine&) = delete;
+  ProgressLine& operator=(const ProgressLine&) = delete;
+  ~ProgressLine();
+
+  /// 0 to 1.
+  void show(double progress);
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  const bool isTerminal_;
+  const Clock::time_point begin_ = Clock::now();
+  int percent_ = -1;  ///< shown now; -1 for nothing
+};
+
+}  // namespace zenivo::cli
