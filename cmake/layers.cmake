@@ -15,6 +15,7 @@ set(ZENIVO_LAYERS
   eclipses
   find
   planner
+  app/shell
   cli/input
   cli/output
   cli
@@ -33,7 +34,9 @@ set(ZENIVO_LAYER_eclipses     foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_find         foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_planner
   foundation app/settings engine map/layers map/lines ar eclipses)
+set(ZENIVO_LAYER_app/shell    foundation app/settings store data/stores)
 set(ZENIVO_LAYER_cli/input    foundation engine)
 set(ZENIVO_LAYER_cli/output   foundation engine)
 set(ZENIVO_LAYER_cli
-  foundation app/settings engine map/layers map/lines ar eclipses planner cli/input cli/output)
+  foundation app/settings store data/stores engine map/layers map/lines ar eclipses planner
+  app/shell cli/input cli/output)
