@@ -16,6 +16,7 @@ set(ZENIVO_LAYERS
   meteors
   find
   planner
+  app/shell
   cli/input
   cli/output
   cli
@@ -35,8 +36,9 @@ set(ZENIVO_LAYER_meteors      foundation engine map/lines)
 set(ZENIVO_LAYER_find         foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_planner
   foundation app/settings engine map/layers map/lines ar eclipses)
+set(ZENIVO_LAYER_app/shell    foundation app/settings store data/stores)
 set(ZENIVO_LAYER_cli/input    foundation engine)
 set(ZENIVO_LAYER_cli/output   foundation engine)
 set(ZENIVO_LAYER_cli
-  foundation app/settings engine map/layers map/lines ar eclipses find planner cli/input
-  cli/output)
+  foundation app/settings store data/stores engine map/layers map/lines ar eclipses find planner
+  app/shell cli/input cli/output)
