@@ -46,7 +46,8 @@ std::optional<NightWindow> nightBeginningToday(std::span<const SunEvent, 3> sunE
   if (hasNoNight(today)) return std::nullopt;
   const double dawn = tomorrow.astronomicalTwilight.mjdStart();
   if (beginsBeforeDusk(tomorrow)) return nightFrom(tomorrow.astronomicalTwilight.mjdEnd(), dawn);
-  return nightFrom(std::max(today.astronomicalTwilight.mjdEnd(), secondDusk(today)), dawn);
+  const double dusk = std::max(today.astronomicalTwilight.mjdEnd(), secondDusk(today), mjdIsBefore);
+  return nightFrom(dusk, dawn);
 }
 
 }  // namespace zenivo

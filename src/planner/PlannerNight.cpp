@@ -14,12 +14,11 @@ void PlannerManager::updateMilkyWayThreshold() {
   // before its dusk ended the night before.
   const TwilightEvent& twilight = today.astronomicalTwilight;
   const bool holdsNight =
-      drawEventAtMjd(twilight.mjdEnd()) && twilight.mjdEnd() < twilight.mjdStart();
-  const double earliest = holdsNight ? twilight.mjdEnd() : 0.0;
+      drawEventAtMjd(twilight.mjdEnd()) && mjdIsBefore(twilight.mjdEnd(), twilight.mjdStart());
   for (const double mjd : {today.mjdRise(), today.civilTwilight.mjdStart(),
                            today.nauticalTwilight.mjdStart(), twilight.mjdStart()}) {
     if (mjd == kAlwaysAbove) return;
-    if (drawEventAtMjd(mjd) && mjd > earliest) {
+    if (drawEventAtMjd(mjd) && !(holdsNight && mjd <= twilight.mjdEnd())) {
       mwDateThreshold_ = dateFromModifiedJulianDay(mjd);
       return;
     }
