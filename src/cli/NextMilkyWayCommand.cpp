@@ -68,8 +68,9 @@ Json visibilityJson(const Scene& scene, const std::optional<Visibility>& found) 
 
 std::string visibilityText(const Scene& scene, const std::optional<Visibility>& found) {
   if (!found) {
-    return "\nThe galactic centre is not visible in the dark within half a year; north of 58° it "
-           "hardly clears the horizon.\n";
+    return scene.location.latitude > 58
+               ? "\nNorth of 58° the galactic centre hardly clears the horizon.\n"
+               : "\nThe galactic centre is not visible in the dark within half a year.\n";
   }
   const auto line = [&](const char* word, const Limit& limit) {
     return fmt::format("  {:<5} {}, azimuth {}, {} high\n", word,
