@@ -23,7 +23,7 @@ std::filesystem::path homeFolder() {
 
 std::filesystem::path userFolder() {
   if (auto home = folderInVariable("ZENIVO_HOME"); !home.empty()) return home;
-  // The base directory specification has relative paths ignored.
+  // Relative paths are ignored, as the rules of the XDG base directories ask.
   if (auto data = folderInVariable("XDG_DATA_HOME"); data.is_absolute()) return data / "zenivo";
   return homeFolder() / ".local/share/zenivo";
 }
