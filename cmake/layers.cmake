@@ -15,6 +15,7 @@ set(ZENIVO_LAYERS
   eclipses
   meteors
   find
+  calculators/camera
   planner
   app/shell
   cli/input
@@ -34,6 +35,7 @@ set(ZENIVO_LAYER_ar           foundation map/lines)
 set(ZENIVO_LAYER_eclipses     foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_meteors      foundation engine map/lines)
 set(ZENIVO_LAYER_find         foundation app/settings engine map/lines)
+set(ZENIVO_LAYER_calculators/camera foundation app/settings)
 set(ZENIVO_LAYER_planner
   foundation app/settings engine map/layers map/lines ar eclipses)
 set(ZENIVO_LAYER_app/shell    foundation app/settings store data/stores)
