@@ -16,6 +16,7 @@ set(ZENIVO_LAYERS
   meteors
   find
   calculators/camera
+  calculators/models
   planner
   app/shell
   cli/input
@@ -36,6 +37,7 @@ set(ZENIVO_LAYER_eclipses     foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_meteors      foundation engine map/lines)
 set(ZENIVO_LAYER_find         foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_calculators/camera foundation app/settings)
+set(ZENIVO_LAYER_calculators/models foundation app/settings calculators/camera)
 set(ZENIVO_LAYER_planner
   foundation app/settings engine map/layers map/lines ar eclipses)
 set(ZENIVO_LAYER_app/shell    foundation app/settings store data/stores)
