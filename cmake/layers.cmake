@@ -18,6 +18,7 @@ set(ZENIVO_LAYERS
   calculators/camera
   calculators/models
   calculators
+  calculators/timer
   planner
   app/shell
   cli/input
@@ -40,6 +41,8 @@ set(ZENIVO_LAYER_find         foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_calculators/camera foundation app/settings)
 set(ZENIVO_LAYER_calculators/models foundation app/settings calculators/camera)
 set(ZENIVO_LAYER_calculators  foundation app/settings calculators/camera calculators/models)
+set(ZENIVO_LAYER_calculators/timer
+  foundation app/settings calculators/camera calculators/models)
 set(ZENIVO_LAYER_planner
   foundation app/settings engine map/layers map/lines ar eclipses)
 set(ZENIVO_LAYER_app/shell    foundation app/settings store data/stores)
