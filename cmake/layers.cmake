@@ -15,6 +15,10 @@ set(ZENIVO_LAYERS
   eclipses
   meteors
   find
+  calculators/camera
+  calculators/models
+  calculators
+  calculators/timer
   planner
   app/shell
   cli/input
@@ -34,6 +38,11 @@ set(ZENIVO_LAYER_ar           foundation map/lines)
 set(ZENIVO_LAYER_eclipses     foundation app/settings engine map/lines)
 set(ZENIVO_LAYER_meteors      foundation engine map/lines)
 set(ZENIVO_LAYER_find         foundation app/settings engine map/lines)
+set(ZENIVO_LAYER_calculators/camera foundation app/settings)
+set(ZENIVO_LAYER_calculators/models foundation app/settings calculators/camera)
+set(ZENIVO_LAYER_calculators  foundation app/settings calculators/camera calculators/models)
+set(ZENIVO_LAYER_calculators/timer
+  foundation app/settings calculators/camera calculators/models)
 set(ZENIVO_LAYER_planner
   foundation app/settings engine map/layers map/lines ar eclipses)
 set(ZENIVO_LAYER_app/shell    foundation app/settings store data/stores)

@@ -62,6 +62,8 @@ constexpr auto kWithoutFirstValue = std::to_array<TypeOfKey>({
     {settings::awards_instagram, SettingType::text},
     {settings::timer_timeout, SettingType::real},
     {settings::timer_is_running, SettingType::boolean},
+    {settings::timer_seconds, SettingType::integer},
+    {settings::timer_seconds_left, SettingType::integer},
     {settings::drone_camera, SettingType::camera},
     {settings::drone_camera_model, SettingType::text},
 });

@@ -1,0 +1,119 @@
+#include "calculators/DofTable.h"
+
+#include <fmt/format.h>
+
+#include "app/settings/SettingsKeys.h"
+#include "calculators/camera/Texts.h"
+
+namespace zenivo {
+namespace {
+
+constexpr LensKeys kLensKeys{settings::dofTable_focalLength, settings::dofTable_teleconverter,
+                             settings::dofTable_teleconverter2};
+constexpr TablePositionKeys kPositionKeys{settings::dofTable_offsetX, settings::dofTable_offsetY,
+                                          settings::dofTable_selectedRow,
+                                          settings::dofTable_selectedCol};
+
+/// Distances from one to another in equal steps.
+struct Steps {
+  int from;
+  int to;
+  int by;
+};
+
+constexpr float kNearDistances[] = {0.25F, 0.5F, 0.75F, 1,    1.5F, 2,   2.5F,
+                                    3,     3.5F, 4,     4.5F, 5,    5.5F};
+constexpr Steps kMetreSteps[] = {{6, 50, 1}, {60, 100, 10}, {150, 450, 50}, {500, 1000, 100}};
+constexpr Steps kFootSteps[] = {{1, 50, 1}, {55, 100, 5}, {150, 500, 50}};
+
+template <std::size_t Count>
+void append(std::vector<float>& distances, const Steps (&steps)[Count], float unit) {
+  for (const Steps& step : steps) {
+    for (int n = step.from; n <= step.to; n += step.by) {
+      distances.push_back(static_cast<float>(n) * unit);
+    }
+  }
+}
+
+}  // namespace
+
+DofTable::DofTable(const CalculatorEnvironment& environment) : CameraCalculator(environment) {}
+
+std::vector<float> DofTable::standardSubjectDistances(UnitSystem units) {
+  std::vector<float> distances;
+  if (units == UnitSystem::imperial) {
+    append(distances, kFootSteps, kMetresPerFoot);
+  } else {
+    distances.assign(std::begin(kNearDistances), std::end(kNearDistances));
+    append(distances, kMetreSteps, 1);
+  }
+  return distances;
+}
+
+void DofTable::load() {
+  loadCamera();
+  dof_ = Dof();
+  dof_.setCircleOfConfusion(camera() ? camera()->coc : 0);
+  dof_.setIsFixedFocalLength(isFocalLengthFixed());
+  zenivo::setLens(dof_, loadLens(kLensKeys));
+  type_ = defaults().integerForKey(settings::dofTable_tableType) == 1 ? DofTableType::totalDof
+                                                                      : DofTableType::nearFar;
+  distances_ = standardSubjectDistances(environment().units.currentUnits());
+  stops_ = stopsOfCamera();
+  position_ = TablePosition::load(defaults(), kPositionKeys, static_cast<int>(rowCount()),
+                                  static_cast<int>(stops_.size()));
+}
+
+void DofTable::save() const {
+  saveLens(defaults(), kLensKeys, lens());
+  defaults().setInteger(static_cast<int>(type_), settings::dofTable_tableType);
+  position_.save(defaults(), kPositionKeys);
+  defaults().synchronize();
+}
+
+EditResult DofTable::setLens(const LensInput& lens) {
+  if (dof_.isFixedFocalLength()) return cannotChangeFocalLength();
+  zenivo::setLens(dof_, lens);
+  return std::nullopt;
+}
+
+float DofTable::hyperfocal(std::size_t column) {
+  dof_.setAperture(stops_[column]);
+  dof_.calculateDOFValues();
+  return dof_.hyperfocal();
+}
+
+DofTable::Cell DofTable::cell(std::size_t row, std::size_t column) {
+  dof_.setSubjectDistance(distances_[row - 1]);
+  dof_.setAperture(stops_[column]);
+  dof_.calculateDOFValues();
+  return {dof_.dofNearLimit(), dof_.dofFarLimit(), dof_.depthOfField()};
+}
+
+std::string DofTable::cellText(std::size_t row, std::size_t column) {
+  const CameraValuesFormatter formatter = environment().formatter();
+  if (row == 0) return formatter.formatDistance(hyperfocal(column), false);
+  const Cell values = cell(row, column);
+  if (type_ == DofTableType::totalDof) return formatter.formatDistance(values.depthOfField, false);
+  return fmt::format("{} – {}", formatter.formatDistance(values.nearLimit, false),
+                     formatter.formatDistance(values.farLimit, false));
+}
+
+std::string DofTable::title() const {
+  const bool imperial = environment().units.currentUnits() == UnitSystem::imperial;
+  return fmt::format("{} ({})",
+                     calculatorText(type_ == DofTableType::totalDof ? "dof_table_total_dof"
+                                                                    : "dof_table_near_far"),
+                     commonText(imperial ? "unit_abbr_ft" : "unit_abbr_m"));
+}
+
+std::string DofTable::rowHeader(std::size_t row) const {
+  if (row == 0) return calculatorText("dof_hyperfocal_distance");
+  return environment().formatter().formatDistance(distances_[row - 1], false);
+}
+
+std::string DofTable::columnHeader(std::size_t column) const {
+  return CameraValuesFormatter::formatAperture(stops_[column].fstop);
+}
+
+}  // namespace zenivo

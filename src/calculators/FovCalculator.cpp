@@ -1,0 +1,66 @@
+#include "calculators/FovCalculator.h"
+
+#include "app/settings/SettingsKeys.h"
+
+namespace zenivo {
+namespace {
+
+constexpr LensKeys kLensKeys{settings::fov_focalLength, settings::fov_teleconverter,
+                             settings::fov_teleconverter2};
+
+}  // namespace
+
+FovCalculator::FovCalculator(const CalculatorEnvironment& environment)
+    : CameraCalculator(environment) {}
+
+void FovCalculator::load() {
+  loadCamera();
+  model_ = Fov();
+  const SensorSize sensor = camera() ? camera()->sensorSize : SensorSize();
+  model_.setSensorWidth(sensor.width);
+  model_.setSensorHeight(sensor.height);
+  model_.setIsFixedFocalLength(isFocalLengthFixed());
+  zenivo::setLens(model_, loadLens(kLensKeys));
+  model_.setSubjectDistance(defaults().floatForKey(settings::fov_subjectDistance));
+  model_.setIsPortrait(defaults().boolForKey(settings::fov_isPortrait));
+  model_.calculateFOVValues();
+  selectedPage_ = defaults().integerForKey(settings::fov_selectedPage);
+}
+
+void FovCalculator::save() const {
+  saveLens(defaults(), kLensKeys, lensOf(model_));
+  defaults().setFloat(model_.subjectDistance(), settings::fov_subjectDistance);
+  defaults().setBool(model_.isPortrait(), settings::fov_isPortrait);
+  defaults().setInteger(selectedPage_, settings::fov_selectedPage);
+  defaults().synchronize();
+}
+
+EditResult FovCalculator::setLens(const LensInput& lens) {
+  if (model_.isFixedFocalLength()) return cannotChangeFocalLength();
+  return edit([&lens](Fov& model) { zenivo::setLens(model, lens); });
+}
+
+EditResult FovCalculator::setSubjectDistance(float metres) {
+  return edit([metres](Fov& model) { model.setSubjectDistance(metres); });
+}
+
+EditResult FovCalculator::setIsPortrait(bool isPortrait) {
+  return edit([isPortrait](Fov& model) { model.setIsPortrait(isPortrait); });
+}
+
+EditResult FovCalculator::solve(Fov& edited) const {
+  edited.calculateFOVValues();
+  return std::nullopt;
+}
+
+std::vector<ResultRow> FovCalculator::results() const {
+  const CameraValuesFormatter formatter = environment().formatter();
+  return {{"fov_horizontal_aov", CameraValuesFormatter::formatAngle(model_.horizontalAov())},
+          {"fov_vertical_aov", CameraValuesFormatter::formatAngle(model_.verticalAov())},
+          {"fov_diagonal_aov", CameraValuesFormatter::formatAngle(model_.diagonalAov())},
+          {"fov_horizontal_fov", formatter.formatDistance(model_.horizontalFov())},
+          {"fov_vertical_fov", formatter.formatDistance(model_.verticalFov())},
+          {"fov_diagonal_fov", formatter.formatDistance(model_.diagonalFov())}};
+}
+
+}  // namespace zenivo

@@ -1,0 +1,64 @@
+// Photographic values as photographers type them.
+
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "calculators/camera/DistanceUnit.h"
+
+namespace zenivo {
+
+/// A neutral density filter: whole stops as on the ladder, and a fraction beside them.
+struct FilterValue {
+  float stops = 0;
+  float fraction = 0;
+};
+
+/// Reads values; everything that CameraValuesFormatter writes reads back to the value
+/// shown.  Blanks count nothing, letters may be small or capital, a value has no sign
+/// unless said.  The whole text must be the value, else the answer is nullopt.
+struct CameraValuesParser {
+  /// Metres, from "35mm", "35" (millimetres too), "5 cm" or "0.6 m".  Above 0.
+  static std::optional<float> parseFocalLength(std::string_view text);
+
+  /// From "f/2.8", "f2.8" or "2.8".  Above 0.
+  static std::optional<float> parseAperture(std::string_view text);
+
+  /// Seconds, from "1/250", "1/250s", "2.5", "30s", 30", "1h 2min 3.5s" or "∞s".
+  static std::optional<float> parseShutterSpeed(std::string_view text);
+
+  /// Metres, from "3m", "250 cm", "10ft", 5'6", 5' 6 1/2", "8 in" or "1.2 km"; a bare
+  /// number is in metres or feet.  "∞" or "inf" is -1.
+  static std::optional<float> parseDistance(std::string_view text, UnitSystem units);
+
+  /// Seconds, from "2d 3h 5min 6s", 3h 5' 6", "90" or "1:30:00".
+  static std::optional<double> parseTimeDuration(std::string_view text);
+
+  /// Degrees, with an optional sign, from "46.8°", "-12.5" or "30 deg".
+  static std::optional<float> parseAngle(std::string_view text);
+
+  /// From "400" or "ISO 400".  Above 0.
+  static std::optional<float> parseISO(std::string_view text);
+
+  /// From "1.4x" or "2"; "--" is 1.  Above 0.
+  static std::optional<float> parseTeleconverter(std::string_view text);
+
+  /// From "6 stops", "9 1/3", "9 ⅓ stops" or a name it is sold under ("ND64", "1.8" only
+  /// with ND: "ND1.8"); "--" is none.
+  static std::optional<FilterValue> parseFilter(std::string_view text);
+
+  /// Stops, with an optional sign, from "+12.34", "-6" or "+12 ⅓".
+  static std::optional<float> parseEV(std::string_view text);
+
+  /// Millimetres, from "0.030 mm" or "0.03".  Above 0.
+  static std::optional<float> parseCoC(std::string_view text);
+
+  /// Megabytes, from "24 MB", "1.5GB" or "24".  Above 0.
+  static std::optional<double> parseMB(std::string_view text);
+
+  /// Frames a second, from "25" or "25 fps".  Above 0.
+  static std::optional<double> parseFps(std::string_view text);
+};
+
+}  // namespace zenivo

@@ -1,0 +1,34 @@
+// Reading typed values from left to right.
+
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace zenivo {
+
+/// A place in a text; blanks are passed over before whatever is asked for.
+class TextScanner {
+ public:
+  explicit TextScanner(std::string_view text) : rest_(text) {}
+
+  bool atEnd();
+
+  /// Passes over the word when it comes next, letters in either case.  A word of letters
+  /// must end there: "m" is not found in "mm".
+  bool scan(std::string_view word);
+
+  /// A decimal number without sign: "35", "2.8", ".5".
+  std::optional<double> number();
+
+  /// A number with an optional fraction: "9", "9 1/3", "9 ⅓", "1/250", "½".
+  std::optional<double> mixedNumber();
+
+ private:
+  void skipBlanks();
+  std::optional<double> fraction();
+
+  std::string_view rest_;
+};
+
+}  // namespace zenivo

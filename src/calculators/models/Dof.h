@@ -1,0 +1,123 @@
+// Depth of field of a thin lens.
+//
+// Lengths are metres and 32-bit floats.  A far limit or a depth below 0 means
+// infinity.  With F the focal length behind the teleconverters, N the focal ratio
+// and c the circle of confusion, h = F^2 / (N c) is the distance at which the
+// formulas of Greenleaf (Photographic Optics, 1950) put the hyperfocal point,
+// counted from the front focal point.
+
+#pragma once
+
+#include "calculators/camera/Aperture.h"
+
+namespace zenivo {
+
+/// The lens, its focus and the limits of what it renders sharp.
+///
+/// Setting an input computes nothing: call calculateDOFValues.  Nothing is
+/// refused here; a division by zero shows as an infinity or not-a-number.
+class Dof {
+ public:
+  Dof() = default;
+
+  /// Sets the inputs and computes.  `circleOfConfusion` in millimetres.
+  Dof(float focalLength, const Aperture& aperture, float subjectDistance, float teleconverter1,
+      float teleconverter2, float circleOfConfusion);
+
+  float circleOfConfusion() const { return circleOfConfusion_; }
+  /// In millimetres, as camera records have it; kept in metres.
+  void setCircleOfConfusion(float millimetres) { circleOfConfusion_ = millimetres / 1000; }
+
+  /// Of the lens alone, before teleconverters.
+  float focalLength() const { return focalLength_; }
+  void setFocalLength(float focalLength) { focalLength_ = focalLength; }
+
+  const Aperture& aperture() const { return aperture_; }
+  void setAperture(const Aperture& aperture) { aperture_ = aperture; }
+
+  float subjectDistance() const { return subjectDistance_; }
+  void setSubjectDistance(float distance) { subjectDistance_ = distance; }
+
+  /// A factor that is not above 0 is stored as 1.
+  float teleconverter1() const { return teleconverter1_; }
+  void setTeleconverter1(float factor);
+  float teleconverter2() const { return teleconverter2_; }
+  void setTeleconverter2(float factor);
+  /// Both factors together.
+  float teleconverter() const { return teleconverter1_ * teleconverter2_; }
+
+  bool isFixedFocalLength() const { return isFixedFocalLength_; }
+  void setIsFixedFocalLength(bool isFixed) { isFixedFocalLength_ = isFixed; }
+  bool isFixedAperture() const { return isFixedAperture_; }
+  void setIsFixedAperture(bool isFixed) { isFixedAperture_ = isFixed; }
+
+  /// Computes the five fields below from the inputs above.  A subject within
+  /// 1 cm of the hyperfocal distance has the far limit -1, one beyond it another
+  /// negative one.  A subject inside the focal length has no depth: both limits
+  /// are then the subject distance.
+  void calculateDOFValues();
+
+  /// The nearest focus that keeps infinity sharp.
+  float hyperfocal() const { return hyperfocal_; }
+  void setHyperfocal(float distance) { hyperfocal_ = distance; }
+  float dofNearLimit() const { return dofNearLimit_; }
+  void setDofNearLimit(float distance) { dofNearLimit_ = distance; }
+  float dofFarLimit() const { return dofFarLimit_; }
+  void setDofFarLimit(float distance) { dofFarLimit_ = distance; }
+  /// Far limit minus near limit, kept so that it can be asked for as an input.
+  float inverseDepthOfField() const { return inverseDepthOfField_; }
+  void setInverseDepthOfField(float depth) { inverseDepthOfField_ = depth; }
+
+  /// Near limit when focused at the hyperfocal distance.
+  float hyperfocalNearLimit() const { return hyperfocal_ / 2; }
+  float depthOfField() const { return dofFarLimit_ - dofNearLimit_; }
+  float depthOfFieldInFront() const { return subjectDistance_ - dofNearLimit_; }
+  float depthOfFieldBehind() const { return dofFarLimit_ - subjectDistance_; }
+
+  // The inverse operations: the value of one input that gives the wanted result,
+  // the other inputs staying as they are.  Nothing is stored.  What no lens can do
+  // comes out as not-a-number, an infinity, 0 or a negative number.
+
+  float calculateSubjectDistanceForDOFNearLimit(float x) const;
+  float calculateSubjectDistanceForDOFFarLimit(float x) const;
+  float calculateSubjectDistanceForDOF(float x) const;
+
+  float calculateFocalLengthForHyperfocal(float x) const;
+  float calculateFocalLengthForHyperfocalNearLimit(float x) const;
+  float calculateFocalLengthForDOFNearLimit(float x) const;
+  float calculateFocalLengthForDOFFarLimit(float x) const;
+  /// Solves an equation of the fourth degree; -1 when that has no real root.
+  float calculateFocalLengthForDOF(float x) const;
+
+  /// The exact focal ratio, on no ladder.
+  float calculateApertureForHyperfocal(float x) const;
+  float calculateApertureForHyperfocalNearLimit(float x) const;
+  float calculateApertureForDOFNearLimit(float x) const;
+  float calculateApertureForDOFFarLimit(float x) const;
+  float calculateApertureForDOF(float x) const;
+
+  /// The root (-b + r) / 2a of ax^2 + bx + c = 0, or the other one when that is
+  /// negative; not-a-number when there is no real root.
+  static float quadraticSolverForA(float a, float b, float c);
+
+ private:
+  float effectiveFocalLength() const { return focalLength_ * teleconverter(); }
+  double apertureTimesCoc() const { return aperture_.value * circleOfConfusion_; }
+  float hyperfocalTerm() const;
+  float apertureForHyperfocalTerm(float term) const;
+
+  float circleOfConfusion_ = 0;
+  float focalLength_ = 0;
+  Aperture aperture_;
+  float subjectDistance_ = 0;
+  float teleconverter1_ = 1;
+  float teleconverter2_ = 1;
+  float inverseDepthOfField_ = 0;
+  float hyperfocal_ = 0;
+  float dofNearLimit_ = 0;
+  float dofFarLimit_ = 0;
+  bool isFixedFocalLength_ = false;
+  bool isFixedAperture_ = false;
+};
+
+}  // namespace zenivo

@@ -1,0 +1,40 @@
+#include "calculators/models/Timelapse.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace zenivo {
+
+Timelapse Timelapse::initWithFps(std::int32_t fps, double clipLength, double eventDuration,
+                                 double imageSize) {
+  return {0, fps, clipLength, eventDuration, imageSize};
+}
+
+// A clip length that this calculator gave may come back with noise in its last
+// digits, which the ceiling would turn into a frame; hence the hundredths.
+
+void Timelapse::calculateShootingInterval() {
+  shootingInterval = eventDuration / std::ceil(std::round(clipLength * fps * 100) / 100);
+}
+
+void Timelapse::calculateClipLength() {
+  clipLength = std::ceil(eventDuration / shootingInterval) / fps;
+}
+
+void Timelapse::calculateEventDuration() {
+  eventDuration = shootingInterval * std::ceil(std::round(clipLength * 100) * fps / 100);
+}
+
+std::int32_t Timelapse::numberOfPhotos() const {
+  const double photos = std::floor(eventDuration / shootingInterval);
+  if (!std::isfinite(photos)) return 0;
+  constexpr double kMost = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(std::clamp(photos, 0.0, kMost));
+}
+
+float Timelapse::totalMemoryUsage() const {
+  return static_cast<float>(imageSize * numberOfPhotos());
+}
+
+}  // namespace zenivo
