@@ -44,7 +44,7 @@ set(ZENIVO_LAYER_calculators  foundation app/settings calculators/camera calcula
 set(ZENIVO_LAYER_calculators/timer
   foundation app/settings calculators/camera calculators/models)
 set(ZENIVO_LAYER_planner
-  foundation app/settings engine map/layers map/lines ar eclipses)
+  foundation app/settings engine map/layers map/lines ar eclipses meteors)
 set(ZENIVO_LAYER_app/shell    foundation app/settings store data/stores)
 set(ZENIVO_LAYER_cli/input    foundation engine)
 set(ZENIVO_LAYER_cli/output   foundation engine)

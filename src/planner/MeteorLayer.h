@@ -1,15 +1,19 @@
-// The meteor showers of a planning session.
+// The meteor shower of a planning session.
 
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
 
+#include "engine/PtPosition.h"
 #include "engine/PtStar.h"
 #include "foundation/Date.h"
 
 namespace zenivo {
 
-/// What the session asks of the side that knows the showers, while one is shown.
+/// What the session asks of the side that knows the showers, while it shows one.
 class MeteorLayer {
  public:
   virtual ~MeteorLayer() = default;
@@ -19,15 +23,20 @@ class MeteorLayer {
   virtual void timeZoneUpdated() = 0;
   virtual void updateMeteorShowerInfo(Date currentDate) = 0;
 
-  /// Works out the showers' activity in a year.
+  /// Works out the shower's activity in a year.
   virtual void calculateMeteorShowerActivitesForYear(std::int64_t year) = 0;
 
   /// When the shower is richest at the place, in the period of activity that holds the
-  /// date; 0.0 while that is not known.
-  virtual double realPeakMjd(std::int64_t showerId, Date date) const = 0;
+  /// moment or is the next; 0.0 while that is not known.
+  virtual double realPeakMjd() const = 0;
 
-  /// The shower's radiant, for the place, where it stands among the stars at a moment.
-  virtual ephemeris::PtStar radiant(std::int64_t showerId, double mjd) const = 0;
+  /// The shower's radiant, for the place, where it stands among the stars at a moment;
+  /// nullopt for a shower that is not known.
+  virtual std::optional<ephemeris::PtStar> radiant(double mjd) = 0;
 };
+
+/// Makes the layer of a shower, by its number, at a session's moment.
+using MakeMeteorLayer =
+    std::function<std::unique_ptr<MeteorLayer>(std::int64_t showerId, Date currentDate)>;
 
 }  // namespace zenivo

@@ -43,7 +43,7 @@ struct PlannerSides {
   std::unique_ptr<ephemeris::PtMilkyWay> milkyWay;
   GeodesicsFactory geodesics;
   std::unique_ptr<AzimuthManager> azimuthManager;
-  std::function<std::unique_ptr<MeteorLayer>()> meteors;
+  MakeMeteorLayer meteors;
 };
 
 /// Keeps the events of yesterday, today and tomorrow around its moment, in the local
@@ -322,7 +322,7 @@ class PlannerManager : public MapManager {
   std::unique_ptr<ephemeris::PtMoon> moon_;
   std::unique_ptr<ephemeris::PtMilkyWay> milkyWay_;
   std::unique_ptr<AzimuthManager> azimuthManager_;
-  std::function<std::unique_ptr<MeteorLayer>()> makeMeteorLayer_;
+  MakeMeteorLayer makeMeteorLayer_;
   std::weak_ptr<PlannerManagerDelegate> delegate_;
 
   Date currentDate_;

@@ -13,8 +13,8 @@ void PlannerManager::enableMeteorShower(std::int64_t showerId, const std::string
   layer.selectedMeteorShowerId = showerId;
   layer.selectedMeteorShowerName = name;
   layer.selectedYear = forYear;
-  if (!meteorLayer_ && makeMeteorLayer_) meteorLayer_ = makeMeteorLayer_();
-  if (!meteorLayer_) return;
+  if (!makeMeteorLayer_) return;
+  meteorLayer_ = makeMeteorLayer_(showerId, currentDate_);
   meteorLayer_->updateLocation(sun_->getPosition());
   meteorLayer_->calculateMeteorShowerActivitesForYear(forYear);
   meteorLayer_->updateMeteorShowerInfo(currentDate_);
@@ -30,8 +30,7 @@ void PlannerManager::disableMeteorShower() {
 void PlannerManager::updateMeteorShowerLocation() {
   if (!meteorLayer_) return;
   meteorLayer_->updateLocation(sun_->getPosition());
-  const std::int64_t shower = mapSettings_.meteorShowerLayer.selectedMeteorShowerId;
-  if (meteorLayer_->realPeakMjd(shower, currentDate_) == 0.0) {
+  if (meteorLayer_->realPeakMjd() == 0.0) {
     meteorLayer_->calculateMeteorShowerActivitesForYear(
         mapSettings_.meteorShowerLayer.selectedYear);
   }
@@ -41,11 +40,11 @@ void PlannerManager::updateMeteorShowerPositionsPerHour() {
   meteorShowerPositionsPerHour_.reset();
   if (!meteorLayer_) return;
   const LocalDay day(dateWithStartDateTime(currentDate_));
-  ephemeris::PtStar radiant =
-      meteorLayer_->radiant(mapSettings_.meteorShowerLayer.selectedMeteorShowerId, day.mjdAt0);
+  std::optional<ephemeris::PtStar> radiant = meteorLayer_->radiant(day.mjdAt0);
+  if (!radiant) return;
   CelestialBodyEvent event;
-  searchRiseTransitSet(event, radiant, day);
-  meteorShowerPositionsPerHour_ = positionPerHourForBody(radiant, day, event);
+  searchRiseTransitSet(event, *radiant, day);
+  meteorShowerPositionsPerHour_ = positionPerHourForBody(*radiant, day, event);
 }
 
 }  // namespace zenivo

@@ -3,6 +3,7 @@
 
 #include "app/settings/SettingsKeys.h"
 #include "engine/Angles.h"
+#include "planner/MeteorShowerLayer.h"
 #include "planner/SessionFixture.h"
 
 namespace zenivo::testing {
@@ -159,10 +160,8 @@ class FakeMeteors : public MeteorLayer {
   void calculateMeteorShowerActivitesForYear(std::int64_t year) override {
     calls_.calls.push_back(std::to_string(year));
   }
-  double realPeakMjd(std::int64_t /*showerId*/, Date /*date*/) const override {
-    return calls_.realPeakMjd;
-  }
-  ephemeris::PtStar radiant(std::int64_t /*showerId*/, double /*mjd*/) const override {
+  double realPeakMjd() const override { return calls_.realPeakMjd; }
+  std::optional<ephemeris::PtStar> radiant(double /*mjd*/) override {
     ephemeris::PtStar star(observer_);
     star.setEquatorialPosition(48 * kDegree, 58 * kDegree);  // the Perseids'
     return star;
@@ -176,7 +175,7 @@ class FakeMeteors : public MeteorLayer {
 TEST_F(PlannerLayers, AShowerIsToldWhatChanges) {
   MeteorCalls meteors;
   PlannerSides sides;
-  sides.meteors = [&meteors] { return std::make_unique<FakeMeteors>(meteors); };
+  sides.meteors = [&meteors](std::int64_t, Date) { return std::make_unique<FakeMeteors>(meteors); };
   Session shower(ZVObserver({10, -3.6969}), zoneNamed("Europe/Madrid"),
                  dateIn("Europe/Madrid", 2026, 8, 12, 12), std::move(sides));
   const auto takeCalls = [&meteors] { return std::exchange(meteors.calls, {}); };
@@ -201,6 +200,35 @@ TEST_F(PlannerLayers, AShowerIsToldWhatChanges) {
   EXPECT_FALSE(shower->meteorShowerPositionsPerHour());
   shower->setCurrentDate(dateIn("Europe/Madrid", 2026, 8, 14, 13));
   EXPECT_THAT(takeCalls(), IsEmpty());
+}
+
+// The Perseids of 2026 over Burgos: the radiant stands at 48 degrees right ascension and
+// 58 declination at their peak (International Meteor Organization, 2026 calendar), so that
+// it never sets there and culminates at 74 degrees.
+TEST_F(PlannerLayers, AShowerOfTheCatalogueIsFollowed) {
+  PlannerSides sides;
+  sides.meteors = makeMeteorShowerLayers(nullptr);
+  Session shower(ZVObserver(kBurgos), zoneNamed("Europe/Madrid"),
+                 dateIn("Europe/Madrid", 2026, 8, 12, 12), std::move(sides));
+  shower->enableMeteorShower(7, "Perseids", 2026);
+  ASSERT_TRUE(shower->meteorShowerPositionsPerHour());
+  double lowest = 90, highest = -90;
+  for (const BodyPathItem& item : *shower->meteorShowerPositionsPerHour()) {
+    EXPECT_FALSE(item.isRise || item.isSet);
+    lowest = std::min(lowest, item.elevation / kDegree);
+    highest = std::max(highest, item.elevation / kDegree);
+  }
+  EXPECT_NEAR(lowest, 10.3, 1.0);
+  EXPECT_NEAR(highest, 74.3, 1.0);
+
+  const BodyPath atBurgos = *shower->meteorShowerPositionsPerHour();
+  shower->setCurrentPosition({-42, -3.6969}, false);  // there the radiant never rises
+  EXPECT_FALSE(shower->meteorShowerPositionsPerHour());
+  shower->setCurrentPosition(kBurgos, false);
+  EXPECT_EQ(shower->meteorShowerPositionsPerHour(), atBurgos);
+
+  shower->enableMeteorShower(4711, "Never seen", 2026);
+  EXPECT_FALSE(shower->meteorShowerPositionsPerHour());
 }
 
 TEST_F(PlannerLayers, WithoutTheSideAShowerIsOnlySelected) {

@@ -1,0 +1,60 @@
+#include "planner/MeteorShowerLayer.h"
+
+#include <utility>
+
+#include "engine/DateEphemeris.h"
+
+namespace zenivo {
+namespace {
+
+ZVLocation locationOf(const PtPosition& observer) {
+  return {.coordinate = {observer.latitude, observer.longitude},
+          .altitude = observer.altitude,
+          .verticalAccuracy = 0};
+}
+
+}  // namespace
+
+MeteorShowerLayer::MeteorShowerLayer(std::int64_t showerId, Date currentDate,
+                                     MeteorShowerManager::Cache cache)
+    : showerId_(showerId),
+      manager_({currentDate, std::nullopt}, showerId, true, std::move(cache)) {}
+
+void MeteorShowerLayer::updateLocation(const PtPosition& observer) {
+  manager_.updateLocation(locationOf(observer));
+}
+
+void MeteorShowerLayer::timeZoneUpdated() {
+  manager_.timeZoneUpdated();
+}
+
+void MeteorShowerLayer::updateMeteorShowerInfo(Date currentDate) {
+  manager_.jumpToMjdDate(modifiedJulianDay(currentDate));
+}
+
+void MeteorShowerLayer::calculateMeteorShowerActivitesForYear(std::int64_t year) {
+  const double mjd = manager_.currentMjdDate();
+  manager_.calculateMeteorShowerActivitesForYear(year);
+  manager_.jumpToMjdDate(mjd);  // back from the first day of the year
+}
+
+double MeteorShowerLayer::realPeakMjd() const {
+  const MeteorShowerActivityPeriod* period = manager_.activityPeriodForMeteorShowerId(showerId_);
+  return period != nullptr ? period->realPeakMjd : 0.0;
+}
+
+std::optional<ephemeris::PtStar> MeteorShowerLayer::radiant(double mjd) {
+  const std::shared_ptr<MeteorShower> shower = manager_.meteorShowerWithId(showerId_);
+  if (!shower || !shower->radiant) return std::nullopt;
+  shower->radiantPositionAtMjd(mjd, manager_.deltaT(),
+                               MeteorShowerManager::solarLongitudeForMjd(mjd));
+  return shower->radiant->star();
+}
+
+MakeMeteorLayer makeMeteorShowerLayers(MeteorShowerManager::Cache cache) {
+  return [cache = std::move(cache)](std::int64_t showerId, Date currentDate) {
+    return std::make_unique<MeteorShowerLayer>(showerId, currentDate, cache);
+  };
+}
+
+}  // namespace zenivo
