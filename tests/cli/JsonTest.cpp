@@ -203,8 +203,9 @@ TEST(Paths, RunOnInTimeAboveTheHorizon) {
       for (const char* date : {"2026-03-29", "2026-06-21", "2026-10-25", "2026-12-21"}) {
         const std::string arguments =
             std::string("path ") + body + " --at " + at + " --date " + date;
+        const Json path = answer(arguments);
         double last = 0;
-        for (const Json& sample : answer(arguments)["samples"]) {
+        for (const Json& sample : path["samples"]) {
           const double mjd = sample["time"]["mjd"];
           EXPECT_GE(mjd, last) << arguments;
           EXPECT_LT(mjd - last, last == 0 ? 1e9 : 1.0) << arguments;
