@@ -51,5 +51,7 @@ std::unique_ptr<Command> makeNextPhaseCommand();
 std::unique_ptr<Command> makeNextDarkNightCommand();
 std::unique_ptr<Command> makeNextMilkyWayCommand();
 std::unique_ptr<Command> makeFindCommand();
+std::unique_ptr<Command> makeEclipseCommand();
+std::unique_ptr<Command> makeEclipsesCommand();
 
 }  // namespace zenivo::cli

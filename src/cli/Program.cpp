@@ -73,6 +73,8 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeNextDarkNightCommand());
   commands.push_back(makeNextMilkyWayCommand());
   commands.push_back(makeFindCommand());
+  commands.push_back(makeEclipseCommand());
+  commands.push_back(makeEclipsesCommand());
   std::vector<Entry> entries;
   for (auto& command : commands) {
     command->addTo(program);

@@ -38,11 +38,12 @@ Date wholeSecond(Date date) {
 
 }  // namespace
 
-void SceneOptions::addTo(CLI::App& command) {
-  command
-      .add_option("--at", at_, "The place: LAT,LON[,ALT_M] in degrees and metres, or a city's name")
-      ->required()
-      ->type_name("PLACE");
+void SceneOptions::addTo(CLI::App& command, PlaceNeed need) {
+  atOption_ = command
+                  .add_option("--at", at_,
+                              "The place: LAT,LON[,ALT_M] in degrees and metres, or a city's name")
+                  ->required(need == PlaceNeed::required)
+                  ->type_name("PLACE");
   command
       .add_option("--zone", zone_,
                   "IANA time zone (default: the city's, the nearest city's, or at sea the "
@@ -76,6 +77,10 @@ Scene SceneOptions::resolve() const {
     scene.zoneOrigin = "as given";
   }
   return scene;
+}
+
+TimeZone SceneOptions::resolveZone() const {
+  return zone_.empty() ? parseZone("UTC") : parseZone(zone_);
 }
 
 void MomentOptions::addTo(CLI::App& command) {

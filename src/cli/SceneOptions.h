@@ -22,18 +22,28 @@ struct Scene {
   std::string zoneOrigin;  ///< why this zone: "as given", "the city's own", …
 };
 
+/// Whether a command can do without a place.
+enum class PlaceNeed { required, optional };
+
 /// --at, --zone and --json.
 class SceneOptions {
  public:
-  void addTo(CLI::App& command);
+  void addTo(CLI::App& command, PlaceNeed need = PlaceNeed::required);
 
   bool wantsJson() const { return wantsJson_; }
 
   /// Finds the place and its zone.  Throws InputError for what cannot be found.
   Scene resolve() const;
 
+  /// False when no place was given.
+  bool hasPlace() const { return atOption_->count() > 0; }
+
+  /// The zone alone, for an answer without a place: that given, else UTC.
+  TimeZone resolveZone() const;
+
  private:
   std::string at_;
+  const CLI::Option* atOption_ = nullptr;
   std::string zone_;
   bool wantsJson_ = false;
 };
@@ -49,6 +59,8 @@ class MomentOptions {
   void addTo(CLI::App& command);
 
   /// On a whole second, as the ephemeris takes moments.
+  bool isGiven() const { return !time_.empty() || !date_.empty(); }
+
   Date resolve(const TimeZone& zone) const;
 
  private:

@@ -15,9 +15,17 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr const char* kCommands[] = {
-    "sky", "day", "path", "month", "moon", "next-phase", "next-dark-night", "next-milky-way",
-    "find"};
+constexpr const char* kCommands[] = {"sky",
+                                     "day",
+                                     "path",
+                                     "month",
+                                     "moon",
+                                     "next-phase",
+                                     "next-dark-night",
+                                     "next-milky-way",
+                                     "find",
+                                     "eclipse",
+                                     "eclipses"};
 
 TEST(Program, BadInputIsOneLineAndExitCode2) {
   const std::pair<const char*, const char*> cases[] = {
@@ -51,6 +59,18 @@ TEST(Program, BadInputIsOneLineAndExitCode2) {
       {"next-dark-night --at Paris --hours 25", "--hours must be"},
       {"next-dark-night --at Paris --hours nan", "--hours must be"},
       {"next-dark-night --at Paris --hours many", "--hours"},
+      {"eclipse SE2024Apr08T", "--at is required"},
+      {"eclipse SE2024Apr09T --at Paris", "no eclipse named \"SE2024Apr09T\"; write it as in"},
+      {"eclipse '' --at Paris", "no eclipse named \"\""},
+      {"eclipse 2024-04-09 --at Paris", "the nearest is SE2024Apr08T, on 2024-04-08"},
+      {"eclipse 2024-04-08 --kind lunar --at Paris", "the nearest is LE2024Mar25N"},
+      {"eclipse 2024-02-30 --at Paris", "that month has 29 days"},
+      {"eclipse SE2024Apr08T --kind lunar --at Paris", "SE2024Apr08T is not a lunar eclipse"},
+      {"eclipse SE2024Apr08T --date today --at Paris", "--time and --date are of next"},
+      {"eclipse --kind stellar --at Paris", "stellar not in {solar,lunar}"},
+      {"eclipse --date 2300-01-01 --at Paris", "which ends with LE2200Oct23P"},
+      {"eclipses --from 2026-01-02 --to 2026-01-01", "the period ends before it begins"},
+      {"eclipses --from soon", "write it as in 2026-06-21"},
       {"find --at Paris --azimuth 90", "body is required"},
       {"find sun --at Paris", "--azimuth is required"},
       {"find sun --at Paris --azimuth nan", "--azimuth must be 0 to 360 degrees"},

@@ -1,5 +1,4 @@
-// The catalogue for tests and benchmarks, read from the row files of which the
-// static store is made.
+// The catalogue of the static store for tests and benchmarks.
 
 #pragma once
 
