@@ -51,5 +51,9 @@ std::unique_ptr<Command> makeNextPhaseCommand();
 std::unique_ptr<Command> makeNextDarkNightCommand();
 std::unique_ptr<Command> makeNextMilkyWayCommand();
 std::unique_ptr<Command> makeFindCommand();
+std::unique_ptr<Command> makePoisCommand();
+std::unique_ptr<Command> makeSettingsCommand();
+std::unique_ptr<Command> makeOpenCommand();
+std::unique_ptr<Command> makeStoreCommand();
 
 }  // namespace zenivo::cli
