@@ -53,5 +53,9 @@ std::unique_ptr<Command> makeNextMilkyWayCommand();
 std::unique_ptr<Command> makeFindCommand();
 std::unique_ptr<Command> makeEclipseCommand();
 std::unique_ptr<Command> makeEclipsesCommand();
+std::unique_ptr<Command> makePoisCommand();
+std::unique_ptr<Command> makeSettingsCommand();
+std::unique_ptr<Command> makeOpenCommand();
+std::unique_ptr<Command> makeStoreCommand();
 
 }  // namespace zenivo::cli

@@ -51,15 +51,24 @@ int fail(int code, std::string message) {
   return code;
 }
 
-/// The app whose help was asked for, or whose arguments were wrong.
-const CLI::App& chosenApp(const CLI::App& program) {
-  const auto chosen = program.get_subcommands();
-  return chosen.empty() ? program : *chosen.front();
+/// The command or subcommand whose help was asked for, or whose arguments were wrong.
+const CLI::App& chosenApp(const CLI::App& app) {
+  const auto chosen = app.get_subcommands();
+  return chosen.empty() ? app : chosenApp(*chosen.front());
+}
+
+/// What is typed before the app's own name: "zenivo settings".
+std::string prefixOf(const CLI::App& app) {
+  const CLI::App* parent = app.get_parent();
+  if (parent == nullptr) return "";
+  const std::string before = prefixOf(*parent);
+  return before.empty() ? parent->get_name() : before + " " + parent->get_name();
 }
 
 std::string helpCommand(const CLI::App& program) {
   const CLI::App& chosen = chosenApp(program);
-  return &chosen == &program ? "zenivo --help" : fmt::format("zenivo {} --help", chosen.get_name());
+  const std::string prefix = prefixOf(chosen);
+  return (prefix.empty() ? "" : prefix + " ") + chosen.get_name() + " --help";
 }
 
 std::vector<Entry> addCommands(CLI::App& program) {
@@ -75,6 +84,10 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeFindCommand());
   commands.push_back(makeEclipseCommand());
   commands.push_back(makeEclipsesCommand());
+  commands.push_back(makePoisCommand());
+  commands.push_back(makeSettingsCommand());
+  commands.push_back(makeOpenCommand());
+  commands.push_back(makeStoreCommand());
   std::vector<Entry> entries;
   for (auto& command : commands) {
     command->addTo(program);
@@ -108,7 +121,7 @@ std::string answer(CLI::App& program, const std::vector<Entry>& entries, int arg
     program.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
     const CLI::App& chosen = chosenApp(program);
-    return chosen.help(&chosen == &program ? "" : "zenivo");
+    return chosen.help(prefixOf(chosen));
   } catch (const CLI::CallForVersion&) {
     return program.version() + "\n";
   } catch (const CLI::ParseError& error) {
