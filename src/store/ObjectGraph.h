@@ -177,7 +177,7 @@ class ObjectGraph {
   // What others did.
   void takeOver(ManagedObject& object, Row&& row);
   void keepPartners(ManagedObject& object);
-  void dropChangesOfOthers(ManagedObject& object);
+  void dropChangesOfOthers(ManagedObject& object, const RelationshipDescription& relationship);
   void takeOverColumn(ManagedObject& object, const RelationshipDescription& column, Value& known,
                       Value&& theirs);
   void revertOwnChanges(ManagedObject& object);

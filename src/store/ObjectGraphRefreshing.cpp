@@ -68,19 +68,18 @@ void ObjectGraph::keepPartners(ManagedObject& object) {
 }
 
 /// What others added or removed too is no change of this context's any more.
-void ObjectGraph::dropChangesOfOthers(ManagedObject& object) {
-  for (const RelationshipDescription* each : object.entity_->derivedRelationships()) {
-    const bool isOwnTruth = each->storage == RelationshipStorage::joinTable;
-    if (!isOwnTruth || !object.derived(*each).hasChanges()) continue;
-    DerivedRelationship& derived = fetched(object, *each);
-    const ObjectIDs added = derived.added.ids();
-    const ObjectIDs removed = derived.removed.ids();
-    for (const ObjectID& id : added) {
-      if (derived.stored->contains(id)) derived.added.erase(id);
-    }
-    for (const ObjectID& id : removed) {
-      if (!derived.stored->contains(id)) derived.removed.erase(id);
-    }
+void ObjectGraph::dropChangesOfOthers(ManagedObject& object,
+                                      const RelationshipDescription& relationship) {
+  const bool isOwnTruth = relationship.storage == RelationshipStorage::joinTable;
+  if (!isOwnTruth || !object.derived(relationship).hasChanges()) return;
+  DerivedRelationship& derived = fetched(object, relationship);
+  const ObjectIDs added = derived.added.ids();
+  const ObjectIDs removed = derived.removed.ids();
+  for (const ObjectID& id : added) {
+    if (derived.stored->contains(id)) derived.added.erase(id);
+  }
+  for (const ObjectID& id : removed) {
+    if (!derived.stored->contains(id)) derived.removed.erase(id);
   }
 }
 
@@ -165,7 +164,9 @@ void ObjectGraph::merge(const ObjectIDs& inserted, const ObjectIDs& updated,
   for (const ManagedObjectPtr& object : unsaved) {
     if (object->isDeleted()) continue;
     keepPartners(*object);
-    dropChangesOfOthers(*object);
+    for (const RelationshipDescription* each : object->entity_->derivedRelationships()) {
+      dropChangesOfOthers(*object, *each);
+    }
   }
   for (const ManagedObjectPtr& object : unsaved) {
     if (object->state_ == State::deleted) letGoOfNewMembers(*object);

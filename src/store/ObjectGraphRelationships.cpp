@@ -277,6 +277,7 @@ void ObjectGraph::letGoOfNewMembers(ManagedObject& deleted) {
   }
   for (const RelationshipDescription* each : deleted.entity_->derivedRelationships()) {
     fetchMembers({deleted.shared_from_this()}, *each);
+    dropChangesOfOthers(deleted, *each);
     const ObjectIDs members = deleted.derived(*each).stored->ids();
     for (const ObjectID& id : members) {
       const bool isKnown = deleted.derived(*each).removed.contains(id);

@@ -21,7 +21,9 @@ class PredicateArgument {
  public:
   template <class T>
   requires std::constructible_from<Value, T> PredicateArgument(T&& value)
-      : value_(std::forward<T>(value)) {}
+      : value_(std::forward<T>(value)),
+        isList_(value_.holds<ObjectIDs>()),
+        values_(value_.objectIDs().begin(), value_.objectIDs().end()) {}
   PredicateArgument(const ManagedObject& object);
   template <std::derived_from<ManagedObject> T>
   PredicateArgument(const std::shared_ptr<T>& object)
@@ -31,15 +33,14 @@ class PredicateArgument {
       : isList_(true) {
     for (const auto& each : list) values_.push_back(PredicateArgument(each).value_);
   }
-  PredicateArgument(const ObjectIDs& list) : isList_(true), values_(list.begin(), list.end()) {}
 
   bool isList() const { return isList_; }
   const Value& value() const { return value_; }
   const std::vector<Value>& values() const { return values_; }
 
  private:
-  bool isList_ = false;
   Value value_;
+  bool isList_ = false;
   std::vector<Value> values_;
 };
 

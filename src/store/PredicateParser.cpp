@@ -226,8 +226,11 @@ class Parser {
       refuse(takesList ? "IN takes a list" : "only IN takes a list");
     }
     at_ += conversion.size();
-    node.value = argument.value();
-    node.values = argument.values();
+    if (argument.isList()) {
+      node.values = argument.values();
+    } else {
+      node.value = argument.value();
+    }
   }
 
   static constexpr int kMaximumDepth = 100;
