@@ -183,6 +183,7 @@ RowPlan::RowPlan(const EntityDescription& entity, bool includesSubentities,
   std::string wanted;
   const std::function<void(const EntityDescription&)> include = [&](const EntityDescription& each) {
     wanted += (wanted.empty() ? "" : ", ") + std::to_string(numbers.numberOf(each));
+    std::vector<Field>& own = fields[&each];
     for (const PropertyDescription* property : each.properties()) {
       const auto* relationship = asRelationship(property);
       const bool inRow =
@@ -197,7 +198,7 @@ RowPlan::RowPlan(const EntityDescription& entity, bool includesSubentities,
         }
         known[property] = field;
       }
-      fields[&each].push_back(known[property]);
+      own.push_back(known[property]);
     }
     if (!includesSubentities) return;
     for (const EntityDescription* below : each.subentities()) include(*below);

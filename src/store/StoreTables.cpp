@@ -80,13 +80,14 @@ const RowPlan& StoreTables::plan(const EntityDescription& entity, bool includesS
 
 Value StoreTables::readRelationship(const sqlite::Statement& statement,
                                     const RowPlan::Field& field) const {
-  if (statement.isNull(field.column)) return {};
+  const std::int64_t key = statement.integer(field.column);
+  if (key <= 0) return {};  // NULL reads as 0
   const EntityDescription* entity = asRelationship(field.property)->destinationEntity;
   if (field.entityColumn >= 0) {
     const EntityDescription* named = numbers_.entityOf(statement.integer(field.entityColumn));
     if (named != nullptr) entity = named;
   }
-  return makeID(*entity, statement.integer(field.column));
+  return makeID(*entity, key);
 }
 
 Row StoreTables::readRow(const sqlite::Statement& statement, const RowPlan& plan,
@@ -113,8 +114,9 @@ void StoreTables::fetch(sqlite::Connection& connection, const FetchRequest& requ
   query.bind(*statement);
   while (statement->step()) {
     const EntityDescription* found = numbers_.entityOf(statement->integer(1));
-    if (found == nullptr) continue;  // a row that no entity of the model owns
-    const ObjectID id = makeID(*found, statement->integer(0));
+    const std::int64_t key = statement->integer(0);
+    if (key <= 0 || !rowPlan.fields.contains(found)) continue;  // no row of this program's
+    const ObjectID id = makeID(*found, key);
     const bool wanted = receiver.found(id);
     if (wanted && request.includesPropertyValues) receiver.take(readRow(*statement, rowPlan, id));
   }
@@ -156,8 +158,9 @@ void StoreTables::rowsOfEntity(sqlite::Connection& connection, const EntityDescr
     sqlite::bindValueList(*statement, 1, list);
   }
   while (statement->step()) {
-    if (numbers_.entityOf(statement->integer(1)) != &entity) continue;
-    const ObjectID id = makeID(entity, statement->integer(0));
+    const std::int64_t key = statement->integer(0);
+    if (key <= 0 || numbers_.entityOf(statement->integer(1)) != &entity) continue;
+    const ObjectID id = makeID(entity, key);
     if (receiver.found(id)) receiver.take(readRow(*statement, rowPlan, id));
   }
 }
@@ -184,6 +187,7 @@ std::vector<ObjectIDs> StoreTables::destinations(
   while (statement->step()) {
     const EntityDescription* entity = numbers_.entityOf(statement->integer(2));
     if (entity == nullptr) entity = relationship.destinationEntity;
+    if (statement->integer(1) <= 0) continue;
     members[static_cast<std::size_t>(statement->integer(0))].push_back(
         makeID(*entity, statement->integer(1)));
   }
