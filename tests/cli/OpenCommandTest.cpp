@@ -24,7 +24,8 @@ TEST_F(OpenCommand, FollowsTheRoutes) {
     EXPECT_EQ(json["controller"], controller);
     EXPECT_THAT(run(std::string("open ") + url).output, HasSubstr(controller));
   }
-  for (const std::string command : jsonOf("open zenivo://planner")["commands"]) {
+  const auto planner = jsonOf("open zenivo://planner");
+  for (const std::string command : planner["commands"]) {
     EXPECT_EQ(run(command + " --at Paris").exitCode, 0) << command;
   }
 }
