@@ -23,6 +23,11 @@ set(ZENIVO_LAYERS
   app/shell
   cli/input
   cli/output
+  cli/common
+  cli/sky
+  cli/events
+  cli/calculators
+  cli/library
   cli
 )
 
@@ -48,6 +53,15 @@ set(ZENIVO_LAYER_planner
 set(ZENIVO_LAYER_app/shell    foundation app/settings store data/stores)
 set(ZENIVO_LAYER_cli/input    foundation engine)
 set(ZENIVO_LAYER_cli/output   foundation engine)
+set(ZENIVO_LAYER_cli/common   foundation engine planner cli/input cli/output)
+set(ZENIVO_LAYER_cli/sky
+  foundation engine map/layers map/lines planner cli/input cli/output cli/common)
+set(ZENIVO_LAYER_cli/events
+  foundation data/stores engine eclipses meteors find planner cli/input cli/output cli/common)
+set(ZENIVO_LAYER_cli/calculators
+  foundation app/settings store data/stores calculators/camera calculators/models calculators
+  calculators/timer cli/input cli/output cli/common)
+set(ZENIVO_LAYER_cli/library
+  foundation app/settings store data/stores app/shell cli/input cli/output cli/common)
 set(ZENIVO_LAYER_cli
-  foundation app/settings store data/stores engine map/layers map/lines ar eclipses find planner
-  app/shell cli/input cli/output)
+  foundation cli/input cli/output cli/common cli/sky cli/events cli/calculators cli/library)

@@ -11,10 +11,12 @@
 #include <string>
 #include <vector>
 
-#include "cli/Command.h"
+#include "cli/events/Commands.h"
 #include "cli/input/InputError.h"
 #include "cli/input/Suggestions.h"
 #include "cli/input/TextFolding.h"
+#include "cli/library/Commands.h"
+#include "cli/sky/Commands.h"
 
 namespace zenivo::cli {
 namespace {

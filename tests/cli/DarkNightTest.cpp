@@ -1,9 +1,9 @@
-#include "cli/DarkNight.h"
+#include "cli/sky/DarkNight.h"
 
 #include <gtest/gtest.h>
 
-#include "cli/Session.h"
-#include "cli/Words.h"
+#include "cli/common/Session.h"
+#include "cli/common/Words.h"
 #include "engine/DateEphemeris.h"
 #include "engine/MoonlessHours.h"
 

@@ -1,4 +1,4 @@
-#include "cli/FindSearch.h"
+#include "cli/events/FindSearch.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,15 @@
+// The commands that search for what will happen.
+
+#pragma once
+
+#include <memory>
+
+#include "cli/common/Command.h"
+
+namespace zenivo::cli {
+
+std::unique_ptr<Command> makeFindCommand();
+std::unique_ptr<Command> makeEclipseCommand();
+std::unique_ptr<Command> makeEclipsesCommand();
+
+}  // namespace zenivo::cli

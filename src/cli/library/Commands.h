@@ -1,0 +1,16 @@
+// The commands of the stores, the catalogues and the settings.
+
+#pragma once
+
+#include <memory>
+
+#include "cli/common/Command.h"
+
+namespace zenivo::cli {
+
+std::unique_ptr<Command> makePoisCommand();
+std::unique_ptr<Command> makeSettingsCommand();
+std::unique_ptr<Command> makeOpenCommand();
+std::unique_ptr<Command> makeStoreCommand();
+
+}  // namespace zenivo::cli
