@@ -3,8 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <iterator>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -50,10 +48,11 @@ std::vector<const Candidate*> thoseThat(Matches matches, const std::vector<Candi
   return found;
 }
 
+/// Nothing for more than a message has room for.
 std::vector<std::string> namesOf(const std::vector<const Candidate*>& candidates) {
   std::vector<std::string> names;
+  if (candidates.size() > kMostSuggestions) return names;
   for (const Candidate* candidate : candidates) names.push_back(candidate->camera.modelString());
-  if (names.size() > kMostSuggestions) names.resize(kMostSuggestions);
   return names;
 }
 
@@ -95,7 +94,7 @@ AbstractCamera findCamera(const DatabaseCameraStore& cameras, std::string_view n
     throw InputError(fmt::format("no camera is named {}{}", inQuotes(name),
                                  didYouMean(namesOf(similar(typed, all)))));
   }
-  throw InputError(fmt::format("{} cameras are named {}{}", found.size(), inQuotes(name),
+  throw InputError(fmt::format("{} names {} cameras{}", inQuotes(name), found.size(),
                                didYouMean(namesOf(found))));
 }
 
