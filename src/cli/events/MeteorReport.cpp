@@ -131,10 +131,10 @@ ShowerReport reportShower(const MeteorQuestion& question, std::string_view name)
   if (period == &shower->activityPeriods.front()) {
     report.nextPeriod = shower->activityPeriods.back();
   }
-  if (!manager.location()) return report;
-
   report.now = lookAtNight(question, manager);
   report.shower.shower = *shower;
+  if (!manager.location()) return report;
+
   manager.jumpToMjdDate(report.shower.period.bestKnownPeakMjd());
   manager.calculateRealTimeData();
   report.peakRadiant = {.azimuth_ = shower->azimuth, .elevation_ = shower->elevation};

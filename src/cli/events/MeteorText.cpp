@@ -79,7 +79,7 @@ std::string nightText(const MeteorNightReport& now, const MeteorQuestion& questi
   } else {
     text += fmt::format("the Sun is down from {} to {}; ", clock.time(now.night.start),
                         clock.time(now.night.end));
-    if (!drawEventAtMjd(now.tonight.mjd)) {
+    if (rateText(now.tonight.rate) == rateText(0)) {
       text += "no meteors\n";
     } else {
       text += fmt::format("at best {} meteors an hour, at {}", rateText(now.tonight.rate),
@@ -125,8 +125,8 @@ std::string activeTable(const ActiveShowersReport& report, const Terminal& termi
                      {"azimuth", Align::right},
                      {"elevation", Align::right}});
   }
-  append(columns, {{"active"}, {"predicted peak"}});
-  if (isPlaced) append(columns, peakColumns());
+  columns.push_back({"active"});
+  append(columns, isPlaced ? peakColumns() : std::vector<Column>{{"predicted peak"}});
   Table table(columns);
   for (const ListedShower& entry : report.showers) {
     const MeteorShower& shower = entry.shower;
@@ -135,8 +135,9 @@ std::string activeTable(const ActiveShowersReport& report, const Terminal& termi
       append(cells, {entry.isActive ? rateText(shower.meteorsPerHour) : "-",
                      bearing(shower.azimuth), degrees(shower.elevation)});
     }
-    append(cells, {clock.span(entry.period), clock.dayAndTime(entry.period.peakMjd)});
-    if (isPlaced) append(cells, peakCells(entry, clock));
+    cells.push_back(clock.span(entry.period));
+    append(cells, isPlaced ? peakCells(entry, clock)
+                           : std::vector<std::string>{clock.dayAndTime(entry.period.peakMjd)});
     table.addRow(std::move(cells), entry.isActive ? Style::plain : Style::faint);
   }
   return table.text(terminal);
@@ -211,7 +212,7 @@ std::string activeShowersText(const ActiveShowersReport& report, const Terminal&
   std::string text = headingOf(report.question, report.now.mjd, terminal) + "\n";
   if (report.question.scene) {
     text += nightText(report.now, report.question, false);
-    text += fmt::format("Hours without Sun and Moon: {:.1f}\n\n", report.moonlessHours);
+    text += fmt::format("Dark hours without the Moon: {:.1f}\n\n", report.moonlessHours);
   }
   if (report.showers.empty()) return text + "No shower is active, nor will be within 31 days.\n";
   return text + activeTable(report, terminal);

@@ -2,8 +2,8 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,23 +22,36 @@ bool isCalled(const MeteorShower& shower, TextFolder& folder, std::u32string_vie
   return false;
 }
 
-/// The names nearest to what was typed: those that have it in them first.
+/// How far a name is from what was typed: 0 when that is a word of it, 1 when it is a piece,
+/// else the edits and 1; nullopt for another name.
+std::optional<int> distance(const std::string& name, TextFolder& folder,
+                            std::u32string_view folded) {
+  constexpr std::size_t kLeastPiece = 3;
+  constexpr int kMostEdits = 2;
+  const std::u32string whole = folder.fold(name);
+  if (folded.size() >= kLeastPiece && whole.find(folded) != std::u32string::npos) {
+    const std::size_t blank = name.rfind(' ');
+    const std::string lastWord = blank == std::string::npos ? name : name.substr(blank + 1);
+    return folder.foldsTo(lastWord, folded) ? 0 : 1;
+  }
+  const int edits = editDistance(folded, whole, kMostEdits);
+  if (edits > kMostEdits || folded.size() <= 2 * kMostEdits) return std::nullopt;
+  return edits + 1;
+}
+
+/// The names nearest to what was typed.
 std::vector<std::string> similarNames(const MeteorShowers& catalogue, TextFolder& folder,
                                       std::u32string_view folded) {
   constexpr std::size_t kListed = 4;
-  constexpr std::size_t kLeastPiece = 3;
-  constexpr int kMostEdits = 2;
-  std::multimap<int, std::string> byEdits;
+  std::multimap<int, std::string> byDistance;
   for (const auto& shower : catalogue.showers()) {
-    const std::u32string name = folder.fold(shower->name);
-    const bool hasIt = folded.size() >= kLeastPiece && name.find(folded) != std::u32string::npos;
-    const int edits = hasIt ? 0 : editDistance(folded, name, kMostEdits);
-    const bool isSimilar = edits <= kMostEdits && folded.size() > 2 * kMostEdits;
-    if (hasIt || isSimilar) byEdits.emplace(edits, shower->name);
+    if (const auto far = distance(shower->name, folder, folded)) {
+      byDistance.emplace(*far, shower->name);
+    }
   }
   std::vector<std::string> names;
-  for (const auto& [edits, name] : byEdits) {
-    if (names.size() < kListed) names.push_back(name);
+  for (const auto& [far, name] : byDistance) {
+    if (far == byDistance.begin()->first && names.size() < kListed) names.push_back(name);
   }
   return names;
 }
