@@ -86,6 +86,7 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeFindCommand());
   commands.push_back(makeEclipseCommand());
   commands.push_back(makeEclipsesCommand());
+  commands.push_back(makeMeteorsCommand());
   commands.push_back(makeCamerasCommand());
   commands.push_back(makeCameraCommand());
   commands.push_back(makePoisCommand());
