@@ -25,7 +25,8 @@ constexpr const char* kCommands[] = {"sky",
                                      "next-milky-way",
                                      "find",
                                      "eclipse",
-                                     "eclipses"};
+                                     "eclipses",
+                                     "meteors"};
 
 /// Those that need no place.
 constexpr const char* kStoreCommands[] = {"pois", "settings", "open", "store"};
@@ -74,6 +75,15 @@ TEST(Program, BadInputIsOneLineAndExitCode2) {
       {"eclipse --date 2300-01-01 --at Paris", "which ends with LE2200Oct23P"},
       {"eclipses --from 2026-01-02 --to 2026-01-01", "the period ends before it begins"},
       {"eclipses --from soon", "write it as in 2026-06-21"},
+      {"meteors taurids", "did you mean \"Southern Taurids\" or \"Northern Taurids\"?"},
+      {"meteors perseds --at Paris", "no meteor shower named \"perseds\" is known; did you mean"},
+      {"meteors ''", "no meteor shower named \"\" is known"},
+      {"meteors 999", "no meteor shower named \"999\" is known"},
+      {"meteors perseids geminids", "geminids; see zenivo meteors --help"},
+      {"meteors --year 2026 --at Paris", "--year is of the calendar"},
+      {"meteors calendar --date 2026-08-12 --at Paris", "give its --year"},
+      {"meteors calendar --year next", "write it as in 2026"},
+      {"meteors --date 2026-02-30 --at Paris", "that month has 28 days"},
       {"find --at Paris --azimuth 90", "body is required"},
       {"find sun --at Paris", "--azimuth is required"},
       {"find sun --at Paris --azimuth nan", "--azimuth must be 0 to 360 degrees"},
