@@ -44,7 +44,11 @@ void ExposureTimer::restore() {
   if (defaults_.boolForKey(settings::timer_is_running)) {
     state_ = TimerState::running;
     appMovedToForeground();
-    if (isTimerRunning()) ticks_.start([this] { updateTimer(); });
+    if (!isTimerRunning()) return;
+    ticks_.start([this] { updateTimer(); });
+    // What was scheduled may have gone with the process that did.
+    notifications_.removePendingNotifications();
+    notifyOfEnd();
     return;
   }
   const std::int64_t left = defaults_.integerForKey(settings::timer_seconds_left);

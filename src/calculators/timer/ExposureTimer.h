@@ -63,7 +63,8 @@ class ExposureTimer {
  public:
   using Clock = std::function<Date()>;
 
-  /// Takes up what the settings hold: a countdown that still runs, or a paused one.
+  /// Takes up what the settings hold: a countdown that still runs, whose notification is
+  /// scheduled anew, or a paused one.
   ExposureTimer(UserDefaults& defaults, TickSource& ticks, NotificationService& notifications,
                 ExposureTimerDelegate* delegate = nullptr, Clock clock = Date::now);
   ExposureTimer(const ExposureTimer&) = delete;
