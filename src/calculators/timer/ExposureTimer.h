@@ -107,7 +107,8 @@ class ExposureTimer {
   const std::optional<Timelapse>& timelapseModel() const { return timelapse_; }
 
   /// The time left: "05:00", from an hour on "01:05:00".
-  std::string label() const;
+  std::string label() const { return labelOf(secondsLeft_); }
+  static std::string labelOf(std::int64_t seconds);
   TimerAppearance appearance() const;
 
  private:

@@ -11,7 +11,6 @@
 #include "cli/input/InputError.h"
 #include "cli/output/Table.h"
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "foundation/DateFormatter.h"
 #include "foundation/LocalizedString.h"
 
@@ -26,7 +25,7 @@ bool isMoon(const FindRequest& request) {
 
 Json resultJson(const ZVFindResultBodyAtAzimuth& result, const FindRequest& request,
                 const TimeZone& zone) {
-  Json json{{"time", momentJson(modifiedJulianDay(result.date), zone)},
+  Json json{{"time", momentJson(result.date, zone)},
             {"azimuth", result.azimuth},
             {"elevation", result.elevation},
             {"positive", isPositive(result, request.body)}};
