@@ -31,6 +31,10 @@ inline constexpr CameraKeys kSecondCameraKeys{settings::equivalentFocalLength_Ca
 std::optional<AbstractCamera> chosenCamera(const UserDefaults& defaults, const CameraStore& store,
                                            const CameraKeys& keys);
 
+/// Chooses the catalogue's default for the calculators and the second camera of a user who
+/// has chosen none, and synchronises.  Does nothing when one is chosen, or none is there.
+void chooseFirstCamera(UserDefaults& defaults, const CameraStore& store);
+
 /// Told what becomes of a choice.
 class CameraChooserDelegate {
  public:
@@ -64,7 +68,6 @@ class CameraChooser {
   bool deleteCustomCamera(const CustomCameraRecord& camera, std::string* error = nullptr);
 
  private:
-  void store(const AbstractCamera& camera);
   void remember(const AbstractCamera& camera);
   void selectFirstCamera();
   void follow(const std::string& oldModel, const std::string& newModel);
