@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/calculators/Commands.h"
 #include "cli/events/Commands.h"
 #include "cli/input/InputError.h"
 #include "cli/input/Suggestions.h"
@@ -86,6 +87,7 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeFindCommand());
   commands.push_back(makeEclipseCommand());
   commands.push_back(makeEclipsesCommand());
+  commands.push_back(makeTimerCommand());
   commands.push_back(makePoisCommand());
   commands.push_back(makeSettingsCommand());
   commands.push_back(makeOpenCommand());

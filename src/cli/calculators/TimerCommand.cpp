@@ -42,7 +42,8 @@ CountdownTime timeOfCalculator(const std::string& name) {
     const TimelapseCalculator calculator(session.settings());
     return {calculator.model().eventDuration, calculator.model(), calculator.results()};
   }
-  if (name == "trails") return {StarTrailCalculator(session.settings()).model().exposureTime, {}, {}};
+  if (name == "trails")
+    return {StarTrailCalculator(session.settings()).model().exposureTime, {}, {}};
   if (name == "stars") {
     SpotStarsCalculator calculator(session.environment());
     calculator.load();
@@ -155,9 +156,8 @@ CountdownTime TimerCommand::timeGiven() const {
   } else if (const auto seconds = CameraValuesParser::parseTimeDuration(duration_)) {
     time.seconds = *seconds;
   } else {
-    throw InputError(
-        fmt::format("{} is no duration; write it as in 90s, 2min 30s or 1:30:00",
-                    inQuotes(duration_)));
+    throw InputError(fmt::format("{} is no duration; write it as in 90s, 2min 30s or 1:30:00",
+                                 inQuotes(duration_)));
   }
   expectCountable(time.seconds);
   return time;

@@ -11,6 +11,7 @@
 #include "cli/input/InputError.h"
 #include "cli/output/Table.h"
 #include "engine/Angles.h"
+#include "engine/DateEphemeris.h"
 #include "foundation/DateFormatter.h"
 #include "foundation/LocalizedString.h"
 
