@@ -87,6 +87,14 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeFindCommand());
   commands.push_back(makeEclipseCommand());
   commands.push_back(makeEclipsesCommand());
+  commands.push_back(makeDofCommand());
+  commands.push_back(makeHyperfocalCommand());
+  commands.push_back(makeFovCommand());
+  commands.push_back(makeMatchCommand());
+  commands.push_back(makeStarsCommand());
+  commands.push_back(makeTrailsCommand());
+  commands.push_back(makeExposureCommand());
+  commands.push_back(makeTimelapseCommand());
   commands.push_back(makeTimerCommand());
   commands.push_back(makePoisCommand());
   commands.push_back(makeSettingsCommand());
