@@ -87,6 +87,9 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeFindCommand());
   commands.push_back(makeEclipseCommand());
   commands.push_back(makeEclipsesCommand());
+  commands.push_back(makeMeteorsCommand());
+  commands.push_back(makeCamerasCommand());
+  commands.push_back(makeCameraCommand());
   commands.push_back(makeDofCommand());
   commands.push_back(makeHyperfocalCommand());
   commands.push_back(makeFovCommand());

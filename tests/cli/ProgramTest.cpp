@@ -25,10 +25,15 @@ constexpr const char* kCommands[] = {"sky",
                                      "next-milky-way",
                                      "find",
                                      "eclipse",
-                                     "eclipses"};
+                                     "eclipses",
+                                     "meteors"};
 
 /// Those that need no place.
 constexpr const char* kStoreCommands[] = {"pois", "settings", "open", "store"};
+constexpr const char* kCalculators[] = {"dof", "hyperfocal", "fov", "match", "stars", "trails"};
+
+/// Commands of commands.
+constexpr const char* kSubcommands[] = {"dof table", "fov distance"};
 
 TEST(Program, BadInputIsOneLineAndExitCode2) {
   const std::pair<const char*, const char*> cases[] = {
@@ -74,6 +79,15 @@ TEST(Program, BadInputIsOneLineAndExitCode2) {
       {"eclipse --date 2300-01-01 --at Paris", "which ends with LE2200Oct23P"},
       {"eclipses --from 2026-01-02 --to 2026-01-01", "the period ends before it begins"},
       {"eclipses --from soon", "write it as in 2026-06-21"},
+      {"meteors taurids", "did you mean \"Southern Taurids\" or \"Northern Taurids\"?"},
+      {"meteors perseds --at Paris", "no meteor shower named \"perseds\" is known; did you mean"},
+      {"meteors ''", "no meteor shower named \"\" is known"},
+      {"meteors 999", "no meteor shower named \"999\" is known"},
+      {"meteors perseids geminids", "geminids; see zenivo meteors --help"},
+      {"meteors --year 2026 --at Paris", "--year is of the calendar"},
+      {"meteors calendar --date 2026-08-12 --at Paris", "give its --year"},
+      {"meteors calendar --year next", "write it as in 2026"},
+      {"meteors --date 2026-02-30 --at Paris", "that month has 28 days"},
       {"find --at Paris --azimuth 90", "body is required"},
       {"find sun --at Paris", "--azimuth is required"},
       {"find sun --at Paris --azimuth nan", "--azimuth must be 0 to 360 degrees"},
@@ -189,11 +203,14 @@ TEST(Documentation, ExamplesInTheHelpRun) {
     EXPECT_EQ(help.exitCode, 0);
     EXPECT_THAT(help.output, HasSubstr("zenivo " + command + " ")) << command;
     EXPECT_GE(examplesIn(help.output).size(), 2U) << command;
-    EXPECT_THAT(all, HasSubstr("  " + command + " ")) << command;
+    const std::string name = command.substr(command.rfind(' ') + 1);
+    EXPECT_THAT(all, HasSubstr("  " + name + " ")) << command;
     all += help.output;
   };
   for (const char* command : kCommands) addHelp(command);
   for (const char* command : kStoreCommands) addHelp(command);
+  for (const char* command : kCalculators) addHelp(command);
+  for (const char* command : kSubcommands) addHelp(command);
   const TemporaryFolder home;
   for (const std::string& example : examplesIn(all)) {
     const Outcome outcome = shell("export ZENIVO_HOME='" + home.path().string() + "'; " + example);

@@ -104,7 +104,7 @@ bool CameraChooser::saveCustomCamera(const CustomCameraRecord& camera, std::stri
 }
 
 void CameraChooser::follow(const std::string& oldModel, const std::string& newModel) {
-  for (const CameraKeys& keys : {kCurrentCameraKeys, kSecondCameraKeys, keys_}) {
+  for (const CameraKeys& keys : {kCurrentCameraKeys, kSecondCameraKeys, kDroneCameraKeys}) {
     if (storedCamera(defaults_, keys) != CameraId(oldModel)) continue;
     defaults_.setObject(newModel, keys.camera);
     defaults_.setObject(newModel, keys.model);

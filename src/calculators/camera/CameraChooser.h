@@ -20,11 +20,13 @@ struct CameraKeys {
   std::string_view model;
 };
 
-/// The camera of the calculators, and the second one of the equivalent lens.
+/// The camera of the calculators, the second one of the equivalent lens, and the drone's.
 inline constexpr CameraKeys kCurrentCameraKeys{settings::global_camera,
                                                settings::global_camera_model};
 inline constexpr CameraKeys kSecondCameraKeys{settings::equivalentFocalLength_Camera2,
                                               settings::equivalentFocalLength_Camera2Model};
+
+inline constexpr CameraKeys kDroneCameraKeys{settings::drone_camera, settings::drone_camera_model};
 
 /// The camera chosen under a pair of keys, or the catalogue's default while nothing is
 /// chosen.  Nullopt when the chosen one has gone.

@@ -16,7 +16,7 @@ Json membersOf(const std::vector<AnswerRow>& rows) {
 
 /// The number, null for 0, which stands for none.
 Json numberOrNull(float value) {
-  return value > 0 ? jsonNumber(value) : Json(nullptr);
+  return value > 0 ? numberJson(value) : Json(nullptr);
 }
 
 void addTo(Table& table, const AnswerRow& row) {
@@ -35,14 +35,14 @@ std::string_view nameOf(UnitSystem units) {
 
 Json cameraJson(const AbstractCamera& camera) {
   return {{"name", camera.modelString()},
-          {"sensorWidth", jsonNumber(camera.sensorSize.width)},
-          {"sensorHeight", jsonNumber(camera.sensorSize.height)},
+          {"sensorWidth", numberJson(camera.sensorSize.width)},
+          {"sensorHeight", numberJson(camera.sensorSize.height)},
           {"megapixels", numberOrNull(camera.megapixels)},
-          {"circleOfConfusion", jsonNumber(camera.coc)},
-          {"cropFactor", jsonNumber(camera.cropFactor)},
-          {"fixedFocalLength", numberOrNull(camera.fixedFocalLength)},
-          {"fixedAperture", numberOrNull(camera.fixedAperture)},
-          {"film", !camera.isDigital}};
+          {"film", !camera.isDigital},
+          {"cropFactor", numberJson(camera.cropFactor)},
+          {"coc", numberJson(camera.coc)},
+          {"focalLength", numberOrNull(camera.fixedFocalLength)},
+          {"aperture", numberOrNull(camera.fixedAperture)}};
 }
 
 std::string cameraLine(const AbstractCamera& camera, const Terminal& terminal) {

@@ -6,10 +6,12 @@
 
 namespace zenivo::cli {
 
-void CalculatorOptions::addTo(CLI::App& command) {
-  command.add_option("--units", units_, "Read and write lengths as metric or imperial")
-      ->type_name("UNITS")
-      ->check(CLI::IsMember({"metric", "imperial"}));
+void CalculatorOptions::addTo(CLI::App& command, Lengths lengths) {
+  if (lengths == Lengths::some) {
+    command.add_option("--units", units_, "Read and write lengths as metric or imperial")
+        ->type_name("UNITS")
+        ->check(CLI::IsMember({"metric", "imperial"}));
+  }
   command.add_flag("--save", saves_, "Keep the values given for the next call");
   command.add_flag("--json", wantsJson_, "Print JSON");
 }

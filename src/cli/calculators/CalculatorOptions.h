@@ -12,10 +12,13 @@
 
 namespace zenivo::cli {
 
-/// --units, --save and --json
+/// Whether a calculator reads or writes lengths of the scene.
+enum class Lengths { some, none };
+
+/// --units, where there are lengths, --save and --json
 class CalculatorOptions {
  public:
-  void addTo(CLI::App& command);
+  void addTo(CLI::App& command, Lengths lengths = Lengths::some);
 
   bool wantsJson() const { return wantsJson_; }
 

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "cli/calculators/CameraFinder.h"
+#include "cli/common/CameraFinder.h"
 #include "cli/input/InputError.h"
 
 namespace zenivo::cli {
@@ -13,7 +13,7 @@ void CameraOption::addTo(CLI::App& command, const std::string& description) {
 
 AbstractCamera CameraOption::applyTo(CalculatorSession& session) const {
   CameraChooser chooser(session.settings(), session.cameras(), keys_);
-  if (option_->count() > 0) chooser.selectCamera(findCamera(session.cameras(), text_));
+  if (option_->count() > 0) chooser.selectCamera(findCamera(allCameras(session.cameras()), text_));
   if (const auto camera = chooser.camera()) return *camera;
   throw InputError(fmt::format("the camera {} is no longer there; choose one with {}",
                                inQuotes(session.settings().stringForKey(keys_.model)), name_));

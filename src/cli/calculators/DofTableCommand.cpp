@@ -22,7 +22,7 @@ Json jsonOf(DofTable& table, const AbstractCamera& camera, UnitSystem units,
   Json apertures = Json::array();
   Json hyperfocals = Json::array();
   for (const std::size_t column : columns) {
-    apertures.push_back(jsonNumber(static_cast<float>(table.stops()[column].fstop)));
+    apertures.push_back(numberJson(static_cast<float>(table.stops()[column].fstop)));
     hyperfocals.push_back(distanceJson(table.hyperfocal(column)));
   }
   Json rows = Json::array();
@@ -42,8 +42,8 @@ Json jsonOf(DofTable& table, const AbstractCamera& camera, UnitSystem units,
   const LensInput lens = table.lens();
   return {{"camera", cameraJson(camera)},
           {"units", nameOf(units)},
-          {"focalLength", jsonNumber(lens.focalLength * 1000)},
-          {"teleconverter", jsonNumber(lens.teleconverter())},
+          {"focalLength", numberJson(lens.focalLength * 1000)},
+          {"teleconverter", numberJson(lens.teleconverter())},
           {"show", table.tableType() == DofTableType::totalDof ? "depth" : "limits"},
           {"apertures", std::move(apertures)},
           {"hyperfocal", std::move(hyperfocals)},

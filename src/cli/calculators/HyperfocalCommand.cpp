@@ -84,7 +84,7 @@ Json jsonOf(HyperfocalTable& table, const Places& rows, const Places& columns) {
     for (const std::size_t column : columns) {
       cells.push_back(inMetres(table.hyperfocal(row, column), table.cellText(row, column)).json());
     }
-    json.push_back({{"focalLength", jsonNumber(table.focalLengths()[row] * 1000)},
+    json.push_back({{"focalLength", numberJson(table.focalLengths()[row] * 1000)},
                     {"text", table.rowHeader(row)},
                     {"cells", std::move(cells)}});
   }
@@ -120,7 +120,7 @@ std::string HyperfocalCommand::run(const Terminal& terminal) {
   }
   Json apertures = Json::array();
   for (const std::size_t column : columns) {
-    apertures.push_back(jsonNumber(static_cast<float>(table.stops()[column].fstop)));
+    apertures.push_back(numberJson(static_cast<float>(table.stops()[column].fstop)));
   }
   return Json{{"camera", cameraJson(camera)},
               {"units", nameOf(session.environment().units.currentUnits())},

@@ -15,7 +15,7 @@ namespace {
 
 /// A matching focal length, 0 where there is none.
 Quantity focalLengthOf(float metres, const std::string& text) {
-  return {metres > 0 ? jsonNumber(metres * 1000) : Json(nullptr), "mm", text};
+  return {metres > 0 ? numberJson(metres * 1000) : Json(nullptr), "mm", text};
 }
 
 CalculatorAnswer answerOf(const EquivalentFocalLengthCalculator& calculator,
@@ -40,7 +40,7 @@ CalculatorAnswer answerOf(const EquivalentFocalLengthCalculator& calculator,
   answer.addResult(
       {"aperture",
        "Same depth of field",
-       {match.camera2Dof ? jsonNumber(match.fstop) : Json(nullptr), "", rows[3].text}});
+       {match.camera2Dof ? numberJson(match.fstop) : Json(nullptr), "", rows[3].text}});
   if (const auto refusal = calculator.apertureRefusal()) answer.addNote(refusal->message());
   return answer;
 }

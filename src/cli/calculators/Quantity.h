@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "cli/output/Moments.h"
+#include "cli/output/Numbers.h"
 
 namespace zenivo::cli {
 
@@ -18,10 +18,6 @@ struct Quantity {
   /// {"value": …, "unit": text or null, "text": …}
   Json json() const;
 };
-
-/// The number that the shortest decimal of a single precision value names; null when it
-/// is not finite.
-Json jsonNumber(float value);
 
 /// Null for an infinite distance, which is any below 0.
 Quantity inMetres(float metres, std::string text);

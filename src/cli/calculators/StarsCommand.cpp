@@ -67,7 +67,7 @@ void StarsCommand::addTo(CLI::App& program) {
   app->add_option("--accuracy", accuracy_, "default, or accurate for half the trail")
       ->type_name("ACCURACY")
       ->check(CLI::IsMember({"default", "accurate"}));
-  options_.addTo(*app);
+  options_.addTo(*app, Lengths::none);
   app->footer(
       "By the NPF rule, from aperture, pixels and focal length, and by the rule of 500, the\n"
       "old rule of thumb.  Film has no pixels, and the NPF rule no limit for it.\n"

@@ -30,7 +30,7 @@ void TrailsCommand::addTo(CLI::App& program) {
   app->add_option("--hemisphere", hemisphere_, "The pole that the stars turn about")
       ->type_name("HEMISPHERE")
       ->check(CLI::IsMember({"north", "south"}));
-  options_.addTo(*app);
+  options_.addTo(*app, Lengths::none);
   app->footer(
       "A value that is not given is that of the last call with --save.\n"
       "\n"
