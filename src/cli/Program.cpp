@@ -50,7 +50,7 @@ int fail(int code, std::string message) {
   // Whatever was typed, the message stays one line and no control sequence.
   const auto isControl = [](unsigned char c) { return c < 0x20 || c == 0x7F; };
   std::ranges::replace_if(message, isControl, ' ');
-  fmt::print(stderr, "zenivo: {}\n", message);
+  std::fputs(fmt::format("zenivo: {}\n", message).c_str(), stderr);  // which may be lost
   return code;
 }
 

@@ -7,7 +7,6 @@
 #include "calculators/ExposureCalculator.h"
 #include "calculators/camera/CameraValuesFormatter.h"
 #include "calculators/camera/CameraValuesParser.h"
-#include "calculators/camera/Iso.h"
 #include "calculators/camera/Texts.h"
 #include "cli/calculators/CalculatorAnswer.h"
 #include "cli/calculators/CalculatorOptions.h"
@@ -23,6 +22,8 @@ namespace {
 using enum ExposureField;
 using Formatter = CameraValuesFormatter;
 
+constexpr float kMostStops = 25.75F;  // on the ladder of filters, with a fraction
+
 Quantity apertureOf(const Exposure& exposure) {
   const double fstop = exposure.aperture().fstop;
   return withoutUnit(static_cast<float>(fstop), Formatter::formatAperture(fstop));
@@ -30,12 +31,14 @@ Quantity apertureOf(const Exposure& exposure) {
 
 /// As on the dial where the dial has it, else in full.
 Quantity givenShutterSpeed(float seconds) {
-  constexpr float kDialRounding = 0.02F;
+  constexpr float kDialRounding = 0.07F;  // 1/15 stands for 1/16
+  constexpr float kLongestFraction = 0.3F;
   std::string text = Formatter::formatShutterSpeed(seconds);
   const float shown = CameraValuesParser::parseShutterSpeed(text).value_or(0);
   if (std::abs(shown - seconds) > seconds * kDialRounding) {
-    constexpr int kDecimals = 5;
-    text = Formatter::formatShutterSpeed(seconds, false, kDecimals);
+    text = seconds < kLongestFraction ? fmt::format("1/{}{}", numberWithAtMost(1, 1 / seconds),
+                                                    commonText("unit_abbr_second"))
+                                      : Formatter::formatShutterSpeed(seconds, false);
   }
   return inSeconds(seconds, std::move(text));
 }
@@ -104,9 +107,9 @@ void addTestShot(CalculatorAnswer& answer, const Exposure& test) {
 void addEquivalent(CalculatorAnswer& answer, const ExposureCalculator& calculator) {
   const Exposure& exposure = calculator.equivalentExposureModel();
   for (const ExposureField field : {aperture, shutterSpeed, iso}) {
-    if (field == calculator.freeVariable()) continue;
-    answer.addInput(
-        {keyOf(field), ExposureCalculator::labelOf(field), valueOf(exposure, field, false)});
+    const bool isSolved = field == calculator.freeVariable();
+    answer.addInput({keyOf(field), ExposureCalculator::labelOf(field),
+                     valueOf(exposure, field, isSolved), isSolved ? Role::solved : Role::none});
   }
   const float stops = exposure.filterValue();
   answer.addInput(
@@ -119,14 +122,12 @@ void addEquivalent(CalculatorAnswer& answer, const ExposureCalculator& calculato
 void addResults(CalculatorAnswer& answer, const ExposureCalculator& calculator) {
   constexpr double kWorthSaying = 2.0 / 3;
   const Exposure& exposure = calculator.equivalentExposureModel();
-  const ExposureField free = calculator.freeVariable();
   const auto rows = calculator.results();
-  answer.addResult({keyOf(free), rows[0].label(), valueOf(exposure, free, true), Role::solved});
   answer.addResult({"exposureValue", rows[1].label(), withoutUnit(exposure.ev(), rows[1].text)});
   const auto rounded = CameraValuesParser::parseEV(rows[2].text);
   answer.addResult({"exposureValueRounded", rows[2].label(),
                     withoutUnit(rounded.value_or(exposure.ev()), rows[2].text)});
-  const double tooBright = stopsTooBright(exposure, free);
+  const double tooBright = stopsTooBright(exposure, calculator.freeVariable());
   if (std::isfinite(tooBright) && std::abs(tooBright) > kWorthSaying) {
     answer.addNote(fmt::format("{} is the nearest there is, and {:.1f} stops too {}.", rows[0].text,
                                std::abs(tooBright), tooBright > 0 ? "bright" : "dark"));
@@ -173,7 +174,7 @@ void ExposureCommand::addTo(CLI::App& program) {
   iso_.addTo(*app_, "ISO value");
   filter_.addTo(*app_, "Neutral density filter: a name, or stops as in \"6 1/3\"; 0 for none");
   solve_.addTo(*app_, "The value that follows from the others");
-  options_.addTo(*app_);
+  options_.addTo(*app_, Lengths::none);
   values_.addTo(*app_);
   app_->footer(
       "A value that is not given is that of the last call with --save.  Solved for is what\n"
@@ -239,6 +240,7 @@ void ExposureCommand::editEquivalent(ExposureCalculator& calculator,
     expectTaken(calculator.setIso(iso, *value));
   }
   if (const auto value = filter_.read(CameraValuesParser::parseFilter)) {
+    if (value->stops + value->fraction > kMostStops) filter_.refuse();
     expectTaken(calculator.setFilter(value->stops, value->fraction));
   }
 }

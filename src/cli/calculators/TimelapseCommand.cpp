@@ -40,12 +40,9 @@ CalculatorAnswer answerOf(const TimelapseCalculator& calculator, UnitSystem unit
   const auto rows = calculator.results();
   CalculatorAnswer answer(units);
   for (const auto& [field, key, unit, value] : fields) {
-    if (field == calculator.freeVariable()) {
-      answer.addResult({key, rows[0].label(), quantity(value, unit, rows[0].text), Role::solved});
-    } else {
-      answer.addInput({key, TimelapseCalculator::labelOf(field),
-                       quantity(value, unit, calculator.textOf(field))});
-    }
+    answer.addInput({key, TimelapseCalculator::labelOf(field),
+                     quantity(value, unit, calculator.textOf(field)),
+                     field == calculator.freeVariable() ? Role::solved : Role::none});
   }
   answer.addResult({"numberOfPhotos", rows[1].label(), {model.numberOfPhotos(), "", rows[1].text}});
   answer.addResult(
@@ -88,7 +85,7 @@ void TimelapseCommand::addTo(CLI::App& program) {
           ->type_name("EVENT");
   for (CLI::Option* each : driven) event->excludes(each);
   event->excludes(solve_.addTo(*app_, "The value that follows from the others"));
-  options_.addTo(*app_);
+  options_.addTo(*app_, Lengths::none);
   intervals_.addTo(*app_);
   app_->footer(
       "A value that is not given is that of the last call with --save; the interval is not kept\n"

@@ -61,10 +61,10 @@ std::string countdownText(const TimerStatus& status) {
 std::string timerText(const TimerStatus& status) {
   if (status.state == TimerState::running) return "Running: " + countdownText(status) + "\n";
   if (status.state == TimerState::paused) return "Paused: " + leftText(status) + "\n";
-  if (status.seconds == 0) return "No time is set.\n";
+  if (status.seconds == 0) return "Not running: no time is set\n";
   const std::string time = ExposureTimer::labelOf(status.seconds);
-  return status.hasEnded ? fmt::format("The time is up: {} ended at {}.\n", time, endText(status))
-                         : fmt::format("Not running: {} is set.\n", time);
+  return status.hasEnded ? fmt::format("Ended: {}, at {}\n", time, endText(status))
+                         : fmt::format("Not running: {} is set\n", time);
 }
 
 Json timerJson(const TimerStatus& status) {
