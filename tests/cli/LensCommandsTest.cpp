@@ -90,7 +90,7 @@ TEST_F(LensCommands, InversesUndoWhatWasPrinted) {
       {"dof --focal 35mm --aperture f/8 --distance 3m", "nearLimit",
        "dof --focal 35mm --aperture f/8 --near @ --solve distance", "subjectDistance", 3},
       {"dof --focal 35mm --aperture f/8 --distance 3m", "farLimit",
-       "dof --focal 35mm --distance 3m --far @ --solve aperture", "aperture", 8},
+       "dof --focal 35mm --distance 3m --far @", "aperture", 8},
       {"dof --focal 135mm --aperture f/4 --distance 20m", "depthOfField",
        "dof --aperture f/4 --distance 20m --depth @ --solve focal", "focalLength", 135},
       {"dof --focal 85mm --teleconverter 2x --aperture f/4 --distance 20m", "hyperfocal",
