@@ -29,7 +29,7 @@ constexpr const char* kCommands[] = {"sky",
                                      "meteors"};
 
 /// Those that need no place.
-constexpr const char* kStoreCommands[] = {"pois", "settings", "open", "store"};
+constexpr const char* kStoreCommands[] = {"cameras", "camera", "pois", "settings", "open", "store"};
 
 TEST(Program, BadInputIsOneLineAndExitCode2) {
   const std::pair<const char*, const char*> cases[] = {
@@ -236,6 +236,8 @@ std::vector<Transcript> transcriptsIn(const std::string& document) {
 
 TEST(Documentation, CommandsInTheReadmeRun) {
   const auto transcripts = transcriptsIn(sourceFile("README.md"));
+  const TemporaryFolder home;  // they may save things, and stand in the order of their effects
+  const std::string variable = "export ZENIVO_HOME='" + home.path().string() + "'; ";
   int shown = 0;
   bool namesCheck = false;
   for (const Transcript& transcript : transcripts) {
@@ -246,7 +248,7 @@ TEST(Documentation, CommandsInTheReadmeRun) {
       continue;
     }
     ASSERT_TRUE(transcript.command.starts_with("./zenivo ")) << transcript.command;
-    const Outcome outcome = shell(transcript.command.substr(2));
+    const Outcome outcome = shell(variable + transcript.command.substr(2));
     EXPECT_EQ(outcome.exitCode, 0) << transcript.command << ": " << outcome.error;
     if (transcript.output.empty()) continue;
     EXPECT_EQ(outcome.output, transcript.output) << transcript.command;
