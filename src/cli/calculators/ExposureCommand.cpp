@@ -115,7 +115,7 @@ void addEquivalent(CalculatorAnswer& answer, const ExposureCalculator& calculato
   answer.addInput(
       {keyOf(filter),
        ExposureCalculator::labelOf(filter),
-       {jsonNumber(stops), "stops",
+       {numberJson(stops), "stops",
         Formatter::formatFilterWithValue(exposure.filter(), exposure.filterFraction())}});
 }
 

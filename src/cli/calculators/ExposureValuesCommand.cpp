@@ -51,8 +51,8 @@ Json lightJson(const Light& light) {
           {"light", light.row.lightConditionText()},
           {"ev100", light.row.ev100Text()},
           {"exposureValue", getEVValue(light.row.ev100)},
-          {"aperture", jsonNumber(static_cast<float>(light.shot.aperture().fstop))},
-          {"iso", jsonNumber(light.shot.iso())},
+          {"aperture", numberJson(static_cast<float>(light.shot.aperture().fstop))},
+          {"iso", numberJson(light.shot.iso())},
           {"shutterSpeed", inSeconds(light.shot.shutterSpeed(), shotText(light.shot)).json()}};
 }
 
