@@ -29,7 +29,7 @@ constexpr const char* kCommands[] = {"sky",
                                      "meteors"};
 
 /// Those that need no place.
-constexpr const char* kStoreCommands[] = {"pois", "settings", "open", "store"};
+constexpr const char* kStoreCommands[] = {"cameras", "camera", "pois", "settings", "open", "store"};
 constexpr const char* kCalculators[] = {"dof",    "hyperfocal", "fov",       "match", "stars",
                                         "trails", "exposure",   "timelapse", "timer"};
 
@@ -247,8 +247,8 @@ std::vector<Transcript> transcriptsIn(const std::string& document) {
 
 TEST(Documentation, CommandsInTheReadmeRun) {
   const auto transcripts = transcriptsIn(sourceFile("README.md"));
-  const TemporaryFolder home;
-  const std::string variables = "export ZENIVO_HOME='" + home.path().string() + "'; ";
+  const TemporaryFolder home;  // they may save things, and stand in the order of their effects
+  const std::string variable = "export ZENIVO_HOME='" + home.path().string() + "'; ";
   int shown = 0;
   bool namesCheck = false;
   for (const Transcript& transcript : transcripts) {
@@ -259,7 +259,7 @@ TEST(Documentation, CommandsInTheReadmeRun) {
       continue;
     }
     ASSERT_TRUE(transcript.command.starts_with("./zenivo ")) << transcript.command;
-    const Outcome outcome = shell(variables + transcript.command.substr(2));
+    const Outcome outcome = shell(variable + transcript.command.substr(2));
     EXPECT_EQ(outcome.exitCode, 0) << transcript.command << ": " << outcome.error;
     if (transcript.output.empty()) continue;
     EXPECT_EQ(outcome.output, transcript.output) << transcript.command;
