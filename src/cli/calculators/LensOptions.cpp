@@ -8,7 +8,7 @@ namespace zenivo::cli {
 
 void LensOptions::addTo(CLI::App& command) {
   focal_.addTo(command, "Focal length");
-  teleconverter1_.addTo(command, "Teleconverter behind the lens; -- for none");
+  teleconverter1_.addTo(command, "Teleconverter behind the lens; 1x for none");
   teleconverter2_.addTo(command, "A second teleconverter");
 }
 
