@@ -71,7 +71,7 @@ TEST_F(CameraCommand, IsNamedAsPeopleType) {
   expectRefused("camera show r6", 2,
                 "\"r6\" is ambiguous: name one of \"Canon EOS R6\", \"Canon EOS R6 Mark II\"");
   expectRefused("camera show nikon", 2, "more");
-  expectRefused("camera show 'nikn d850'", 2, "did you mean \"Nikon D850\"");
+  expectRefused("camera show 'nikn d850'", 2, "did you mean \"Nikon D850\"?");
   expectRefused("camera show zzzzz", 2, "no camera named \"zzzzz\"; see zenivo cameras");
   expectRefused("camera show '.,'", 2, "no camera named");
   expectRefused("camera show ''", 2, "no camera named");

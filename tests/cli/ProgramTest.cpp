@@ -30,10 +30,12 @@ constexpr const char* kCommands[] = {"sky",
 
 /// Those that need no place.
 constexpr const char* kStoreCommands[] = {"cameras", "camera", "pois", "settings", "open", "store"};
-constexpr const char* kCalculators[] = {"dof", "hyperfocal", "fov", "match", "stars", "trails"};
+constexpr const char* kCalculators[] = {"dof",    "hyperfocal", "fov",       "match", "stars",
+                                        "trails", "exposure",   "timelapse", "timer"};
 
 /// Commands of commands.
-constexpr const char* kSubcommands[] = {"dof table", "fov distance"};
+constexpr const char* kSubcommands[] = {"dof table", "fov distance", "exposure values",
+                                        "timelapse intervals"};
 
 TEST(Program, BadInputIsOneLineAndExitCode2) {
   const std::pair<const char*, const char*> cases[] = {
@@ -123,6 +125,8 @@ TEST(Program, LostOutputIsAFailure) {
       {"(sleep 0.2; zenivo day --at Paris) | true; exit ${PIPESTATUS[0]}", "Broken pipe"},
       {"zenivo --help >/dev/full", "No space left on device"},
   };
+  const char* nobodyReads = "(sleep 0.2; zenivo day --at Paris 2>&1) | true; exit ${PIPESTATUS[0]}";
+  EXPECT_EQ(shell(nobodyReads).exitCode, 1);
   for (const auto& [line, reason] : cases) {
     const Outcome outcome = shell(line);
     EXPECT_EQ(outcome.exitCode, 1) << line;
