@@ -159,10 +159,7 @@ std::string DofCommand::run(const Terminal& terminal) {
 void DofCommand::edit(DofCalculator& calculator, CalculatorSession& session,
                       const AbstractCamera& camera) const {
   const CalculatorEnvironment environment = session.environment();
-  if (lens_.isGiven()) {
-    const LensInput lens = lensOf(calculator.model());
-    expectTaken(calculator.setLens(lens_.appliedTo(lens, environment.defaults, camera)));
-  }
+  lens_.applyTo(calculator, lensOf(calculator.model()), environment.defaults, camera);
   if (const auto fstop = aperture_.read(CameraValuesParser::parseAperture)) {
     expectTaken(calculator.setAperture(environment.apertures.apertureForStop(*fstop)));
   }
@@ -173,7 +170,7 @@ void DofCommand::edit(DofCalculator& calculator, CalculatorSession& session,
 }
 
 Question DofCommand::question(const ResultOption<DofField>& given, DofField variable) const {
-  if (variable == focalLength) solve_.expectOpen("--focal", lens_.givesFocalLength());
+  if (variable == focalLength) solve_.expectOpen("--focal", lens_.focal().isGiven());
   if (variable == aperture) solve_.expectOpen(aperture_.name(), aperture_.isGiven());
   if (variable == subjectDistance) solve_.expectOpen(distance_.name(), distance_.isGiven());
   return {variable, &given};

@@ -156,10 +156,7 @@ std::string FovCommand::run(const Terminal& terminal) {
 
 void FovCommand::edit(FovCalculator& calculator, CalculatorSession& session,
                       const AbstractCamera& camera) const {
-  if (lens_.isGiven()) {
-    const LensInput lens = lensOf(calculator.model());
-    expectTaken(calculator.setLens(lens_.appliedTo(lens, session.settings(), camera)));
-  }
+  lens_.applyTo(calculator, lensOf(calculator.model()), session.settings(), camera);
   const UnitSystem units = session.environment().units.currentUnits();
   if (const auto metres = distance_.readPositive(CameraValuesParser::parseDistance, units)) {
     expectTaken(calculator.setSubjectDistance(*metres));
@@ -170,7 +167,7 @@ void FovCommand::edit(FovCalculator& calculator, CalculatorSession& session,
 }
 
 Question FovCommand::question(const ResultOption<FovField>& given, FovFreeVariable variable) const {
-  if (variable == focalLength) solve_.expectOpen("--focal", lens_.givesFocalLength());
+  if (variable == focalLength) solve_.expectOpen("--focal", lens_.focal().isGiven());
   if (variable == subjectDistance) solve_.expectOpen(distance_.name(), distance_.isGiven());
   return {variable, &given};
 }

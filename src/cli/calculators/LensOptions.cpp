@@ -16,8 +16,8 @@ bool LensOptions::isGiven() const {
   return focal_.isGiven() || teleconverter1_.isGiven() || teleconverter2_.isGiven();
 }
 
-LensInput LensOptions::appliedTo(LensInput lens, const UserDefaults& settings,
-                                 const AbstractCamera& camera) const {
+LensInput LensOptions::changed(LensInput lens, const UserDefaults& settings,
+                               const AbstractCamera& camera) const {
   if (const auto metres = focal_.read(CameraValuesParser::parseFocalLength)) {
     lens.setTypedMillimetres(*metres * 1000, currentFocalLengthType(settings), camera.cropFactor);
   }
