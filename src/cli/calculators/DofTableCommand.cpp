@@ -6,6 +6,7 @@
 
 #include "calculators/DofTable.h"
 #include "calculators/camera/Texts.h"
+#include "cli/common/CameraJson.h"
 #include "cli/output/Table.h"
 
 namespace zenivo::cli {
