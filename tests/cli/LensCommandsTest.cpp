@@ -184,6 +184,7 @@ TEST_F(LensCommands, RefusalsAreOneLineAndChangeNothing) {
       {"dof --solve focal", "--solve needs a result"},
       {"dof --solve coc --far 12m", "coc not in"},
       {"dof --far 12m --solve focal --focal 35mm", "--focal is what is solved for"},
+      {"dof --focal 35 --aperture 8 --distance 3 --far 12", "leave out one of --focal, --aperture"},
       {"dof --hyperfocal 12m --solve distance", "--hyperfocal does not depend on the distance"},
       {"fov --diagonal-angle 40 --solve distance", "--diagonal-angle does not depend on"},
       {"fov --portrait --landscape", "excludes"},
