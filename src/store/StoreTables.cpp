@@ -15,7 +15,14 @@ std::string destinationsSql(const RelationshipDescription& relationship, bool si
   std::string member;
   std::string entity = "NULL";
   std::string order;
-  if (relationship.storage == RelationshipStorage::inverseColumn) {
+  if (relationship.storage == RelationshipStorage::column) {
+    table = sqlName(tableName(*relationship.entity));
+    key = "t._id";
+    member = "t." + sqlName(columnName(relationship));
+    if (isPolymorphic(*relationship.destinationEntity)) {
+      entity = "t." + sqlName(entityColumnName(relationship));
+    }
+  } else if (relationship.storage == RelationshipStorage::inverseColumn) {
     const RelationshipDescription& column = *relationship.inverseRelationship;
     table = sqlName(tableName(*relationship.destinationEntity));
     key = "t." + sqlName(columnName(column));

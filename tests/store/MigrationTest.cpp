@@ -179,6 +179,19 @@ TEST_F(Migration, AddedAttributesTakeTheirDefault) {
   }
 }
 
+TEST_F(Migration, AnAttributeMadeOptionalMayBeEmpty) {
+  const auto demanding = changedModel([](auto& library) {
+    auto& name = entityNamed(library, "Shelf").attributes[0];
+    name.isOptional = false;
+    name.defaultValue = "unnamed";
+  });
+  contextOn(openStore(file_, demanding))->reset();
+  const auto context = contextOn(openStore(file_));
+  EXPECT_EQ(describe(*context), kEverything);
+  fetchAll(*context, {.entityName = "Shelf"}).front()->setValue(nullptr, "name");
+  saveOrFail(*context);
+}
+
 TEST_F(Migration, OtherChangesAreRefusedByNameAndTheFileStays) {
   const std::pair<const char*, Change> cases[] = {
       {"Shelf.rank",
