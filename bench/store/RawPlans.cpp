@@ -17,8 +17,18 @@ std::string columns() {
   return names + ", project";
 }
 
-std::string selectWhere(const std::string& condition) {
-  return "SELECT _id, _version" + columns() + " FROM Planning t0 WHERE " + condition;
+std::string selectFrom(const std::string& source) {
+  std::string names = columns();
+  for (std::size_t at = 0; (at = names.find(", ", at)) != std::string::npos; at += 5) {
+    names.insert(at + 2, "t0.");
+  }
+  return "SELECT t0._id, t0._version" + names + " FROM Planning t0 " + source;
+}
+
+std::string isOneOf(std::size_t count) {
+  std::string marks;
+  for (std::size_t i = 0; i < count; ++i) marks += i == 0 ? "?" : ", ?";
+  return "WHERE _id IN (" + marks + ")";
 }
 
 std::string insertion() {
@@ -50,7 +60,8 @@ RawPlans::RawPlans(const std::filesystem::path& file)
     : connection_(
           [&] {
             sqlite3* opened = nullptr;
-            sqlite3_open(file.c_str(), &opened);
+            sqlite3_open_v2(file.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX,
+                            nullptr);
             sqlite3_exec(opened,
                          "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; "
                          "PRAGMA foreign_keys=ON",
@@ -64,9 +75,10 @@ RawPlans::RawPlans(const std::filesystem::path& file)
       rename_(prepare("UPDATE Planning SET name = ?3, _version = _version + 1 "
                       "WHERE _id = ?1 AND _version = ?2")),
       keysByDate_(prepare("SELECT _id FROM Planning ORDER BY date, _id")),
-      ofKey_(prepare(selectWhere("_id = ?1"))),
-      ofProject_(prepare(selectWhere("project = ?1"))),
-      ofCondition_(nullptr, sqlite3_finalize) {}
+      ofKey_(prepare(selectFrom("WHERE _id = ?1"))),
+      ofKeys_(prepare(selectFrom(isOneOf(kBatch)))),
+      ofProject_(prepare(selectFrom("WHERE project = ?1"))),
+      ofSource_(nullptr, sqlite3_finalize) {}
 
 RawPlans::Statement RawPlans::prepare(const std::string& sql) const {
   sqlite3_stmt* statement = nullptr;
@@ -153,20 +165,26 @@ std::vector<RawPlan> RawPlans::read(sqlite3_stmt* statement) const {
   return plans;
 }
 
-std::vector<RawPlan> RawPlans::plans(const std::string& condition,
+std::vector<RawPlan> RawPlans::plans(const std::string& source,
                                      const std::vector<std::string_view>& texts) {
-  if (condition != condition_) {
-    ofCondition_ = prepare(selectWhere(condition));
-    condition_ = condition;
+  if (source != source_) {
+    ofSource_ = prepare(selectFrom(source));
+    source_ = source;
   }
   int parameter = 1;
-  for (const std::string_view text : texts) bindText(ofCondition_.get(), parameter++, text);
-  return read(ofCondition_.get());
+  for (const std::string_view text : texts) bindText(ofSource_.get(), parameter++, text);
+  return read(ofSource_.get());
 }
 
 RawPlan RawPlans::planOfKey(std::int64_t key) {
   sqlite3_bind_int64(ofKey_.get(), 1, key);
   return read(ofKey_.get()).at(0);
+}
+
+std::vector<RawPlan> RawPlans::plansOfKeys(std::span<const std::int64_t, kBatch> keys) {
+  int parameter = 1;
+  for (const std::int64_t key : keys) sqlite3_bind_int64(ofKeys_.get(), parameter++, key);
+  return read(ofKeys_.get());
 }
 
 std::vector<RawPlan> RawPlans::plansOfProject(std::int64_t project) {

@@ -8,8 +8,8 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +25,9 @@ inline constexpr std::array kReals{
     "mapCenterLng", "mapHeading"};
 inline constexpr std::array kWholes{"altitudeManual", "obstacleEnabled", "obstacleAltitudeManual",
                                     "mapState"};
+
+/// Plans that are fetched together.
+inline constexpr std::size_t kBatch = 20;
 
 struct RawPlan {
   std::int64_t key = 0;
@@ -49,10 +52,10 @@ class RawPlans {
   void rename(std::int64_t key, std::int64_t version, std::string_view name);
 
   std::vector<std::int64_t> keysByDate();
-  /// Plans of which the condition holds, all columns; texts are bound from ?1 on.
-  std::vector<RawPlan> plans(const std::string& condition,
-                             const std::vector<std::string_view>& texts);
+  /// Plans by what follows "FROM Planning t0", all columns; texts are bound from ?1 on.
+  std::vector<RawPlan> plans(const std::string& source, const std::vector<std::string_view>& texts);
   RawPlan planOfKey(std::int64_t key);
+  std::vector<RawPlan> plansOfKeys(std::span<const std::int64_t, kBatch> keys);
   std::vector<RawPlan> plansOfProject(std::int64_t project);
 
  private:
@@ -64,9 +67,9 @@ class RawPlans {
   std::vector<RawPlan> read(sqlite3_stmt* statement) const;
 
   Connection connection_;
-  Statement begin_, commit_, insert_, rename_, keysByDate_, ofKey_, ofProject_;
-  std::string condition_;
-  Statement ofCondition_;
+  Statement begin_, commit_, insert_, rename_, keysByDate_, ofKey_, ofKeys_, ofProject_;
+  std::string source_;
+  Statement ofSource_;
 };
 
 }  // namespace zenivo::bench

@@ -1,7 +1,5 @@
 // Saving, permanent identities, and rolling back.
 
-#include <algorithm>
-
 #include "foundation/NotificationCenter.h"
 #include "store/ManagedObjectContext.h"
 #include "store/ObjectGraph.h"
@@ -209,11 +207,11 @@ void ObjectGraph::renumberReferences(ManagedObject& object, const IDMap& permane
 }
 
 void ObjectGraph::obtainPermanentIDs(const ManagedObjects& objects) {
-  ObjectIDs temporary;
+  ObjectIDSet wanted;
   for (const ManagedObjectPtr& object : objects) {
-    const bool isNew = std::ranges::find(temporary, object->id_) == temporary.end();
-    if (object->id_.isTemporaryID() && isNew) temporary.push_back(object->id_);
+    if (object->id_.isTemporaryID()) wanted.insert(object->id_);
   }
+  const ObjectIDs& temporary = wanted.ids();
   if (temporary.empty()) return;
   const ObjectIDs permanent = ground_()->obtainPermanentIDs(temporary);
   IDMap permanentIDs;

@@ -84,18 +84,25 @@ void BoundValues::answer(sqlite3_context* context, std::size_t index) const {
 SqlQuery::SqlQuery(const FetchRequest& request, const EntityDescription& entity,
                    const RowPlan& plan, QueryResult result, const std::string& store)
     : store_(store) {
+  const std::string table = " FROM " + sqlName(tableName(entity)) + " t0";
   Scope scope;
   std::string where = plan.condition;
   if (request.predicate) {
     const BoundPredicate bound(request.predicate->root(), entity);
     where += (where.empty() ? "" : " AND ") + condition(scope, bound);
   }
+  if (!scope.from.empty()) {
+    // By itself the condition may begin at the other end of a path, where the order
+    // of the results would hold it to this one.
+    where = "t0._id IN (SELECT t0._id" + table + scope.from + " WHERE " + where + ")";
+    scope = {};
+  }
   const std::string order =
       result == QueryResult::count ? std::string() : ordering(scope, request, entity);
   sql_ = "SELECT t0._id";
-  if (result != QueryResult::count) sql_ += ", t0._entity";
+  if (result != QueryResult::count) sql_ += ", " + plan.entityNumber;
   if (result == QueryResult::rows) sql_ += ", t0._version" + plan.columns;
-  sql_ += " FROM " + sqlName(tableName(entity)) + " t0" + scope.from;
+  sql_ += table + scope.from;
   if (!where.empty()) sql_ += " WHERE " + where;
   sql_ += order;
   if (request.fetchLimit != 0 || request.fetchOffset != 0) {

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include <deque>
+#include <list>
 #include <map>
 #include <optional>
 #include <string>
@@ -78,7 +78,7 @@ class SqlQuery {
   const std::string store_;
   std::string sql_;
   std::vector<Parameter> parameters_;
-  std::deque<BoundValues> lists_;
+  std::list<BoundValues> lists_;
   int aliases_ = 1;  // t0 is the fetched table
 };
 

@@ -3,9 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "store/LibraryModel.h"
 #include "store/sqlite/Connection.h"
 
@@ -27,13 +24,6 @@ std::shared_ptr<const ManagedObjectModel> changedModel(Change change) {
   std::vector<EntityDeclaration> declarations = libraryDeclarations();
   change(declarations);
   return ManagedObjectModel::make(std::move(declarations));
-}
-
-std::string contentOf(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream content;
-  content << stream.rdbuf();
-  return content.str();
 }
 
 class Migration : public ::testing::Test {
