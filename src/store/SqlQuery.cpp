@@ -99,12 +99,14 @@ SqlQuery::SqlQuery(const FetchRequest& request, const EntityDescription& entity,
   }
   const std::string order =
       result == QueryResult::count ? std::string() : ordering(scope, request, entity);
+  constexpr std::size_t kEnough = 200;
+  sql_.reserve(plan.columns.size() + scope.from.size() + where.size() + order.size() + kEnough);
   sql_ = "SELECT t0._id";
-  if (result != QueryResult::count) sql_ += ", " + plan.entityNumber;
-  if (result == QueryResult::rows) sql_ += ", t0._version" + plan.columns;
-  sql_ += table + scope.from;
-  if (!where.empty()) sql_ += " WHERE " + where;
-  sql_ += order;
+  if (result != QueryResult::count) sql_.append(", ").append(plan.entityNumber);
+  if (result == QueryResult::rows) sql_.append(", t0._version").append(plan.columns);
+  sql_.append(table).append(scope.from);
+  if (!where.empty()) sql_.append(" WHERE ").append(where);
+  sql_.append(order);
   if (request.fetchLimit != 0 || request.fetchOffset != 0) {
     const auto limit = static_cast<std::int64_t>(request.fetchLimit);
     sql_ += " LIMIT " + parameter(limit != 0 ? limit : -1);

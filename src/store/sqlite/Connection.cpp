@@ -7,7 +7,7 @@ namespace {
 
 constexpr int kBusyMilliseconds = 30'000;
 constexpr std::size_t kCachedStatements = 200;
-constexpr int kCacheKilobytes = 16'000;  // at most, of a file's pages
+constexpr int kCacheKilobytes = 8'000;  // at most, of a file's pages
 
 /// The URI of a file; its reserved characters escaped.
 std::string uriOf(const std::filesystem::path& file) {
