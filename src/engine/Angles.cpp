@@ -21,7 +21,7 @@ double angleDifference(double a, double b) {
   return std::fmod(std::fmod(a - b, 360.0) + 540.0, 360.0) - 180.0;
 }
 
-double angularSeparation(double azimuth1, double elevation1, double azimuth2, double elevation2) {
+double angularDistance(double azimuth1, double elevation1, double azimuth2, double elevation2) {
   const double e1 = elevation1 * kDegree;
   const double e2 = elevation2 * kDegree;
   const double sinElevation = std::sin((e2 - e1) / 2.0);

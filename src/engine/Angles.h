@@ -27,6 +27,6 @@ double angleDifference(double a, double b);
 
 /// The arc between two directions of the horizon frame, by the haversine
 /// formula.  Arguments in degrees, result in radians, 0 to pi.
-double angularSeparation(double azimuth1, double elevation1, double azimuth2, double elevation2);
+double angularDistance(double azimuth1, double elevation1, double azimuth2, double elevation2);
 
 }  // namespace zenivo

@@ -30,7 +30,7 @@ class NearestMoment {
 
   void offer(double mjd, const PtPolar& place) {
     const double distance =
-        angularSeparation(place.azimuth_, place.elevation_, window_.azimuth, window_.elevation);
+        angularDistance(place.azimuth_, place.elevation_, window_.azimuth, window_.elevation);
     if (distance < distance_) {
       distance_ = distance;
       mjd_ = mjd;

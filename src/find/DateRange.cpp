@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "app/settings/SettingsKeys.h"
 #include "engine/DateEphemeris.h"
 #include "foundation/Calendar.h"
 #include "foundation/LocalizedString.h"
@@ -85,6 +86,13 @@ std::optional<DateRangeError> validateDateRange(Date start, Date end) {
     return error(fmt::format(fmt::runtime(message), fmt::to_string(kLongestYears)));
   }
   return std::nullopt;
+}
+
+std::optional<DateRangeError> confirmDateRange(UserDefaults& userDefaults, std::int64_t row,
+                                               Date start, Date end) {
+  auto error = validateDateRange(start, end);
+  if (!error) userDefaults.setInteger(row, settings::date_range_defaultRange);
+  return error;
 }
 
 }  // namespace zenivo

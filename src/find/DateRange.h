@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "foundation/Date.h"
+#include "foundation/UserDefaults.h"
 
 namespace zenivo {
 
@@ -68,5 +69,10 @@ struct DateRangeError {
 /// Nullopt for a good period: its end is not before its start, and no later than
 /// the same date and minute five calendar years on.
 std::optional<DateRangeError> validateDateRange(Date start, Date end);
+
+/// The user confirms a period that was chosen by a row: for a good one the row is kept in
+/// the settings, as the default of the next choice.
+std::optional<DateRangeError> confirmDateRange(UserDefaults& userDefaults, std::int64_t row,
+                                               Date start, Date end);
 
 }  // namespace zenivo

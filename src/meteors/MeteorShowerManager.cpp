@@ -126,10 +126,12 @@ void MeteorShowerManager::calculateRealTimeData() {
   moonPosition_ = {};
   isSupermoon_ = false;
   currentMeteorRate_ = 0;
+  limitingMagnitude_ = 0;
   if (!hasBodies()) return;
   const MeteorMoment day = momentOfDay(mjdStart());
   const MeteorSky sky = MeteorSkyModel(*location(), day.year, day.month)
                             .skyAt(currentMjdDate(), deltaT(), *sun_, *moon_);
+  limitingMagnitude_ = sky.limitingMagnitude;
   currentMeteorRate_ = static_cast<float>(rateOfActiveShowers(sky, nullptr).rate);
   for (const auto& shower : meteorShowers_.showers()) {
     const PtPolar radiant = shower->radiantPositionAtMjd(sky.mjd, sky.deltaT, sky.solarLongitude);
@@ -141,7 +143,8 @@ void MeteorShowerManager::calculateRealTimeData() {
   isSupermoon_ = isSupermoonAtPhase(moonPhase_, *moon_);
 }
 
-void MeteorShowerManager::calculateMeteorShowerActivitesForYear(std::int64_t year) {
+void MeteorShowerManager::calculateMeteorShowerActivitesForYear(std::int64_t year,
+                                                                bool updates) {
   setCurrentMjdDate(modifiedJulianDay(firstDayOfYear(year)));
   recalculateTwilightsAndNightTimes(DayShift::all);
   if (activitiesYear_ != year) setActivitiesYear(year);
@@ -149,7 +152,7 @@ void MeteorShowerManager::calculateMeteorShowerActivitesForYear(std::int64_t yea
     const std::lock_guard lock(readLock_);
     meteorShowers_.sortShowersForMjd(currentMjdDate());
   }
-  calculateCurrentLocationShowersPeaks(false);
+  calculateCurrentLocationShowersPeaks(updates);
 }
 
 std::shared_ptr<MeteorShower> MeteorShowerManager::meteorShowerWithId(std::int64_t id) const {

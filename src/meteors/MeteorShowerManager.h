@@ -88,7 +88,7 @@ class MeteorShowerManager : public LocationInfoTesselManager {
   void calculateRealTimeData();
   /// A year's table: moves to its first day, in which all periods of the year are still
   /// to come or not yet over, and has all real peaks computed.
-  void calculateMeteorShowerActivitesForYear(std::int64_t year);
+  void calculateMeteorShowerActivitesForYear(std::int64_t year, bool updates = false);
 
   // Showers.
 
@@ -120,6 +120,7 @@ class MeteorShowerManager : public LocationInfoTesselManager {
 
   static double solarLongitudeForMjd(double mjd);
   float currentMeteorRate() const { return currentMeteorRate_; }  ///< meteors per hour
+  double limitingMagnitude() const { return limitingMagnitude_; }  ///< in the zenith
   const PtPolar& moonPosition() const { return moonPosition_; }
   const MoonPhaseResult& moonPhase() const { return moonPhase_; }
   bool isSupermoon() const { return isSupermoon_; }
@@ -224,6 +225,7 @@ class MeteorShowerManager : public LocationInfoTesselManager {
   double meteorMjdPeakThreshold_ = 0;
   MeteorMaxPeakInfo peakInfo_;
   float currentMeteorRate_ = 0;
+  double limitingMagnitude_ = 0;
   float moonlessHours_ = 0;
   bool isSupermoon_ = false;
   MoonPhaseResult moonPhase_;

@@ -127,9 +127,9 @@ double SkyModel::limitingMagnitude(const SkyLights& lights) const {
   return std::min(-2.5 * std::log10(threshold) - 16.57 - loss, kDarkSkyMagnitude);
 }
 
-double calculateLimitingMagnitude(std::int64_t year, int month, const ZVLocation& location,
-                                  const SkyLights& lights, double relativeHumidity,
-                                  double airTemperature) {
+double calculateLimitingMagnitudeWithYear(std::int64_t year, int month, const ZVLocation& location,
+                                          const SkyLights& lights, double relativeHumidity,
+                                          double airTemperature) {
   return SkyModel(year, month, location, relativeHumidity, airTemperature)
       .limitingMagnitude(lights);
 }

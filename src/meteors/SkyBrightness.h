@@ -53,8 +53,8 @@ class SkyModel {
 };
 
 /// The limiting magnitude at one moment; see SkyModel.
-double calculateLimitingMagnitude(std::int64_t year, int month, const ZVLocation& location,
-                                  const SkyLights& lights, double relativeHumidity,
-                                  double airTemperature);
+double calculateLimitingMagnitudeWithYear(std::int64_t year, int month, const ZVLocation& location,
+                                          const SkyLights& lights, double relativeHumidity,
+                                          double airTemperature);
 
 }  // namespace zenivo

@@ -10,7 +10,7 @@ namespace {
 ZVLocation locationOf(const PtPosition& observer) {
   return {.coordinate = {observer.latitude, observer.longitude},
           .altitude = observer.altitude,
-          .verticalAccuracy = 0};
+          .verticalAccuracy = 1};
 }
 
 }  // namespace

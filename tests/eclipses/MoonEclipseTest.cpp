@@ -164,7 +164,7 @@ TEST(MoonEclipse, TheShadowReachesTheMoonAtTheContacts) {
     moon.computePosition(true, mjd, kDeltaT);
     const auto& s = sun.equatorial();
     const auto& m = moon.equatorial();
-    return angularSeparation(180 + s.phi() / kDegree, -s.theta() / kDegree, m.phi() / kDegree,
+    return angularDistance(180 + s.phi() / kDegree, -s.theta() / kDegree, m.phi() / kDegree,
                              m.theta() / kDegree) /
            kDegree;
   };

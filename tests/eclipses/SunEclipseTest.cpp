@@ -203,7 +203,7 @@ TEST(SunEclipse, LimbsTouchAtTheOuterContacts) {
         const auto m = moon.topocentric(moon.equatorialPosition(true, mjd, deltaT),
                                         moon.apparentSiderealTime(mjd));
         const double separation =
-            angularSeparation(s.hourAngle / kDegree, s.declination / kDegree, m.hourAngle / kDegree,
+            angularDistance(s.hourAngle / kDegree, s.declination / kDegree, m.hourAngle / kDegree,
                               m.declination / kDegree) /
             kDegree;
         EXPECT_NEAR((separation - s.semiDiameter - m.semiDiameter) * 3600, 0, 3.5);

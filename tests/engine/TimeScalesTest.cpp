@@ -206,11 +206,11 @@ TEST(Angles, RadiansStayInTheTurn) {
 
 // Meeus, example 17.a: Arcturus and Spica, 32.7930 degrees.
 TEST(Angles, Separation) {
-  EXPECT_NEAR(angularSeparation(213.9154, 19.1825, 201.2983, -11.1614) / kDegree, 32.7930, 1e-4);
-  EXPECT_NEAR(angularSeparation(0, 0, 180, 0), kPi, 1e-7);
-  EXPECT_NEAR(angularSeparation(10, 90, 200, -90), kPi, 1e-7);
+  EXPECT_NEAR(angularDistance(213.9154, 19.1825, 201.2983, -11.1614) / kDegree, 32.7930, 1e-4);
+  EXPECT_NEAR(angularDistance(0, 0, 180, 0), kPi, 1e-7);
+  EXPECT_NEAR(angularDistance(10, 90, 200, -90), kPi, 1e-7);
   // Where the cosine rule has lost everything.
-  EXPECT_NEAR(angularSeparation(0, 0, 1e-7, 0) / kDegree, 1e-7, 1e-15);
+  EXPECT_NEAR(angularDistance(0, 0, 1e-7, 0) / kDegree, 1e-7, 1e-15);
 }
 
 }  // namespace

@@ -81,7 +81,7 @@ double everyMinuteForDirection(PtPlanet& body, const DirectionWindow& w, double 
 
   double nearest = 1000, best = -4;
   const auto offer = [&](double mjd) {
-    const double distance = angularSeparation(body.horizontal().azimuth_,
+    const double distance = angularDistance(body.horizontal().azimuth_,
                                               body.horizontal().elevation_, w.azimuth, w.elevation);
     if (distance < nearest) {
       nearest = distance;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/settings/SettingsKeys.h"
 #include "engine/DateEphemeris.h"
 
 namespace zenivo {
@@ -58,6 +59,14 @@ TEST_F(DateRangeTest, FiveYearsToTheMinute) {
             "The period can span 5 years at most.");
   EXPECT_EQ(validateDateRange(at(2026, 3, 16), start)->message,
             "The period ends before it begins.");
+}
+
+TEST_F(DateRangeTest, AGoodPeriodKeepsItsRow) {
+  UserDefaults userDefaults;
+  const Date start = at(2026, 3, 15);
+  EXPECT_FALSE(confirmDateRange(userDefaults, 6, start, at(2026, 9, 14)));
+  EXPECT_TRUE(confirmDateRange(userDefaults, 9, start, at(2026, 3, 14)));
+  EXPECT_EQ(userDefaults.integerForKey(settings::date_range_defaultRange), 6);
 }
 
 }  // namespace

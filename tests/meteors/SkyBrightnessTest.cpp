@@ -94,7 +94,7 @@ TEST(SkyModel, AirAndGlow) {
   EXPECT_GT(brightness(2026, kTeide, 20), brightness(2026, kTeide, 90));
   // The equator is no singularity between the hemispheres' seasons.
   EXPECT_TRUE(std::isfinite(brightness(2026, placeAt(0, 0), 40)));
-  EXPECT_EQ(calculateLimitingMagnitude(2026, 6, kTeide, lights(-10, 20, 0.5), 40, 15),
+  EXPECT_EQ(calculateLimitingMagnitudeWithYear(2026, 6, kTeide, lights(-10, 20, 0.5), 40, 15),
             SkyModel(2026, 6, kTeide, 40, 15).limitingMagnitude(lights(-10, 20, 0.5)));
 }
 

@@ -58,9 +58,11 @@ class MomentOptions {
 
   void addTo(CLI::App& command);
 
-  /// On a whole second, as the ephemeris takes moments.
   bool isGiven() const { return !time_.empty() || !date_.empty(); }
+  /// A date without a time was given.
+  bool isBareDate() const { return !date_.empty(); }
 
+  /// On a whole second, as the ephemeris takes moments.
   Date resolve(const TimeZone& zone) const;
 
  private:

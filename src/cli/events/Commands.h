@@ -11,5 +11,6 @@ namespace zenivo::cli {
 std::unique_ptr<Command> makeFindCommand();
 std::unique_ptr<Command> makeEclipseCommand();
 std::unique_ptr<Command> makeEclipsesCommand();
+std::unique_ptr<Command> makeMeteorsCommand();
 
 }  // namespace zenivo::cli

@@ -11,7 +11,7 @@ namespace zenivo::cli {
 inline double greatCircleKilometres(double latitude1, double longitude1, double latitude2,
                                     double longitude2) {
   constexpr double kMeanRadius = 6371.0088;  // of WGS84, (2a + b)/3
-  return kMeanRadius * angularSeparation(longitude1, latitude1, longitude2, latitude2);
+  return kMeanRadius * angularDistance(longitude1, latitude1, longitude2, latitude2);
 }
 
 }  // namespace zenivo::cli
