@@ -92,7 +92,7 @@ void Connection::rollback() noexcept {
   try {
     run("ROLLBACK");
   } catch (const SqliteFailure&) {
-    // What is left of the transaction goes with the next one that cannot begin.
+    // The transaction has ended all the same; what failed was tidying the disk.
   }
 }
 
