@@ -126,7 +126,10 @@ void TimerCommand::addTo(CLI::App& program) {
   durationOption_ = duration;
   status_ = app->add_subcommand("status", "How the countdown stands; changes nothing");
   reset_ = app->add_subcommand("reset", "End the countdown; the time stays set");
-  for (CLI::App* each : {status_, reset_}) each->add_flag("--json", wantsJson_, "Print JSON");
+  for (CLI::App* each : {status_, reset_}) {
+    each->add_flag("--json", wantsJson_, "Print JSON");
+    each->footer("A countdown is started, and goes on, with zenivo timer.");
+  }
   app->footer(
       "Ctrl-C pauses.  Without a time a paused countdown goes on, one whose program has gone is\n"
       "shown again, and else the last time is counted once more.  A countdown runs on while no\n"
@@ -141,8 +144,9 @@ void TimerCommand::addTo(CLI::App& program) {
 
 std::string TimerCommand::run(const Terminal& terminal) {
   setLogThreshold(LogLevel::none);  // failures are thrown with what the log would say
+  if (!status_->parsed() && !reset_->parsed()) return start(terminal);
+  if (isTimeGiven()) throw InputError("a time is counted without status and reset; leave one out");
   if (status_->parsed()) return answer(keptTimerStatus());
-  if (!reset_->parsed()) return start(terminal);
   MainQueueTicks ticks;
   TerminalNotifications notifications([](const std::string&) {}, [] {});
   ExposureTimer timer(zenivoUserDefaults(), ticks, notifications);
