@@ -69,13 +69,6 @@ TEST(NightWindow, OfAMoment) {
   }
 }
 
-TEST(NightWindow, Threshold) {
-  EXPECT_DOUBLE_EQ(mjdPeakThresholdFor(day(kOpens, 6, 18)), kOpens + 0.25);
-  for (const double sentinel : {kUp, kDown, kNone}) {
-    EXPECT_DOUBLE_EQ(mjdPeakThresholdFor(day(kOpens, sentinel, sentinel)), kOpens + 0.5);
-  }
-}
-
 MeteorDays daysAt(const ZVLocation& place, Date date) {
   ephemeris::PtSun sun(place.getPtPosition());
   ephemeris::PtMoon moon(place.getPtPosition());
@@ -93,39 +86,33 @@ MeteorDays daysAt(const ZVLocation& place, Date date) {
 // Through a year, at places and with clocks of all kinds: a night's window has the Sun
 // below the horizon from end to end, concerns its moment, and is followed by the next.
 TEST(NightWindow, NeverReachesIntoDaylight) {
-  struct Case {
-    const char* zone;
-    ZVLocation place;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, ZVLocation> cases[] = {
       {"America/Anchorage", placeAt(64.84, -147.72)},  // sunset after midnight in June
       {"Atlantic/Reykjavik", placeAt(66.1, -20.0)},
       {"Europe/Oslo", placeAt(69.65, 18.96)},
       {"Europe/Paris", placeAt(-36.85, 174.76)},  // Auckland seen from Paris
-      {"Pacific/Auckland", placeAt(64.13, -21.9)},
       {"UTC", placeAt(89.9, 10)},
       {"UTC", placeAt(-90, 0)},
       {"Atlantic/Canary", kTeide},
   };
-  for (const Case& c : cases) {
-    const LocalZone zone(c.zone);
-    ephemeris::PtSun sun(c.place.getPtPosition());
+  for (const auto& [name, place] : cases) {
+    const LocalZone zone(name);
+    ephemeris::PtSun sun(place.getPtPosition());
     const auto sunAt = [&](double mjd) {
       sun.computePosition(true, mjd, 0.0008);
       return sun.horizontal().elevation_;
     };
     for (int n = 0; n < 365; n += 3) {
       const Date date = dateByAddingNumberOfDays(firstDayOfYear(2026), n);
-      const MeteorDays days = daysAt(c.place, date);
+      const MeteorDays days = daysAt(place, date);
       for (const double hour : {0.0, 5.0, 12.5, 24.0}) {
         const double mjd = days[Today].mjdStart + hour / 24.0;
         const MjdRateWindow window = calculateMjdRateStart(mjd, days);
         if (!window.isNight()) continue;
-        ASSERT_LT(window.start, window.end) << c.zone << ' ' << n;
+        ASSERT_LT(window.start, window.end) << name << ' ' << n;
         const double margin = 3.0 / 1440.0;  // the search's parabola, at grazing places
         for (double t = window.start + margin; t < window.end - margin; t += 0.02) {
-          ASSERT_LT(sunAt(t), 0.3) << c.zone << " day " << n << " hour " << hour << " at "
-                                   << (t - days[Today].mjdStart) * 24.0;
+          ASSERT_LT(sunAt(t), 0.3) << name << " day " << n << " hour " << hour;
         }
       }
     }

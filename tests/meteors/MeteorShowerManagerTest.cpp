@@ -149,16 +149,6 @@ TEST_F(MeteorShowerManagerTest, WhereThereIsNothingToSee) {
   }
 }
 
-TEST_F(MeteorShowerManagerTest, AListThatCannotBeRead) {
-  ::setenv("ZENIVO_RESOURCES", folder.path().c_str(), 1);
-  MeteorShowerManager manager(at({2026, 8, 12, 21, 0}), nullptr);
-  ::unsetenv("ZENIVO_RESOURCES");
-  manager.jumpToMjdDate(manager.currentMjdDate() + 0.5);
-  EXPECT_TRUE(manager.activeAndUpcomingShowers().empty());
-  EXPECT_EQ(manager.selectedMeteorShower(), nullptr);
-  EXPECT_EQ(manager.activityPeriodForMeteorShowerId(7), nullptr);
-}
-
 // A year's table, and the same from the file of the cache.
 TEST_F(MeteorShowerManagerTest, ACalendarOfAYear) {
   CacheData computed;

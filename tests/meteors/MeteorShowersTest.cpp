@@ -79,8 +79,7 @@ TEST(MeteorShowerList, AMissingOrBrokenFileLeavesEmptyLists) {
   }
 }
 
-// 2026-08-12 20:00 UT.  The Perseids are active and peak first; no order depends on
-// whether real peaks are known for all, for some or for none.
+// 2026-08-12 20:00 UT.  The Perseids are active and peak first.
 TEST(MeteorShowers, ActiveAndUpcoming) {
   const LocalZone zone("Atlantic/Canary");
   MeteorShowers catalogue(kTeide);
