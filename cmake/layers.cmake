@@ -19,6 +19,7 @@ set(ZENIVO_LAYERS
   calculators/models
   calculators
   calculators/timer
+  data/cameras
   planner
   app/shell
   cli/input
@@ -48,20 +49,25 @@ set(ZENIVO_LAYER_calculators/models foundation app/settings calculators/camera)
 set(ZENIVO_LAYER_calculators  foundation app/settings calculators/camera calculators/models)
 set(ZENIVO_LAYER_calculators/timer
   foundation app/settings calculators/camera calculators/models)
+set(ZENIVO_LAYER_data/cameras foundation store data/stores calculators/camera)
 set(ZENIVO_LAYER_planner
   foundation app/settings engine map/layers map/lines ar eclipses meteors)
-set(ZENIVO_LAYER_app/shell    foundation app/settings store data/stores)
+set(ZENIVO_LAYER_app/shell
+  foundation app/settings store data/stores calculators/camera data/cameras)
 set(ZENIVO_LAYER_cli/input    foundation engine)
 set(ZENIVO_LAYER_cli/output   foundation engine)
-set(ZENIVO_LAYER_cli/common   foundation engine planner cli/input cli/output)
+set(ZENIVO_LAYER_cli/common
+  foundation app/settings store data/stores engine calculators/camera calculators data/cameras
+  planner cli/input cli/output)
 set(ZENIVO_LAYER_cli/sky
   foundation engine map/layers map/lines planner cli/input cli/output cli/common)
 set(ZENIVO_LAYER_cli/events
   foundation data/stores engine eclipses meteors find planner cli/input cli/output cli/common)
 set(ZENIVO_LAYER_cli/calculators
   foundation app/settings store data/stores calculators/camera calculators/models calculators
-  calculators/timer cli/input cli/output cli/common)
+  calculators/timer data/cameras cli/input cli/output cli/common)
 set(ZENIVO_LAYER_cli/library
-  foundation app/settings store data/stores app/shell cli/input cli/output cli/common)
+  foundation app/settings store data/stores calculators/camera data/cameras app/shell
+  cli/input cli/output cli/common)
 set(ZENIVO_LAYER_cli
   foundation cli/input cli/output cli/common cli/sky cli/events cli/calculators cli/library)

@@ -19,6 +19,7 @@ class OneCamera : public CameraStore {
   std::optional<CustomCameraRecord> loadCameraWithModel(std::string_view) const override {
     return std::nullopt;
   }
+  bool existsCameraWithModel(const CustomCameraRecord&) const override { return false; }
   bool saveCustomCamera(const CustomCameraRecord&, std::string*) override { return false; }
   bool deleteCustomCamera(std::string_view, std::string*) override { return false; }
 

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/calculators/Commands.h"
 #include "cli/events/Commands.h"
 #include "cli/input/InputError.h"
 #include "cli/input/Suggestions.h"
@@ -87,6 +88,14 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeEclipseCommand());
   commands.push_back(makeEclipsesCommand());
   commands.push_back(makeMeteorsCommand());
+  commands.push_back(makeCamerasCommand());
+  commands.push_back(makeCameraCommand());
+  commands.push_back(makeDofCommand());
+  commands.push_back(makeHyperfocalCommand());
+  commands.push_back(makeFovCommand());
+  commands.push_back(makeMatchCommand());
+  commands.push_back(makeStarsCommand());
+  commands.push_back(makeTrailsCommand());
   commands.push_back(makePoisCommand());
   commands.push_back(makeSettingsCommand());
   commands.push_back(makeOpenCommand());

@@ -39,6 +39,12 @@ class MemoryCameraStore : public CameraStore {
     return found == custom.end() ? std::nullopt : std::optional(*found);
   }
 
+  bool existsCameraWithModel(const CustomCameraRecord& camera) const override {
+    return std::ranges::any_of(custom, [&](const CustomCameraRecord& other) {
+      return other.model == camera.model && other.uniqueIdentifier != camera.uniqueIdentifier;
+    });
+  }
+
   bool saveCustomCamera(const CustomCameraRecord& camera, std::string* error) override {
     if (isBroken) return report(error);
     const auto found =

@@ -73,18 +73,6 @@ TEST(PtMilkyWay, TheHighestPointAndTheSideOfThePlane) {
   EXPECT_LT(left, 75);
 }
 
-TEST(PtMilkyWay, PositionIsThatOfTheBodyAndStaysInIt) {
-  PtMilkyWay milkyWay(PtPosition(-30.0, 20.0));
-  const PtMilkyWayPosition position = milkyWay.milkyWayPosition(60500.9, kDeltaT);
-  const PtPolar kept = milkyWay.horizontal();
-  const double hourAngle = milkyWay.hourAngle();
-  milkyWay.computePosition(true, 60500.9, kDeltaT);
-  EXPECT_NEAR(position.azimuth_, milkyWay.horizontal().azimuth_, 1e-9);
-  EXPECT_NEAR(position.elevation_, milkyWay.horizontal().elevation_, 1e-9);
-  EXPECT_EQ(kept, (PtPolar{position.azimuth_, position.elevation_, 1.0}));
-  EXPECT_EQ(hourAngle, milkyWay.hourAngle());
-}
-
 // No dusk to search from, or no dawn to search to; and the far south, where the
 // centre never sets.
 TEST(PtMilkyWay, WindowsAtTheSentinels) {

@@ -60,27 +60,6 @@ TEST_F(DaySearchTest, EventsOfRandomPlacesAndDaysLieInTheirDay) {
   }
 }
 
-// Midsummer at 48.3 degrees north: dusk of June 20 comes after the midnight of summer
-// time, and dusk of the 21st after the next one.  In August there are two dusks in a day.
-TEST_F(DaySearchTest, TwoDusksInADay) {
-  setCachedCalendarTimeZone(zoneNamed("Europe/Paris"));
-  ephemeris::PtSun sun(PtPosition(48.3, -4.5));
-  int days = 0;
-  for (int day = 1; day < 120; ++day) {
-    const LocalDay local(dateIn("Europe/Paris", 2026, 5, day));
-    const SunEvent event = sunEventOfDay(sun, local);
-    const TwilightEvent& twilight = event.astronomicalTwilight;
-    if (!event.astronomicalTwilight2) continue;
-    ++days;
-    EXPECT_LT(twilight.mjdEnd(), twilight.mjdStart());
-    EXPECT_GT(event.astronomicalTwilight2->mjdEnd(), twilight.mjdStart());
-    EXPECT_EQ(event.astronomicalTwilight2->mjdStart(), kAlwaysBelow);
-    EXPECT_EQ(dayValue(dateFromModifiedJulianDay(event.astronomicalTwilight2->mjdEnd())),
-              dayValue(local.date));
-  }
-  EXPECT_EQ(days, 1);
-}
-
 // In summer and autumn dusk comes earlier every evening.  Where it passes over the
 // local midnight, in any second of it, every evening keeps its dusk.
 TEST_F(DaySearchTest, NoDuskIsLostAtMidnight) {

@@ -22,21 +22,6 @@ std::set<Type> typesOfToday(const PlannerManager& session) {
   return types;
 }
 
-TEST_F(PlannerDayCycle, AcrossMidnightTwoDaysAreKept) {
-  Session session(ZVObserver(kParis), zoneNamed("Europe/Paris"),
-                  dateIn("Europe/Paris", 2026, 3, 10, 23, 59));
-  const std::vector<SunEvent> before = session->sunEvents();
-  session->setCurrentDate(dateIn("Europe/Paris", 2026, 3, 11, 0, 1));
-  for (const std::size_t day : {0u, 1u}) {
-    EXPECT_EQ(session->sunEvents()[day].date, before[day + 1].date);
-    EXPECT_EQ(session->sunEvents()[day].mjdRise(), before[day + 1].mjdRise());
-  }
-  session->setCurrentDate(dateIn("Europe/Paris", 2026, 3, 10, 23, 59));
-  for (const std::size_t day : {0u, 1u, 2u}) {
-    EXPECT_EQ(session->sunEvents()[day].mjdRise(), before[day].mjdRise());
-  }
-}
-
 // Yesterday, today and tomorrow start at local midnights, whatever the clock does.
 TEST_F(PlannerDayCycle, DaysStartAtLocalMidnights) {
   struct Case {
@@ -208,17 +193,6 @@ TEST_F(PlannerDayCycle, PhasesInTheLastSecondsOfAMonth) {
     }
   }
   EXPECT_GT(found, 1);
-}
-
-TEST_F(PlannerDayCycle, PathsFollowTheLayers) {
-  Session session(ZVObserver(kParis), TimeZone(), dateIn("GMT", 2026, 2, 1, 8));
-  EXPECT_FALSE(session->getCurrentSunEvent()->positionsPerHour);
-  session->mapSettings().sunLayer.mode = 2;
-  session->refreshBodyPaths();
-  for (const SunEvent& event : session->sunEvents()) EXPECT_TRUE(event.positionsPerHour);
-  for (const MoonEvent& event : session->moonEvents()) EXPECT_FALSE(event.positionsPerHour);
-  session->removePathForBody(PlannerBody::sun);
-  for (const SunEvent& event : session->sunEvents()) EXPECT_FALSE(event.positionsPerHour);
 }
 
 }  // namespace

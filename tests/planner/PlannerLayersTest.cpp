@@ -231,11 +231,5 @@ TEST_F(PlannerLayers, AShowerOfTheCatalogueIsFollowed) {
   EXPECT_FALSE(shower->meteorShowerPositionsPerHour());
 }
 
-TEST_F(PlannerLayers, WithoutTheSideAShowerIsOnlySelected) {
-  session->enableMeteorShower(7, "Perseids", 2026);
-  EXPECT_EQ(session->mapSettings().meteorShowerLayer.selectedMeteorShowerName, "Perseids");
-  EXPECT_FALSE(session->meteorShowerPositionsPerHour());
-}
-
 }  // namespace
 }  // namespace zenivo::testing

@@ -162,14 +162,6 @@ TEST_F(PlannerManagerTest, NoPlaceAndNoMomentChangeNothing) {
   EXPECT_EQ(stateOf(*paris), before);
 }
 
-TEST_F(PlannerManagerTest, TheFirstPlaceMakesTheObserver) {
-  Session session;
-  session->setCurrentPosition(kParis, true);
-  ASSERT_NE(session->getObserver(), nullptr);
-  EXPECT_EQ(session->getObserver()->coordinate, kParis);
-  EXPECT_EQ(session->sunEvents().size(), 3u);
-}
-
 TEST_F(PlannerManagerTest, TheZoneOfTheSessionIsThatOfTheProcess) {
   paris->setCurrentTimeZone(zoneNamed("Asia/Kathmandu"));
   EXPECT_EQ(TimeZone::defaultTimeZone().name(), "Asia/Kathmandu");

@@ -59,86 +59,32 @@ TEST_F(SunEventTest, IntervalsOfAPlainDay) {
 }
 
 TEST_F(SunEventTest, IntervalsOfOddDays) {
+  constexpr double none = kNotThisDay, above = kAlwaysAbove, below = kAlwaysBelow;
   struct Case {
-    const char* what;
     TwilightEvent civil;
     double rise, set;
     const char *first, *second;
     double mjdFirst, mjdSecond;
   };
   const Case kCases[] = {
-      {"no set",
-       {at(5), kNotThisDay},
-       at(6),
-       kNotThisDay,
-       "05:00 - 06:00",
-       "",
-       at(5),
-       kAlwaysBelow},
-      {"set, and twilight into the night",
-       {at(5), kNotThisDay},
-       at(6),
-       at(23),
-       "05:00 - 06:00",
-       "23:00 - ...",
-       at(5),
-       at(23)},
-      {"twilight from the night before",
-       {kNotThisDay, at(0, 30)},
-       kNotThisDay,
-       kNotThisDay,
-       "... - 00:30",
-       "",
-       at(0, 30),
-       kAlwaysBelow},
-      {"short summer night",
-       {at(2), at(0, 30)},
+      {{at(5), none}, at(6), none, "05:00 - 06:00", "", at(5), below},
+      {{at(5), none}, at(6), at(23), "05:00 - 06:00", "23:00 - ...", at(5), at(23)},
+      // twilight from the night before, and with it that of a short summer night
+      {{none, at(0, 30)}, none, none, "... - 00:30", "", at(0, 30), below},
+      {{at(2), at(0, 30)},
        at(3),
        at(23),
        "... - 00:30 | 02:00 - 03:00 | 23:00 - ...",
        "",
        at(0, 30),
-       kAlwaysBelow},
-      {"twilight all through the night",
-       {kAlwaysAbove, kAlwaysAbove},
-       at(2),
-       at(22),
-       "... - 02:00",
-       "22:00 - ...",
-       at(2),
-       at(22)},
-      {"twilight at noon only",
-       {at(10), at(14)},
-       kAlwaysBelow,
-       kAlwaysBelow,
-       "10:00 - 14:00",
-       "",
-       at(10),
-       kAlwaysBelow},
-      {"twilight all day long",
-       {kAlwaysAbove, kAlwaysAbove},
-       kAlwaysBelow,
-       kAlwaysBelow,
-       "... - ...",
-       "",
-       kAlwaysBelow,
-       kAlwaysBelow},
-      {"midnight Sun",
-       {kAlwaysAbove, kAlwaysAbove},
-       kAlwaysAbove,
-       kAlwaysAbove,
-       "",
-       "",
-       kAlwaysBelow,
-       kAlwaysBelow},
-      {"deep polar night",
-       {kAlwaysBelow, kAlwaysBelow},
-       kAlwaysBelow,
-       kAlwaysBelow,
-       "",
-       "",
-       kAlwaysBelow,
-       kAlwaysBelow},
+       below},
+      // twilight all through the night, at noon only, and all day long
+      {{above, above}, at(2), at(22), "... - 02:00", "22:00 - ...", at(2), at(22)},
+      {{at(10), at(14)}, below, below, "10:00 - 14:00", "", at(10), below},
+      {{above, above}, below, below, "... - ...", "", below, below},
+      // midnight Sun and deep polar night
+      {{above, above}, above, above, "", "", below, below},
+      {{below, below}, below, below, "", "", below, below},
   };
   for (const Case& c : kCases) {
     SunEvent day;
@@ -146,10 +92,10 @@ TEST_F(SunEventTest, IntervalsOfOddDays) {
     day.setMjdRise(c.rise);
     day.setMjdSet(c.set);
     const TwilightIntervals intervals = day.twilightIntervalForLightType(LightType::civil);
-    EXPECT_EQ(intervals.firstInterval, c.first) << c.what;
-    EXPECT_EQ(intervals.secondInterval, c.second) << c.what;
-    EXPECT_EQ(intervals.mjdFirstInterval, c.mjdFirst) << c.what;
-    EXPECT_EQ(intervals.mjdSecondInterval, c.mjdSecond) << c.what;
+    EXPECT_EQ(intervals.firstInterval, c.first);
+    EXPECT_EQ(intervals.secondInterval, c.second) << c.first;
+    EXPECT_EQ(intervals.mjdFirstInterval, c.mjdFirst) << c.first;
+    EXPECT_EQ(intervals.mjdSecondInterval, c.mjdSecond) << c.first;
   }
 }
 

@@ -67,13 +67,6 @@ TEST_F(TimeIntervalEventSorterTest, ASecondDuskIsListedAsWell) {
   EXPECT_EQ(types().back(), astronomicalTwilightEnd);
 }
 
-TEST_F(TimeIntervalEventSorterTest, DaysLackWhatDoesNotHappen) {
-  suns[1].setMjdSet(kNotThisDay);
-  suns[1].civilTwilight = TwilightEvent(at(5), kNotThisDay);
-  sorter.sortEventIntervalsSunEvents(suns, moons);
-  for (const auto type : types()) EXPECT_TRUE(type != sunSet && type != civilTwilightEnd);
-}
-
 TEST_F(TimeIntervalEventSorterTest, NearestEventThatTheMapShows) {
   const auto& events = sorter.sortedEvents();
   const double sunrise = events[4].interval;
@@ -142,15 +135,6 @@ TEST_F(TimeIntervalEventSorterTest, TheOrderNeverContradictsTheComparison) {
   }
   EXPECT_EQ((TimeIntervalEventWithType{10.9, sunRise}).compare({10.0, sunSet}), 0);
   EXPECT_EQ((TimeIntervalEventWithType{10.0, sunRise}).compare({12.5, sunSet}), -2);
-}
-
-TEST_F(TimeIntervalEventSorterTest, EveryTypeHasItsName) {
-  for (int type = 0; type <= 15; ++type) {
-    const std::string name =
-        timeIntervalEventTypeToString(static_cast<TimeIntervalEventType>(type));
-    EXPECT_FALSE(name.empty() || name.starts_with("event_")) << name;
-  }
-  EXPECT_EQ(timeIntervalEventTypeToString(moonTransit), "Moon transit");
 }
 
 }  // namespace

@@ -5,7 +5,8 @@
 #include "app/settings/RegisteredDefaults.h"
 #include "app/settings/SettingsKeys.h"
 #include "app/settings/SettingsMigration.h"
-#include "data/stores/Cameras.h"
+#include "calculators/camera/CameraChooser.h"
+#include "data/cameras/DatabaseCameraStore.h"
 #include "foundation/Log.h"
 #include "store/SaveNotification.h"
 
@@ -33,7 +34,7 @@ void ZenivoAppDelegate::applicationDidFinishLaunchingWithOptions() {
   registerForRemoteNotificationsIfNeeded();
   sizeUrlCache();
   registerFirstValues();
-  chooseFirstCamera();
+  chooseFirstCamera(settings_, DatabaseCameraStore(database_));
   wrapStoreContexts();
   setupSyncManagerWithManagedObjectContext(*contexts_.userContext);
   startReachability();
@@ -66,18 +67,6 @@ void ZenivoAppDelegate::registerFirstValues() {
   if (!registerBundledDefaults(settings_, &error)) {
     log(LogLevel::error, "The settings are without first values: " + error);
   }
-}
-
-void ZenivoAppDelegate::chooseFirstCamera() {
-  if (!settings_.stringForKey(settings::global_camera_model).empty()) return;
-  const auto camera = loadDefaultCameraWhenSettingsNull(*database_.staticManagedObjectContext());
-  if (!camera) return;
-  const std::int64_t cameraId = camera->getOr(Camera::cameraId, 0);
-  settings_.setInteger(cameraId, settings::global_camera);
-  settings_.setInteger(cameraId, settings::equivalentFocalLength_Camera2);
-  settings_.setObject(modelString(*camera), settings::global_camera_model);
-  settings_.setObject(modelString(*camera), settings::equivalentFocalLength_Camera2Model);
-  settings_.synchronize();
 }
 
 void ZenivoAppDelegate::wrapStoreContexts() {

@@ -102,7 +102,6 @@ class ZenivoAppDelegate : public DatabaseDelegate,
   void openDatabase();
   void sizeUrlCache();
   void registerFirstValues();
-  void chooseFirstCamera();
   void wrapStoreContexts();
   void startReachability();
   void showMenu();

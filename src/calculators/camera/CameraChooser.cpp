@@ -32,6 +32,16 @@ void storeRecents(UserDefaults& defaults, const std::vector<CameraId>& recents) 
   defaults.setObject(entries, settings::global_camera_recents);
 }
 
+void storeChoice(UserDefaults& defaults, const CameraKeys& keys, const AbstractCamera& camera) {
+  defaults.setObject(propertyListFromCameraId(camera.cameraId.value()), keys.camera);
+  defaults.setObject(camera.modelString(), keys.model);
+}
+
+std::optional<AbstractCamera> defaultCamera(const CameraStore& store) {
+  const auto preset = store.loadDefaultCameraWhenSettingsNull();
+  return preset ? std::optional(AbstractCamera::fromRecord(*preset)) : std::nullopt;
+}
+
 }  // namespace
 
 std::optional<AbstractCamera> chosenCamera(const UserDefaults& defaults, const CameraStore& store,
@@ -39,8 +49,16 @@ std::optional<AbstractCamera> chosenCamera(const UserDefaults& defaults, const C
   if (const auto cameraId = storedCamera(defaults, keys)) {
     return AbstractCamera::cameraWithId(*cameraId, store);
   }
-  const auto preset = store.loadDefaultCameraWhenSettingsNull();
-  return preset ? std::optional(AbstractCamera::fromRecord(*preset)) : std::nullopt;
+  return defaultCamera(store);
+}
+
+void chooseFirstCamera(UserDefaults& defaults, const CameraStore& store) {
+  if (!AbstractCamera::currentCameraModel(defaults).empty()) return;
+  const auto camera = defaultCamera(store);
+  if (!camera) return;
+  storeChoice(defaults, kCurrentCameraKeys, *camera);
+  storeChoice(defaults, kSecondCameraKeys, *camera);
+  defaults.synchronize();
 }
 
 CameraChooser::CameraChooser(UserDefaults& defaults, CameraStore& store, CameraKeys keys,
@@ -48,14 +66,9 @@ CameraChooser::CameraChooser(UserDefaults& defaults, CameraStore& store, CameraK
     : defaults_(defaults), store_(store), keys_(keys), delegate_(delegate) {}
 
 void CameraChooser::selectCamera(const AbstractCamera& camera) {
-  store(camera);
+  storeChoice(defaults_, keys_, camera);
   remember(camera);
   defaults_.synchronize();
-}
-
-void CameraChooser::store(const AbstractCamera& camera) {
-  defaults_.setObject(propertyListFromCameraId(camera.cameraId.value()), keys_.camera);
-  defaults_.setObject(camera.modelString(), keys_.model);
 }
 
 void CameraChooser::remember(const AbstractCamera& camera) {
@@ -91,7 +104,7 @@ bool CameraChooser::saveCustomCamera(const CustomCameraRecord& camera, std::stri
 }
 
 void CameraChooser::follow(const std::string& oldModel, const std::string& newModel) {
-  for (const CameraKeys& keys : {kCurrentCameraKeys, kSecondCameraKeys, keys_}) {
+  for (const CameraKeys& keys : {kCurrentCameraKeys, kSecondCameraKeys, kDroneCameraKeys}) {
     if (storedCamera(defaults_, keys) != CameraId(oldModel)) continue;
     defaults_.setObject(newModel, keys.camera);
     defaults_.setObject(newModel, keys.model);
@@ -109,13 +122,9 @@ bool CameraChooser::deleteCustomCamera(const CustomCameraRecord& camera, std::st
 }
 
 void CameraChooser::selectFirstCamera() {
-  std::optional<AbstractCamera> next;
   const auto cameras = store_.loadCustomCameras();
-  if (!cameras.empty()) {
-    next = AbstractCamera::fromRecord(cameras.front());
-  } else if (const auto preset = store_.loadDefaultCameraWhenSettingsNull()) {
-    next = AbstractCamera::fromRecord(*preset);
-  }
+  const auto next = cameras.empty() ? defaultCamera(store_)
+                                    : std::optional(AbstractCamera::fromRecord(cameras.front()));
   if (!next) return;
   selectCamera(*next);
   if (delegate_ != nullptr) delegate_->didSelectCamera(*next);

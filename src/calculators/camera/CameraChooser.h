@@ -20,16 +20,22 @@ struct CameraKeys {
   std::string_view model;
 };
 
-/// The camera of the calculators, and the second one of the equivalent lens.
+/// The camera of the calculators, the second one of the equivalent lens, and the drone's.
 inline constexpr CameraKeys kCurrentCameraKeys{settings::global_camera,
                                                settings::global_camera_model};
 inline constexpr CameraKeys kSecondCameraKeys{settings::equivalentFocalLength_Camera2,
                                               settings::equivalentFocalLength_Camera2Model};
 
+inline constexpr CameraKeys kDroneCameraKeys{settings::drone_camera, settings::drone_camera_model};
+
 /// The camera chosen under a pair of keys, or the catalogue's default while nothing is
 /// chosen.  Nullopt when the chosen one has gone.
 std::optional<AbstractCamera> chosenCamera(const UserDefaults& defaults, const CameraStore& store,
                                            const CameraKeys& keys);
+
+/// Chooses the catalogue's default for the calculators and the second camera of a user who
+/// has chosen none, and synchronises.  Does nothing when one is chosen, or none is there.
+void chooseFirstCamera(UserDefaults& defaults, const CameraStore& store);
 
 /// Told what becomes of a choice.
 class CameraChooserDelegate {
@@ -64,7 +70,6 @@ class CameraChooser {
   bool deleteCustomCamera(const CustomCameraRecord& camera, std::string* error = nullptr);
 
  private:
-  void store(const AbstractCamera& camera);
   void remember(const AbstractCamera& camera);
   void selectFirstCamera();
   void follow(const std::string& oldModel, const std::string& newModel);

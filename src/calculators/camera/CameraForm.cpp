@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "calculators/camera/Texts.h"
 
 namespace zenivo {
@@ -77,17 +75,12 @@ std::string CameraForm::cocText() const {
   return fmt::format("{} mm", camera_.coc ? numberWithExactly(3, *camera_.coc) : kNoValueText);
 }
 
-bool CameraForm::isNameTaken(const std::vector<CustomCameraRecord>& others) const {
-  return std::ranges::any_of(others, [this](const CustomCameraRecord& other) {
-    return other.model == camera_.model && other.uniqueIdentifier != camera_.uniqueIdentifier;
-  });
-}
-
-std::optional<CameraFormFault> CameraForm::validate(const std::vector<CustomCameraRecord>& others) {
+std::optional<CameraFormFault> CameraForm::validate(const CameraStore& store) {
   using enum CameraFormField;
   camera_.model = trimmed(camera_.model);
   if (camera_.model.empty()) return CameraFormFault{name, "camera_validate_no_name"};
-  if (isNameTaken(others)) return CameraFormFault{name, "camera_validate_duplicate"};
+  if (store.existsCameraWithModel(camera_))
+    return CameraFormFault{name, "camera_validate_duplicate"};
   if (isMissing(camera_.sensorSize.width)) {
     return CameraFormFault{sensorWidth, "camera_validate_no_sensor_width"};
   }

@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "calculators/camera/CameraStore.h"
 
@@ -57,13 +56,12 @@ class CameraForm {
   std::string cocText() const;
 
   /// The first fault in the order of the form; nullopt when the camera can be stored,
-  /// and an automatic circle of confusion has then been cleared.  `others` are the
-  /// user's cameras, this one among them or not.
-  std::optional<CameraFormFault> validate(const std::vector<CustomCameraRecord>& others);
+  /// and an automatic circle of confusion has then been cleared.  The name must be
+  /// that of no other camera in the store.
+  std::optional<CameraFormFault> validate(const CameraStore& store);
 
  private:
   bool hasSensor() const;
-  bool isNameTaken(const std::vector<CustomCameraRecord>& others) const;
   void deriveCoc();
 
   CustomCameraRecord camera_;

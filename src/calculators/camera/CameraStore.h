@@ -54,8 +54,11 @@ class CameraStore {
   /// The user's camera of that name.
   virtual std::optional<CustomCameraRecord> loadCameraWithModel(std::string_view model) const = 0;
 
+  /// Whether another camera of the user than this one bears its name.
+  virtual bool existsCameraWithModel(const CustomCameraRecord& camera) const = 0;
+
   /// Stores a new camera, or the new values of one that has an identifier.  False and
-  /// the reason when that failed.
+  /// the reason when that failed, as for one that has gone.
   virtual bool saveCustomCamera(const CustomCameraRecord& camera, std::string* error) = 0;
 
   /// Removes a camera; the same of failure.  One that has gone is no failure.

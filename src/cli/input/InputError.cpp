@@ -1,10 +1,18 @@
 #include "cli/input/InputError.h"
 
+#include <fmt/format.h>
 #include <unicode/uchar.h>
 
 #include "cli/input/Characters.h"
 
 namespace zenivo::cli {
+namespace {
+
+bool isPrintable(UChar32 c) {
+  return c >= 0 && u_isprint(c);
+}
+
+}  // namespace
 
 std::string inQuotes(std::string_view text) {
   constexpr int kLongest = 60;
@@ -17,13 +25,22 @@ std::string inQuotes(std::string_view text) {
     }
     const std::size_t start = next;
     const UChar32 c = nextCharacter(text, next);
-    if (c < 0 || !u_isprint(c)) {
+    if (!isPrintable(c)) {
       result += '?';
     } else {
       result += text.substr(start, next - start);
     }
   }
   return result + "\"";
+}
+
+void expectPrintable(std::string_view text, std::string_view what) {
+  for (std::size_t next = 0; next < text.size();) {
+    if (!isPrintable(nextCharacter(text, next))) {
+      throw InputError(fmt::format("{} cannot hold control characters or broken UTF-8: {}", what,
+                                   inQuotes(text)));
+    }
+  }
 }
 
 }  // namespace zenivo::cli

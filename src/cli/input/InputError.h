@@ -19,4 +19,8 @@ class InputError : public std::runtime_error {
 /// become "?", and a long text is cut, so that the message stays one short line.
 std::string inQuotes(std::string_view text);
 
+/// Throws InputError for a text that is to be kept but holds control characters or broken
+/// UTF-8; `what` it is begins the message.
+void expectPrintable(std::string_view text, std::string_view what);
+
 }  // namespace zenivo::cli

@@ -134,19 +134,17 @@ class Search {
   }
 
   [[noreturn]] void failAmbiguous() const {
-    constexpr std::size_t kListed = 8;
     std::map<std::string, int> uses;
     for (const Candidate& c : candidates_) ++uses[placeLabel(geoNames_, c.city)];
-    std::string list;
-    for (std::size_t i = 0; i < std::min(kListed, candidates_.size()); ++i) {
-      const City& city = candidates_[i].city;
+    std::vector<std::string> names;
+    for (const auto& [city, isCalledSo] : candidates_) {
       const std::string label = placeLabel(geoNames_, city);
-      list += fmt::format("{}\"{}\"", i == 0 ? "" : ", ", label);
-      if (uses[label] > 1) list += fmt::format(" at {},{}", city.latitude(), city.longitude());
+      names.push_back('"' + label + '"');
+      if (uses[label] > 1)
+        names.back() += fmt::format(" at {},{}", city.latitude(), city.longitude());
     }
-    if (candidates_.size() > kListed)
-      list += fmt::format(" and {} more", candidates_.size() - kListed);
-    throw InputError(fmt::format("{} is ambiguous: name one of {}", inQuotes(query_), list));
+    throw InputError(
+        fmt::format("{} is ambiguous: name one of {}", inQuotes(query_), listOf(names)));
   }
 
   [[noreturn]] void failUnknown() {

@@ -1,5 +1,7 @@
 #include "cli/input/Suggestions.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -36,6 +38,16 @@ std::string didYouMean(const std::vector<std::string>& suggestions) {
     text += '"' + suggestions[i] + '"';
   }
   return text.empty() ? text : text + "?";
+}
+
+std::string listOf(const std::vector<std::string>& entries) {
+  constexpr std::size_t kListed = 8;
+  std::string text;
+  for (std::size_t i = 0; i < std::min(kListed, entries.size()); ++i) {
+    text += (i == 0 ? "" : ", ") + entries[i];
+  }
+  return entries.size() > kListed ? text + fmt::format(" and {} more", entries.size() - kListed)
+                                  : text;
 }
 
 }  // namespace zenivo::cli

@@ -16,4 +16,7 @@ int editDistance(std::u32string_view a, std::u32string_view b, int limit);
 /// `; did you mean "x", "y" or "z"?`, or nothing for an empty list.
 std::string didYouMean(const std::vector<std::string>& suggestions);
 
+/// `a, b, c`, of more than eight `a, …, h and 3 more`.
+std::string listOf(const std::vector<std::string>& entries);
+
 }  // namespace zenivo::cli

@@ -8,6 +8,8 @@
 
 namespace zenivo::cli {
 
+std::unique_ptr<Command> makeCamerasCommand();
+std::unique_ptr<Command> makeCameraCommand();
 std::unique_ptr<Command> makePoisCommand();
 std::unique_ptr<Command> makeSettingsCommand();
 std::unique_ptr<Command> makeOpenCommand();

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 
+#include "cli/common/Stores.h"
 #include "cli/common/Words.h"
 #include "cli/input/CoordinateParser.h"
 #include "cli/input/GeoNames.h"
@@ -12,7 +13,6 @@
 #include "cli/input/InputError.h"
 #include "cli/input/PlaceFinder.h"
 #include "cli/library/Commands.h"
-#include "cli/library/Stores.h"
 #include "cli/output/Moments.h"
 #include "cli/output/Table.h"
 #include "data/stores/StaticEntities.h"

@@ -4,56 +4,35 @@
 
 #include <algorithm>
 
-#include "app/settings/RegisteredDefaults.h"
 #include "app/settings/SettingType.h"
 #include "app/settings/SettingsKeys.h"
+#include "cli/common/UserSettings.h"
 #include "cli/input/InputError.h"
 #include "cli/input/Suggestions.h"
 #include "cli/input/TextFolding.h"
 #include "cli/library/Commands.h"
 #include "cli/output/Moments.h"
 #include "cli/output/Table.h"
-#include "foundation/UserDefaults.h"
 
 namespace zenivo::cli {
 namespace {
 
-/// The settings with their first values.
-class Settings {
+/// The settings with their types.
+class Settings : public UserSettings {
  public:
-  Settings() {
-    std::string error;
-    const auto defaults = bundledDefaults(&error);
-    if (!defaults) throw std::runtime_error("the first values cannot be read: " + error);
-    first_ = *defaults;
-    store_.registerDefaults(first_);
-  }
-
-  std::optional<PropertyList> value(std::string_view key) const { return store_.objectForKey(key); }
-  std::optional<PropertyList> firstValue(std::string_view key) const {
-    const auto found = first_.find(key);
-    return found != first_.end() ? std::optional(found->second) : std::nullopt;
-  }
+  std::optional<PropertyList> value(std::string_view key) const { return copy().objectForKey(key); }
 
   /// Throws InputError for a key that there is not.
   SettingType type(std::string_view key) const;
 
-  /// Stores the value, or with none what it was at first.
+  /// The value, or with none what it was at first.
   void set(std::string_view key, std::optional<PropertyList> value) {
-    store_.setValue(std::move(value), key);
+    copy().setValue(std::move(value), key);
   }
-  void save() {
-    std::string error;
-    if (!store_.synchronize(&error)) throw std::runtime_error(error);
-  }
-
- private:
-  UserDefaults& store_ = zenivoUserDefaults();
-  PropertyList::Dictionary first_;
 };
 
 SettingType Settings::type(std::string_view key) const {
-  if (const auto type = settingType(key, first_)) return *type;
+  if (const auto type = settingType(key, firstValues())) return *type;
   constexpr int kMostEdits = 2;
   TextFolder folder;
   const std::u32string typed = folder.fold(key);

@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "cli/common/Stores.h"
 #include "cli/library/Commands.h"
-#include "cli/library/Stores.h"
 #include "cli/output/Moments.h"
 #include "cli/output/Table.h"
 #include "data/stores/Duplicates.h"

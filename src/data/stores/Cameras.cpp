@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <optional>
 
 #include "foundation/Log.h"
 
@@ -34,12 +33,6 @@ std::shared_ptr<Object> fetchFirst(ManagedObjectContext& context,
 }
 
 }  // namespace
-
-std::string modelString(const Camera& camera) {
-  const auto brand = camera.get(Camera::brand);
-  return fmt::format("{} {}", brand ? brand->getOr(CameraBrand::name, std::string()) : "",
-                     camera.getOr(Camera::model, std::string()));
-}
 
 std::shared_ptr<Camera> loadDefaultCameraWhenSettingsNull(ManagedObjectContext& context) {
   return fetchFirst<Camera>(context, std::nullopt);
@@ -76,13 +69,13 @@ std::shared_ptr<CustomCamera> loadCameraWithModel(std::string_view model,
   return fetchFirst<CustomCamera>(context, Predicate::predicateWithFormat("model = %@", model));
 }
 
-bool existsCameraWithModel(const CustomCamera& camera, ManagedObjectContext& context) {
+bool existsCameraWithModel(std::string_view model, const CustomCamera* candidate,
+                           ManagedObjectContext& context) {
   FetchRequest request;
-  request.predicate = Predicate::predicateWithFormat(
-      "model = %@", camera.getOr(CustomCamera::model, std::string()));
+  request.predicate = Predicate::predicateWithFormat("model = %@", model);
   const auto cameras = fetch<CustomCamera>(context, request, nullptr);
   return cameras &&
-         std::ranges::any_of(*cameras, [&](const auto& c) { return c.get() != &camera; });
+         std::ranges::any_of(*cameras, [&](const auto& c) { return c.get() != candidate; });
 }
 
 }  // namespace zenivo

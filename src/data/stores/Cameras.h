@@ -3,7 +3,7 @@
 #pragma once
 
 #include <memory>
-#include <string>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -12,9 +12,6 @@
 #include "store/ManagedObjectContext.h"
 
 namespace zenivo {
-
-/// Brand, a blank, model.
-std::string modelString(const Camera& camera);
 
 // Fetches of the static context.  What cannot be fetched is logged and counts as not
 // there, unless the caller wants the error.
@@ -35,7 +32,8 @@ std::optional<std::vector<std::shared_ptr<CustomCamera>>> loadCustomCameras(
     std::string_view text, ManagedObjectContext& context, Error* error = nullptr);
 std::shared_ptr<CustomCamera> loadCameraWithModel(std::string_view model,
                                                   ManagedObjectContext& context);
-/// Whether another camera bears the camera's name.
-bool existsCameraWithModel(const CustomCamera& camera, ManagedObjectContext& context);
+/// Whether another camera than the candidate bears the name; any, for nullptr.
+bool existsCameraWithModel(std::string_view model, const CustomCamera* candidate,
+                           ManagedObjectContext& context);
 
 }  // namespace zenivo

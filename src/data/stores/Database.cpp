@@ -116,6 +116,11 @@ ZVManagedObjectContexts Database::managedObjectContexts() {
   return ZVManagedObjectContexts::managedObjectContextsWithUser(user, staticManagedObjectContext());
 }
 
+bool Database::hasUserStore() const {
+  std::error_code ignored;
+  return std::filesystem::exists(locations_.groupStore, ignored);
+}
+
 bool Database::isMigrationNeeded() const {
   const auto metadata =
       PersistentStoreCoordinator::metadataForPersistentStore(locations_.groupStore);

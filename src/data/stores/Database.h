@@ -57,6 +57,9 @@ class Database {
   const std::optional<Error>& userStoreError() const { return user_.error; }
   const std::optional<Error>& staticStoreError() const { return static_.error; }
 
+  /// Whether there is a user store; asking for its context makes one.
+  bool hasUserStore() const;
+
   const std::filesystem::path& groupStoreURL() const { return locations_.groupStore; }
   std::filesystem::path groupApplicationDocumentDirectory() const {
     return locations_.groupStore.parent_path();

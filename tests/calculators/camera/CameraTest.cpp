@@ -116,10 +116,10 @@ TEST_F(Cameras, AChoiceFollowsAChangedName) {
 }
 
 TEST_F(Cameras, AFormTellsItsFaultsInOrder) {
-  const auto others = std::vector{stored("Taken")};
+  const CustomCameraRecord taken = stored("Taken");
   CameraForm form;
   const auto fault = [&] {
-    const auto found = form.validate(others);
+    const auto found = form.validate(cameras);
     return found ? std::string(found->messageKey) : "";
   };
   form.setName(" \t\r\n");
@@ -147,8 +147,8 @@ TEST_F(Cameras, AFormTellsItsFaultsInOrder) {
   form.setHasFixedFocalLength(false);
   EXPECT_FALSE(form.camera().focalLength);
 
-  CameraForm same(others.front());
-  EXPECT_FALSE(same.validate(others)) << "its own name is free";
+  CameraForm same(taken);
+  EXPECT_FALSE(same.validate(cameras)) << "its own name is free";
 }
 
 TEST_F(Cameras, AFormShowsWhatItDerives) {
@@ -160,7 +160,7 @@ TEST_F(Cameras, AFormShowsWhatItDerives) {
   EXPECT_EQ(form.cocText(), "0.019 mm");
   form.setName("Mine");
   form.setMegapixels(20);
-  EXPECT_FALSE(form.validate({}));
+  EXPECT_FALSE(form.validate(cameras));
   EXPECT_FALSE(form.camera().coc) << "cleared, so that it follows the sensor";
 }
 

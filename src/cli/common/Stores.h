@@ -3,31 +3,31 @@
 #pragma once
 
 #include <memory>
-#include <string>
+#include <optional>
+#include <stdexcept>
 
 #include "data/stores/Database.h"
 #include "store/StoreError.h"
 
 namespace zenivo::cli {
 
-/// The two stores of the program.  What cannot be opened or fetched is thrown as a
-/// std::runtime_error with the text for the user.
+/// The two stores of the program, opened when they are first asked for, by whatever way.
+/// What cannot be opened or fetched is thrown as a std::runtime_error with the text for the
+/// user.  One at a time.
 class Stores {
  public:
   Stores();
 
   Database& database() { return database_; }
 
-  ManagedObjectContext& catalogue();
+  ManagedObjectContext& catalogue() { return *database_.staticManagedObjectContext(); }
   /// The user's store, made where there is none.
-  ManagedObjectContext& own();
+  ManagedObjectContext& own() { return *database_.managedObjectContext(); }
   /// Whether the user has one already.  Nothing that only reads should make it.
-  bool hasOwn() const;
+  bool hasOwn() const { return database_.hasUserStore(); }
 
  private:
   struct Listener;
-
-  ManagedObjectContext& opened(const std::shared_ptr<ManagedObjectContext>& context);
 
   Database& database_;
   std::shared_ptr<Listener> listener_;
