@@ -108,6 +108,15 @@ TEST(RealPeak, UnderAFullMoon) {
   }
 }
 
+// Before 1858 November 17 moments are negative numbers.
+TEST(RealPeak, InTheYearOfTheGreatLeonids) {
+  const LocalZone zone("UTC");
+  const auto period = peakOf("LEO", placeAt(40.7, -74.0), 1833);
+  EXPECT_LT(period.realPeakMjd, 0.0);
+  EXPECT_GT(period.rateAtPeak, 5.0);
+  EXPECT_LT(std::abs(period.realPeakMjd - period.peakMjd), 1.5);
+}
+
 // Sharing skies and threads only saves time: to the last bit the results are those of
 // each shower alone.
 TEST(RealPeak, SharingChangesNothing) {
