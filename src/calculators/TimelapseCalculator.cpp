@@ -125,7 +125,8 @@ void TimelapseCalculator::calculateInverseData() {
 
 std::string TimelapseCalculator::textOf(TimelapseField field) const {
   const auto duration = [](double seconds) {
-    return CameraValuesFormatter::formatTimeDuration(seconds, true, true);
+    const std::string text = CameraValuesFormatter::formatTimeDuration(seconds, true, true);
+    return text.empty() ? CameraValuesFormatter::formatShutterSpeed(0) : text;
   };
   switch (field) {
     case TimelapseField::shootingInterval:

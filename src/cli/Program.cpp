@@ -50,7 +50,7 @@ int fail(int code, std::string message) {
   // Whatever was typed, the message stays one line and no control sequence.
   const auto isControl = [](unsigned char c) { return c < 0x20 || c == 0x7F; };
   std::ranges::replace_if(message, isControl, ' ');
-  fmt::print(stderr, "zenivo: {}\n", message);
+  std::fputs(fmt::format("zenivo: {}\n", message).c_str(), stderr);  // which may be lost
   return code;
 }
 
@@ -96,6 +96,9 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeMatchCommand());
   commands.push_back(makeStarsCommand());
   commands.push_back(makeTrailsCommand());
+  commands.push_back(makeExposureCommand());
+  commands.push_back(makeTimelapseCommand());
+  commands.push_back(makeTimerCommand());
   commands.push_back(makePoisCommand());
   commands.push_back(makeSettingsCommand());
   commands.push_back(makeOpenCommand());

@@ -98,6 +98,8 @@ TEST_F(TimelapseCalculators, WhatDoesNotExistIsSaidSo) {
     for (std::size_t row = 0; row < 3; ++row) EXPECT_EQ(text(row), "--");
     EXPECT_EQ(calculator.textOf(TimelapseField::shootingInterval), "--");
   }
+  calculator.setValue(TimelapseField::shootingInterval, 900);
+  EXPECT_EQ(text(0), "0s") << "two frames";
 }
 
 TEST_F(TimelapseCalculators, RowsOfTheTable) {

@@ -29,11 +29,13 @@ constexpr const char* kCommands[] = {"sky",
                                      "meteors"};
 
 /// Those that need no place.
-constexpr const char* kStoreCommands[] = {"pois", "settings", "open", "store"};
-constexpr const char* kCalculators[] = {"dof", "hyperfocal", "fov", "match", "stars", "trails"};
+constexpr const char* kStoreCommands[] = {"cameras", "camera", "pois", "settings", "open", "store"};
+constexpr const char* kCalculators[] = {"dof",    "hyperfocal", "fov",       "match", "stars",
+                                        "trails", "exposure",   "timelapse", "timer"};
 
 /// Commands of commands.
-constexpr const char* kSubcommands[] = {"dof table", "fov distance"};
+constexpr const char* kSubcommands[] = {"dof table", "fov distance", "exposure values",
+                                        "timelapse intervals"};
 
 TEST(Program, BadInputIsOneLineAndExitCode2) {
   const std::pair<const char*, const char*> cases[] = {
@@ -123,6 +125,8 @@ TEST(Program, LostOutputIsAFailure) {
       {"(sleep 0.2; zenivo day --at Paris) | true; exit ${PIPESTATUS[0]}", "Broken pipe"},
       {"zenivo --help >/dev/full", "No space left on device"},
   };
+  const char* nobodyReads = "(sleep 0.2; zenivo day --at Paris 2>&1) | true; exit ${PIPESTATUS[0]}";
+  EXPECT_EQ(shell(nobodyReads).exitCode, 1);
   for (const auto& [line, reason] : cases) {
     const Outcome outcome = shell(line);
     EXPECT_EQ(outcome.exitCode, 1) << line;
@@ -243,6 +247,8 @@ std::vector<Transcript> transcriptsIn(const std::string& document) {
 
 TEST(Documentation, CommandsInTheReadmeRun) {
   const auto transcripts = transcriptsIn(sourceFile("README.md"));
+  const TemporaryFolder home;  // they may save things, and stand in the order of their effects
+  const std::string variable = "export ZENIVO_HOME='" + home.path().string() + "'; ";
   int shown = 0;
   bool namesCheck = false;
   for (const Transcript& transcript : transcripts) {
@@ -253,7 +259,7 @@ TEST(Documentation, CommandsInTheReadmeRun) {
       continue;
     }
     ASSERT_TRUE(transcript.command.starts_with("./zenivo ")) << transcript.command;
-    const Outcome outcome = shell(transcript.command.substr(2));
+    const Outcome outcome = shell(variable + transcript.command.substr(2));
     EXPECT_EQ(outcome.exitCode, 0) << transcript.command << ": " << outcome.error;
     if (transcript.output.empty()) continue;
     EXPECT_EQ(outcome.output, transcript.output) << transcript.command;

@@ -1,5 +1,7 @@
 #include "calculators/camera/CameraValuesParser.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
@@ -96,34 +98,40 @@ std::optional<double> scanClock(TextScanner& scanner) {
   return total;
 }
 
-/// The stops of a filter by the factor or density in its name.
-std::optional<float> stopsOfFilterName(double number) {
-  for (const CameraFilter& filter : CameraFilter::standardFilters()) {
-    if (!filter.description) continue;
-    TextScanner name(*filter.description);
-    name.scan("ND");
-    do {
-      if (name.number() == number) return filter.fStopReduction;
-    } while (name.scan("/"));
-  }
-  return std::nullopt;
-}
-
-std::optional<FilterValue> filterNamed(TextScanner& scanner) {
-  const auto number = scanner.number();
-  if (!number) return std::nullopt;
-  if (scanner.scan("/") && !scanner.number()) return std::nullopt;
-  const auto stops = stopsOfFilterName(*number);
-  if (!stops || !scanner.atEnd()) return std::nullopt;
-  return FilterValue{*stops, 0};
-}
-
 FilterValue filterOfStops(double stops) {
   constexpr double kLadderTolerance = 0.0005;
   const float nearest =
       CameraFilter::findNearestCameraFilter(static_cast<float>(stops)).fStopReduction;
   if (std::abs(nearest - stops) < kLadderTolerance) return {nearest, 0};
   return {static_cast<float>(std::trunc(stops)), static_cast<float>(stops - std::trunc(stops))};
+}
+
+/// The stops of a filter by the number in its name.  With a decimal point that is the
+/// optical density, 0.3 a stop.  Else it is the factor by which it lengthens an exposure,
+/// which makers round: ND1000 has ten stops.
+std::optional<double> stopsOfFilterName(double number, bool isDensity) {
+  constexpr double kDensityOfStop = 0.3;
+  constexpr double kStep = 1.0 / 3;
+  constexpr double kMakersRounding = 0.07;  // stops
+  for (const CameraFilter& filter : CameraFilter::standardFilters()) {
+    if (filter.description == fmt::format("ND{}", number)) return filter.fStopReduction;
+  }
+  const double stops = isDensity ? number / kDensityOfStop : std::log2(number);
+  const double nearest = std::round(stops / kStep) * kStep;
+  const bool isFilter = nearest > 0 && std::abs(stops - nearest) < kMakersRounding;
+  return isFilter ? std::optional(nearest) : std::nullopt;
+}
+
+std::optional<FilterValue> filterNamed(std::string_view text) {
+  TextScanner scanner(text);
+  scanner.scan("ND");
+  const auto number = scanner.number();
+  if (!number) return std::nullopt;
+  if (scanner.scan("/") && !scanner.number()) return std::nullopt;
+  const bool isDensity = text.substr(0, text.find('/')).find('.') != std::string_view::npos;
+  const auto stops = stopsOfFilterName(*number, isDensity);
+  if (!stops || !scanner.atEnd()) return std::nullopt;
+  return filterOfStops(*stops);
 }
 
 }  // namespace
@@ -208,7 +216,7 @@ std::optional<FilterValue> CameraValuesParser::parseFilter(std::string_view text
   TextScanner scanner(text);
   if (scanner.scan(kNoValueText))
     return scanner.atEnd() ? std::optional<FilterValue>({0, 0}) : std::nullopt;
-  if (scanner.scan("ND")) return filterNamed(scanner);
+  if (scanner.scan("ND")) return filterNamed(text);
   auto stops = scanner.mixedNumber();
   // A fraction that is no simple one is shown as a decimal: "8 0.92 stops".
   if (const auto part = scanner.number(); stops && part && *part < 1) *stops += *part;

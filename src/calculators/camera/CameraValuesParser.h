@@ -44,8 +44,8 @@ struct CameraValuesParser {
   /// From "1.4x" or "2"; "--" is 1.  Above 0.
   static std::optional<float> parseTeleconverter(std::string_view text);
 
-  /// From "6 stops", "9 1/3", "9 ⅓ stops" or a name it is sold under ("ND64", "1.8" only
-  /// with ND: "ND1.8"); "--" is none.
+  /// From "6 stops", "9 1/3", "9 ⅓ stops" or a name it is sold under, the factor or, with a
+  /// decimal point, the density behind ND ("ND64", "ND1000", "ND1.8"); "--" is none.
   static std::optional<FilterValue> parseFilter(std::string_view text);
 
   /// Stops, with an optional sign, from "+12.34", "-6" or "+12 ⅓".

@@ -44,7 +44,11 @@ void ExposureTimer::restore() {
   if (defaults_.boolForKey(settings::timer_is_running)) {
     state_ = TimerState::running;
     appMovedToForeground();
-    if (isTimerRunning()) ticks_.start([this] { updateTimer(); });
+    if (!isTimerRunning()) return;
+    ticks_.start([this] { updateTimer(); });
+    // What was scheduled may have gone with the process that did.
+    notifications_.removePendingNotifications();
+    notifyOfEnd();
     return;
   }
   const std::int64_t left = defaults_.integerForKey(settings::timer_seconds_left);
@@ -173,8 +177,8 @@ void ExposureTimer::changed() {
   if (delegate_ != nullptr) delegate_->timerDidChange();
 }
 
-std::string ExposureTimer::label() const {
-  const TimerPicker left = pickerFor(std::max<std::int64_t>(secondsLeft_, 0));
+std::string ExposureTimer::labelOf(std::int64_t seconds) {
+  const TimerPicker left = pickerFor(std::max<std::int64_t>(seconds, 0));
   if (left.hours == 0) return fmt::format("{:02}:{:02}", left.minutes, left.seconds);
   return fmt::format("{:02}:{:02}:{:02}", left.hours, left.minutes, left.seconds);
 }

@@ -63,7 +63,8 @@ class ExposureTimer {
  public:
   using Clock = std::function<Date()>;
 
-  /// Takes up what the settings hold: a countdown that still runs, or a paused one.
+  /// Takes up what the settings hold: a countdown that still runs, whose notification is
+  /// scheduled anew, or a paused one.
   ExposureTimer(UserDefaults& defaults, TickSource& ticks, NotificationService& notifications,
                 ExposureTimerDelegate* delegate = nullptr, Clock clock = Date::now);
   ExposureTimer(const ExposureTimer&) = delete;
@@ -106,7 +107,8 @@ class ExposureTimer {
   const std::optional<Timelapse>& timelapseModel() const { return timelapse_; }
 
   /// The time left: "05:00", from an hour on "01:05:00".
-  std::string label() const;
+  std::string label() const { return labelOf(secondsLeft_); }
+  static std::string labelOf(std::int64_t seconds);
   TimerAppearance appearance() const;
 
  private:

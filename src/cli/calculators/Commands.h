@@ -1,4 +1,4 @@
-// The commands that calculate for lens and camera.
+// The photographer's calculators and the exposure timer.
 
 #pragma once
 
@@ -14,5 +14,8 @@ std::unique_ptr<Command> makeFovCommand();
 std::unique_ptr<Command> makeMatchCommand();
 std::unique_ptr<Command> makeStarsCommand();
 std::unique_ptr<Command> makeTrailsCommand();
+std::unique_ptr<Command> makeExposureCommand();
+std::unique_ptr<Command> makeTimelapseCommand();
+std::unique_ptr<Command> makeTimerCommand();
 
 }  // namespace zenivo::cli

@@ -21,8 +21,9 @@ class SolveOption {
   explicit SolveOption(std::map<std::string, Variable> variables)
       : variables_(std::move(variables)) {}
 
-  void addTo(CLI::App& command) {
-    command.add_option("--solve", name_, "The input that follows from the result given")
+  CLI::Option* addTo(CLI::App& command, const std::string& description =
+                                            "The input that follows from the result given") {
+    return command.add_option("--solve", name_, description)
         ->type_name("INPUT")
         ->check(CLI::IsMember(variables_));
   }

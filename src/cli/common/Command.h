@@ -13,11 +13,13 @@
 
 namespace zenivo::cli {
 
-/// Thrown by a command that the user stopped, with what it had found until then.
+/// Thrown by a command that the user stopped, with what it had found until then and a line
+/// about what that means.
 class Interrupted : public std::runtime_error {
  public:
-  explicit Interrupted(std::string answer)
-      : std::runtime_error("interrupted; the answer is not complete"), answer_(std::move(answer)) {}
+  explicit Interrupted(std::string answer,
+                       const std::string& message = "interrupted; the answer is not complete")
+      : std::runtime_error(message), answer_(std::move(answer)) {}
 
   const std::string& answer() const { return answer_; }
 

@@ -26,7 +26,7 @@ bool isMoon(const FindRequest& request) {
 
 Json resultJson(const ZVFindResultBodyAtAzimuth& result, const FindRequest& request,
                 const TimeZone& zone) {
-  Json json{{"time", momentJson(modifiedJulianDay(result.date), zone)},
+  Json json{{"time", momentJson(result.date, zone)},
             {"azimuth", result.azimuth},
             {"elevation", result.elevation},
             {"positive", isPositive(result, request.body)}};

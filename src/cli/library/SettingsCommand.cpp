@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "app/settings/SettingChoice.h"
 #include "app/settings/SettingType.h"
 #include "app/settings/SettingsKeys.h"
 #include "cli/common/UserSettings.h"
@@ -187,7 +188,14 @@ std::string SettingsCommand::after(const Settings& settings, std::string_view ke
 std::string SettingsCommand::set(Settings& settings) const {
   std::string error;
   const auto value = settingFromText(settings.type(key_), value_, &error);
-  if (!value) throw InputError(fmt::format("{} cannot be {}: {}", key_, inQuotes(value_), error));
+  const std::string choices = settingChoicesText(key_);
+  if (!choices.empty() && !(value && isSettingChoice(key_, value->integer().value_or(-1)))) {
+    error = "write " + choices;
+  }
+  if (!error.empty()) {
+    throw InputError(fmt::format("{} cannot be {}: {}", key_, inQuotes(value_), error));
+  }
+  expectPrintable(value_, "a setting");
   settings.set(key_, value);
   settings.save();
   return after(settings, key_);

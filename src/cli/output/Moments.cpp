@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "engine/DateEphemeris.h"
 #include "engine/Mjd.h"
 #include "foundation/DateFormatter.h"
 
@@ -43,6 +44,10 @@ Json momentJson(double mjd, const TimeZone& zone) {
   Json time = nullptr;
   if (drawEventAtMjd(mjd)) time = iso8601String(dateOfMjd(mjd), zone);
   return {{"mjd", mjd}, {"time", std::move(time)}};
+}
+
+Json momentJson(Date date, const TimeZone& zone) {
+  return momentJson(modifiedJulianDay(date), zone);
 }
 
 std::string isoDate(const DateComponents& day) {

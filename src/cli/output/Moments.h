@@ -19,6 +19,8 @@ Date dateOfMjd(double mjd);
 /// The object {"mjd": number, "time": text}: ISO 8601 in that zone with seconds and offset.
 /// For a sentinel `mjd` holds it and `time` is null.
 Json momentJson(double mjd, const TimeZone& zone);
+/// The same of a date, without its fraction of a second.
+Json momentJson(Date date, const TimeZone& zone);
 
 /// "2026-06-21"
 std::string isoDate(const DateComponents& day);

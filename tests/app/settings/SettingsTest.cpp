@@ -6,6 +6,7 @@
 #include <set>
 
 #include "app/settings/RegisteredDefaults.h"
+#include "app/settings/SettingChoice.h"
 #include "app/settings/SettingType.h"
 #include "app/settings/SettingsKeys.h"
 #include "app/settings/SettingsMigration.h"
@@ -61,6 +62,22 @@ TEST(Settings, FirstValuesAreUsable) {
     EXPECT_GE(defaults.floatForKey(key), 0.007F) << key << " is in metres";
     EXPECT_LE(defaults.floatForKey(key), 1.0F) << key << " is in metres";
   }
+}
+
+TEST(Settings, FirstValuesAreAmongTheChoices) {
+  const PropertyList::Dictionary defaults = firstValues();
+  int choices = 0;
+  for (const std::string_view key : settings::kAllKeys) {
+    if (settingChoicesText(key).empty()) continue;
+    ++choices;
+    const auto first = defaults.find(key);
+    ASSERT_NE(first, defaults.end()) << key;
+    EXPECT_TRUE(isSettingChoice(key, first->second.integer().value_or(-1))) << key;
+    EXPECT_FALSE(isSettingChoice(key, -1)) << key;
+    EXPECT_FALSE(isSettingChoice(key, 29)) << key;
+  }
+  EXPECT_GT(choices, 15);
+  EXPECT_TRUE(isSettingChoice(settings::dof_selectedPage, 29)) << "no choice";
 }
 
 TEST(Settings, FirstValuesAreReadButNotStored) {

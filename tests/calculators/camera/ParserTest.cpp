@@ -91,14 +91,23 @@ TEST(Parser, ReadsFiltersByStopsAndByName) {
                {"nd1.8", 6, 0},
                {"ND1024/3.0", 10, 0},
                {"ND400", 8.666667F, 0},
-               {"ND110", 10, 0}};
+               {"ND110", 10, 0},
+               // As makers name them: 1000, 100,000 and 1,000,000 times the time, and densities.
+               {"ND1000", 10, 0},
+               {"ND100000", 16, 2.0F / 3},
+               {"ND1000000", 20, 0},
+               {"ND2", 1, 0},
+               {"ND3.0", 10, 0},
+               {"ND 3.8", 12, 2.0F / 3}};
   for (const auto& [text, stops, fraction] : cases) {
     const auto value = Parse::parseFilter(text);
     ASSERT_TRUE(value) << text;
     EXPECT_FLOAT_EQ(value->stops, stops) << text;
     EXPECT_NEAR(value->fraction, fraction, 1e-6) << text;
   }
-  EXPECT_FALSE(Parse::parseFilter("ND7"));
+  for (const char* text : {"ND7", "ND3", "ND0", "ND1", "ND0.0", "ND", "ND64/", "ND64x"}) {
+    EXPECT_FALSE(Parse::parseFilter(text)) << text;
+  }
 }
 
 TEST(Parser, RefusesWhatIsNoValue) {

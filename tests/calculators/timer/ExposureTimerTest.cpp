@@ -159,8 +159,10 @@ TEST_F(Timer, AKilledProcessLosesNothing) {
   timer->doStartTimer();
   tick(10);
   pass(20);
+  notifications.pending.reset();
   make();
   EXPECT_TRUE(timer->isTimerRunning());
+  EXPECT_EQ(notifications.pending, 570) << "the old one may have gone with the process";
   EXPECT_EQ(timer->secondsLeft(), 570);
   EXPECT_EQ(timer->seconds(), 600);
   tick(1);
