@@ -12,6 +12,7 @@
 #include "foundation/Failure.h"
 #include "foundation/FileLock.h"
 #include "foundation/Log.h"
+#include "foundation/ShortestDecimal.h"
 #include "foundation/UserFolder.h"
 
 namespace zenivo {
@@ -123,7 +124,7 @@ void UserDefaults::setInteger(std::int64_t value, std::string_view key) {
   record(value, key);
 }
 void UserDefaults::setFloat(float value, std::string_view key) {
-  record(value, key);
+  record(shortestDecimal(value), key);
 }
 void UserDefaults::setDouble(double value, std::string_view key) {
   record(value, key);

@@ -41,7 +41,7 @@ class UserDefaults {
   std::optional<PropertyList> objectForKey(std::string_view key) const;
 
   void setInteger(std::int64_t value, std::string_view key);
-  void setFloat(float value, std::string_view key);
+  void setFloat(float value, std::string_view key);  ///< 0.05F is kept as 0.05, not its double
   void setDouble(double value, std::string_view key);
   void setBool(bool value, std::string_view key);
   void setObject(PropertyList value, std::string_view key);

@@ -39,10 +39,9 @@ FetchedObjects::FetchedObjects(ManagedObjects objects, ManagedObjects companions
     : size_(objects.size()), objects_(std::move(objects)), companions_(std::move(companions)) {}
 
 FetchedObjects::FetchedObjects(std::weak_ptr<ManagedObjectContext> context,
-                               const FetchRequest& request, const ObjectIDs& ids)
+                               const FetchRequest& request, ObjectIDs ids)
     : size_(ids.size()), batches_(std::make_shared<Batches>()) {
   batches_->request = request;
-  batches_->ids = ids;
   const std::shared_ptr<ManagedObjectContext> alive = context.lock();
   for (std::size_t i = 0; i < ids.size(); ++i) {
     if (!ids[i].isTemporaryID()) continue;
@@ -50,6 +49,7 @@ FetchedObjects::FetchedObjects(std::weak_ptr<ManagedObjectContext> context,
       batches_->unsaved[i] = std::move(object);
     }
   }
+  batches_->ids = std::move(ids);
   batches_->context = std::move(context);
 }
 

@@ -22,7 +22,7 @@ class FetchedObjects {
   FetchedObjects(ManagedObjects objects, ManagedObjects companions);
   /// Results in batches.  Unsaved ones are held as they are.
   FetchedObjects(std::weak_ptr<ManagedObjectContext> context, const FetchRequest& request,
-                 const ObjectIDs& ids);
+                 ObjectIDs ids);
 
   std::size_t size() const { return size_; }
   bool empty() const { return size_ == 0; }

@@ -163,6 +163,7 @@ class ObjectGraph {
   static std::vector<PropertyChange> rowChanges(const ManagedObject& object);
   void addRelationshipChanges(ManagedObject& object, SaveRequest& request);
   SaveNotification notification() const;
+  void addCascaded(SaveNotification& saved, const ObjectIDs& cascaded);
   void settle(SaveOutcome outcome);
   void settleObject(ManagedObject& object, const SaveOutcome& outcome);
   void renumber(const IDMap& permanentIDs);

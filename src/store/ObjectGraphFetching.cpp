@@ -60,7 +60,7 @@ const EntityDescription& ObjectGraph::entityNamed(std::string_view name) const {
 /// Whether unsaved changes may make the source's answer wrong.
 bool ObjectGraph::hasRelevantChanges(const FetchRequest& request,
                                      const EntityDescription& entity) const {
-  if (!request.includesPendingChanges) return false;
+  if (!request.includesPendingChanges || tracked_.empty()) return false;
   return dependsOnOtherChanges(request, entity) ||
          std::ranges::any_of(tracked_, [&](const ManagedObjectPtr& object) {
            return object->hasChanges() && isWanted(object->entity(), request, entity);

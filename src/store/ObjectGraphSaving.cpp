@@ -1,7 +1,5 @@
 // Saving, permanent identities, and rolling back.
 
-#include <algorithm>
-
 #include "foundation/NotificationCenter.h"
 #include "store/ManagedObjectContext.h"
 #include "store/ObjectGraph.h"
@@ -34,8 +32,10 @@ bool ObjectGraph::save(Error* error) {
   if (!validate(error)) return false;
   SaveOutcome outcome = ground_()->save(request());
   SaveNotification saved = notification();
+  const ObjectIDs cascaded = std::move(outcome.cascaded);
   settle(std::move(outcome));
   saved.insertedObjectIDs = identitiesOf(saved.insertedObjects);
+  addCascaded(saved, cascaded);
   const ManagedObjects deleted = saved.deletedObjects;
   defaultCenter().postNotificationName(kManagedObjectContextDidSaveNotification, &context_,
                                        std::move(saved));
@@ -73,6 +73,19 @@ SaveNotification ObjectGraph::notification() const {
   about.updatedObjectIDs = identitiesOf(about.updatedObjects);
   about.deletedObjectIDs = identitiesOf(about.deletedObjects);
   return about;
+}
+
+/// What the store deleted along, without this context's knowing.
+void ObjectGraph::addCascaded(SaveNotification& saved, const ObjectIDs& cascaded) {
+  for (const ObjectID& id : cascaded) {
+    const ManagedObjectPtr object = objectFor(id);
+    if (object->state_ != State::gone) vanish(*object);
+    registry_.erase(id);
+    std::erase(saved.updatedObjects, object);
+    std::erase(saved.updatedObjectIDs, id);
+    saved.deletedObjects.push_back(object);
+    saved.deletedObjectIDs.push_back(id);
+  }
 }
 
 std::vector<PropertyChange> ObjectGraph::rowChanges(const ManagedObject& object) {
@@ -194,11 +207,11 @@ void ObjectGraph::renumberReferences(ManagedObject& object, const IDMap& permane
 }
 
 void ObjectGraph::obtainPermanentIDs(const ManagedObjects& objects) {
-  ObjectIDs temporary;
+  ObjectIDSet wanted;
   for (const ManagedObjectPtr& object : objects) {
-    const bool isNew = std::ranges::find(temporary, object->id_) == temporary.end();
-    if (object->id_.isTemporaryID() && isNew) temporary.push_back(object->id_);
+    if (object->id_.isTemporaryID()) wanted.insert(object->id_);
   }
+  const ObjectIDs& temporary = wanted.ids();
   if (temporary.empty()) return;
   const ObjectIDs permanent = ground_()->obtainPermanentIDs(temporary);
   IDMap permanentIDs;

@@ -92,6 +92,7 @@ struct SaveOutcome {
   std::unordered_map<ObjectID, std::int64_t> versions;  ///< of the rows written
   std::vector<Row> merged;                              ///< rows in which conflicts were settled
   ObjectIDs vanished;                                   ///< updated here, deleted by others
+  ObjectIDs cascaded;  ///< deleted by the rules of deleted rows, which the request did not tell
 };
 
 /// Reads and writes objects for a context.  Safe to use from any thread; failures

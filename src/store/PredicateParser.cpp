@@ -44,7 +44,15 @@ class Parser {
 
   /// The next word, or run of operator characters, or single character.
   std::string_view peek() {
-    skipBlanks();
+    if (at_ != peekedAt_) {
+      skipBlanks();
+      peeked_ = scan();
+      peekedAt_ = at_;
+    }
+    return peeked_;
+  }
+
+  std::string_view scan() const {
     if (at_ == text_.size()) return {};
     static constexpr std::string_view kOperator = "=!<>&|";
     std::size_t end = at_;
@@ -238,6 +246,8 @@ class Parser {
   const std::string_view text_;
   const std::vector<PredicateArgument>& arguments_;
   std::size_t at_ = 0;
+  std::size_t peekedAt_ = std::string_view::npos;
+  std::string_view peeked_;
   std::size_t used_ = 0;
   int depth_ = 0;
 };

@@ -84,20 +84,29 @@ void BoundValues::answer(sqlite3_context* context, std::size_t index) const {
 SqlQuery::SqlQuery(const FetchRequest& request, const EntityDescription& entity,
                    const RowPlan& plan, QueryResult result, const std::string& store)
     : store_(store) {
+  const std::string table = " FROM " + sqlName(tableName(entity)) + " t0";
   Scope scope;
   std::string where = plan.condition;
   if (request.predicate) {
     const BoundPredicate bound(request.predicate->root(), entity);
     where += (where.empty() ? "" : " AND ") + condition(scope, bound);
   }
+  if (!scope.from.empty()) {
+    // By itself the condition may begin at the other end of a path, where the order
+    // of the results would hold it to this one.
+    where = "t0._id IN (SELECT t0._id" + table + scope.from + " WHERE " + where + ")";
+    scope = {};
+  }
   const std::string order =
       result == QueryResult::count ? std::string() : ordering(scope, request, entity);
+  constexpr std::size_t kEnough = 200;
+  sql_.reserve(plan.columns.size() + scope.from.size() + where.size() + order.size() + kEnough);
   sql_ = "SELECT t0._id";
-  if (result != QueryResult::count) sql_ += ", t0._entity";
-  if (result == QueryResult::rows) sql_ += ", t0._version" + plan.columns;
-  sql_ += " FROM " + sqlName(tableName(entity)) + " t0" + scope.from;
-  if (!where.empty()) sql_ += " WHERE " + where;
-  sql_ += order;
+  if (result != QueryResult::count) sql_.append(", ").append(plan.entityNumber);
+  if (result == QueryResult::rows) sql_.append(", t0._version").append(plan.columns);
+  sql_.append(table).append(scope.from);
+  if (!where.empty()) sql_.append(" WHERE ").append(where);
+  sql_.append(order);
   if (request.fetchLimit != 0 || request.fetchOffset != 0) {
     const auto limit = static_cast<std::int64_t>(request.fetchLimit);
     sql_ += " LIMIT " + parameter(limit != 0 ? limit : -1);

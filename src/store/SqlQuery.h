@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include <deque>
+#include <list>
 #include <map>
 #include <optional>
 #include <string>
@@ -38,7 +38,8 @@ class BoundValues : public sqlite::ValueList {
 /// A request as one SELECT.
 class SqlQuery {
  public:
-  /// `store` is the identifier of the store; identities of other stores match nothing.
+  /// `store` is the identifier of the store, which outlives the query; identities of
+  /// other stores match nothing.
   /// Throws std::invalid_argument for what the entity does not have.
   SqlQuery(const FetchRequest& request, const EntityDescription& entity, const RowPlan& plan,
            QueryResult result, const std::string& store);
@@ -75,10 +76,10 @@ class SqlQuery {
   std::string isIn(const std::string& expression, const std::vector<Value>& list);
   std::string ordering(Scope& scope, const FetchRequest& request, const EntityDescription& entity);
 
-  const std::string store_;
+  const std::string& store_;
   std::string sql_;
   std::vector<Parameter> parameters_;
-  std::deque<BoundValues> lists_;
+  std::list<BoundValues> lists_;
   int aliases_ = 1;  // t0 is the fetched table
 };
 

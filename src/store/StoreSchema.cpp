@@ -207,6 +207,8 @@ RowPlan::RowPlan(const EntityDescription& entity, bool includesSubentities,
   const bool isWholeTable =
       &entity == &entity.rootEntity() && (includesSubentities || entity.subentities().empty());
   if (!isWholeTable) condition = "t0._entity IN (" + wanted + ")";
+  // An index that gives the order of the results may then give all of an identity.
+  entityNumber = fields.size() > 1 ? "t0._entity" : wanted;
 }
 
 Value readAttribute(const sqlite::Statement& row, int column, AttributeType type) {

@@ -70,8 +70,9 @@ struct RowPlan {
     int entityColumn;  ///< of a relationship that has one, else -1
   };
 
-  std::string columns;    ///< ", t0.…, t0.…"
-  std::string condition;  ///< on _entity; empty when every row of the table will do
+  std::string entityNumber;  ///< of a row; a column only where there is a choice
+  std::string columns;       ///< ", t0.…, t0.…"
+  std::string condition;     ///< on _entity; empty when every row of the table will do
   std::map<const EntityDescription*, std::vector<Field>> fields;
 };
 

@@ -15,12 +15,20 @@ std::string destinationsSql(const RelationshipDescription& relationship, bool si
   std::string member;
   std::string entity = "NULL";
   std::string order;
-  if (relationship.storage == RelationshipStorage::inverseColumn) {
+  if (relationship.storage == RelationshipStorage::column) {
+    table = sqlName(tableName(*relationship.entity));
+    key = "t._id";
+    member = "t." + sqlName(columnName(relationship));
+    if (isPolymorphic(*relationship.destinationEntity)) {
+      entity = "t." + sqlName(entityColumnName(relationship));
+    }
+  } else if (relationship.storage == RelationshipStorage::inverseColumn) {
     const RelationshipDescription& column = *relationship.inverseRelationship;
     table = sqlName(tableName(*relationship.destinationEntity));
     key = "t." + sqlName(columnName(column));
     member = "t._id";
-    entity = "t._entity";
+    // An index that leads to the members knows everything about them but their entity.
+    if (isPolymorphic(*relationship.destinationEntity)) entity = "t._entity";
     if (relationship.isOrdered()) order = "t." + sqlName(orderColumnName(column)) + ", ";
   } else {
     const JoinTable pairs(relationship);
@@ -90,16 +98,18 @@ Value StoreTables::readRelationship(const sqlite::Statement& statement,
   return makeID(*entity, key);
 }
 
-Row StoreTables::readRow(const sqlite::Statement& statement, const RowPlan& plan,
+Row StoreTables::readRow(const sqlite::Statement& statement, const Fields& fields,
                          ObjectID id) const {
   Row row{.id = id, .version = statement.integer(2), .values = {}};
-  row.values.resize(id.entity().properties().size());
-  for (const RowPlan::Field& field : plan.fields.at(&id.entity())) {
+  std::vector<Value>& values = row.values;
+  values.reserve(id.entity().properties().size());
+  for (const RowPlan::Field& field : fields) {
+    values.resize(field.property->index);  // what the row does not hold stays empty
     const auto* attribute = asAttribute(field.property);
-    row.values[field.property->index] =
-        attribute != nullptr ? readAttribute(statement, field.column, attribute->type)
-                             : readRelationship(statement, field);
+    values.push_back(attribute != nullptr ? readAttribute(statement, field.column, attribute->type)
+                                          : readRelationship(statement, field));
   }
+  values.resize(id.entity().properties().size());
   return row;
 }
 
@@ -115,10 +125,12 @@ void StoreTables::fetch(sqlite::Connection& connection, const FetchRequest& requ
   while (statement->step()) {
     const EntityDescription* found = numbers_.entityOf(statement->integer(1));
     const std::int64_t key = statement->integer(0);
-    if (key <= 0 || !rowPlan.fields.contains(found)) continue;  // no row of this program's
+    const auto fields = rowPlan.fields.find(found);
+    if (key <= 0 || fields == rowPlan.fields.end()) continue;  // no row of this program's
     const ObjectID id = makeID(*found, key);
     const bool wanted = receiver.found(id);
-    if (wanted && request.includesPropertyValues) receiver.take(readRow(*statement, rowPlan, id));
+    if (!wanted || !request.includesPropertyValues) continue;
+    receiver.take(readRow(*statement, fields->second, id));
   }
 }
 
@@ -145,6 +157,7 @@ void StoreTables::rows(sqlite::Connection& connection, const ObjectIDs& ids,
 void StoreTables::rowsOfEntity(sqlite::Connection& connection, const EntityDescription& entity,
                                const std::vector<Value>& keys, RowReceiver& receiver) const {
   const RowPlan& rowPlan = plan(entity, false);
+  const Fields& fields = rowPlan.fields.at(&entity);
   const std::string columns = "SELECT t0._id, t0._entity, t0._version" + rowPlan.columns + " FROM ";
   const std::string table = sqlName(tableName(entity)) + " t0";
   const BoundValues list(keys);
@@ -161,7 +174,7 @@ void StoreTables::rowsOfEntity(sqlite::Connection& connection, const EntityDescr
     const std::int64_t key = statement->integer(0);
     if (key <= 0 || numbers_.entityOf(statement->integer(1)) != &entity) continue;
     const ObjectID id = makeID(entity, key);
-    if (receiver.found(id)) receiver.take(readRow(*statement, rowPlan, id));
+    if (receiver.found(id)) receiver.take(readRow(*statement, fields, id));
   }
 }
 

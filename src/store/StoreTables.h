@@ -50,7 +50,9 @@ class StoreTables {
     std::string insertSql;
   };
 
-  Row readRow(const sqlite::Statement& statement, const RowPlan& plan, ObjectID id) const;
+  using Fields = std::vector<RowPlan::Field>;
+
+  Row readRow(const sqlite::Statement& statement, const Fields& fields, ObjectID id) const;
   Value readRelationship(const sqlite::Statement& statement, const RowPlan::Field& field) const;
   void rowsOfEntity(sqlite::Connection& connection, const EntityDescription& entity,
                     const std::vector<Value>& keys, RowReceiver& receiver) const;

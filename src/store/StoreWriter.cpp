@@ -21,14 +21,6 @@ const RelationshipDescription* polymorphicColumn(const PropertyDescription& prop
   return has ? relationship : nullptr;
 }
 
-/// Keeps the rows that it is given.
-class RowCollector : public RowReceiver {
- public:
-  bool found(const ObjectID&) override { return true; }
-  void take(Row&& row) override { rows.push_back(std::move(row)); }
-  std::vector<Row> rows;
-};
-
 }  // namespace
 
 std::int64_t reserveKeys(sqlite::Connection& connection, std::size_t count) {
@@ -56,11 +48,9 @@ SaveOutcome StoreWriter::write() {
   for (const MemberChange& change : request_.members) writeMembers(change);
   for (const OrderChange& change : request_.orders) writeOrder(change);
   // Last, since deleting a row reaches those that still refer to it.
+  for (const DeletedRow& row : request_.deleted) deleted_.insert(row.id);
   for (const DeletedRow& row : request_.deleted) deleteRow(row);
   commit();
-  RowCollector collector;
-  tables_.rows(connection_, settled_, collector);
-  outcome_.merged = std::move(collector.rows);
   return std::move(outcome_);
 }
 
@@ -188,19 +178,18 @@ bool StoreWriter::updateColumns(const ObjectID& id, std::int64_t version,
 
 /// The row is not as the context read it: the merge policy decides, per property.
 void StoreWriter::settle(const UpdatedRow& row) {
-  RowCollector collector;
-  tables_.rows(connection_, {row.id}, collector);
+  const std::vector<Row> found = rows({row.id});
   if (request_.mergePolicy == MergePolicy::error) {
-    conflict(row.id, collector.rows.empty() ? "was deleted" : "was changed");
+    conflict(row.id, found.empty() ? "was deleted" : "was changed");
   }
   const bool storeTrumps = request_.mergePolicy == MergePolicy::mergeByPropertyStoreTrump;
-  if (collector.rows.empty()) {
+  if (found.empty()) {
     if (storeTrumps) return outcome_.vanished.push_back(row.id);
     insertRow(row.id, row.version + 1, *row.values);
     settled_.push_back(row.id);
     return;
   }
-  const Row& theirs = collector.rows.front();
+  const Row& theirs = found.front();
   std::vector<PropertyChange> kept;
   for (const PropertyChange& change : row.changes) {
     const bool changedByThem = theirs.values[change.property->index] != change.before;
@@ -228,6 +217,7 @@ void StoreWriter::takeOneToOne(const ObjectID& id, const PropertyDescription& pr
 }
 
 void StoreWriter::deleteRow(const DeletedRow& row) {
+  deleteReached(row.id);
   const std::string sql = "DELETE FROM " + sqlName(tableName(row.id.entity())) + " WHERE _id = ?1";
   if (row.version != kAnyVersion && request_.mergePolicy == MergePolicy::error) {
     const sqlite::Connection::Lease statement = connection_.prepare(sql + " AND _version = ?2");
@@ -240,6 +230,20 @@ void StoreWriter::deleteRow(const DeletedRow& row) {
   const sqlite::Connection::Lease statement = connection_.prepare(sql);
   statement->bind(1, row.id.key());
   statement->run();
+}
+
+/// Others may have given the row something that its delete rules reach and that the
+/// context does not know.
+void StoreWriter::deleteReached(const ObjectID& id) {
+  for (const RelationshipDescription* each : id.entity().relationships()) {
+    if (each->deleteRule != DeleteRule::cascade) continue;
+    const std::vector<ObjectIDs> lists = tables_.destinations(connection_, {id}, *each);
+    for (const ObjectID& reached : lists.front()) {
+      if (!deleted_.insert(reached).second) continue;
+      outcome_.cascaded.push_back(reached);
+      deleteRow({.id = reached, .version = kAnyVersion, .changes = {}});
+    }
+  }
 }
 
 bool StoreWriter::exists(const ObjectID& id) {

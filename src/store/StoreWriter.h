@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -34,12 +35,14 @@ class StoreWriter {
   void settle(const UpdatedRow& row);
   void takeOneToOne(const ObjectID& id, const PropertyDescription& property, const Value& value);
   void deleteRow(const DeletedRow& row);
+  void deleteReached(const ObjectID& id);
   void writeMembers(const MemberChange& change);
   void writeOrder(const OrderChange& change);
   void commit();
   void clearDanglingColumns();
   void clearDanglingColumnsOf(const ObjectID& id, const std::vector<Value>& values);
   void clearDanglingMembers();
+  std::vector<Row> rows(const ObjectIDs& ids);
   bool exists(const ObjectID& id);
   void conflict(const ObjectID& id, const char* what) const;
 
@@ -52,6 +55,7 @@ class StoreWriter {
   const StoreTables& tables_;
   const SaveRequest& request_;
   SaveOutcome outcome_;
+  std::unordered_set<ObjectID> deleted_;
   ObjectIDs settled_;  // rows that do not hold what the context thinks
 };
 

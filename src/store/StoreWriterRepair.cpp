@@ -35,7 +35,21 @@ struct OrderColumn {
   std::string order;
 };
 
+/// Keeps the rows that it is given.
+class RowCollector : public RowReceiver {
+ public:
+  bool found(const ObjectID&) override { return true; }
+  void take(Row&& row) override { rows.push_back(std::move(row)); }
+  std::vector<Row> rows;
+};
+
 }  // namespace
+
+std::vector<Row> StoreWriter::rows(const ObjectIDs& ids) {
+  RowCollector collector;
+  tables_.rows(connection_, ids, collector);
+  return std::move(collector.rows);
+}
 
 /// Places only have to grow from member to member, so those that do already stay.
 void StoreWriter::writeOrder(const OrderChange& change) {
@@ -67,8 +81,10 @@ void StoreWriter::writeOrder(const OrderChange& change) {
   }
 }
 
+/// A save that is on the disk must not fail any more, so everything is read before.
 void StoreWriter::commit() {
   try {
+    outcome_.merged = rows(settled_);
     transaction_.commit();
   } catch (const sqlite::SqliteFailure& failure) {
     // Foreign keys are checked at the end: a row refers to one that others deleted.
@@ -79,6 +95,7 @@ void StoreWriter::commit() {
     }
     clearDanglingColumns();
     clearDanglingMembers();
+    outcome_.merged = rows(settled_);
     transaction_.commit();
   }
 }

@@ -37,9 +37,9 @@ TEST_F(CameraCommand, ReadingMakesNoStore) {
 TEST_F(CameraCommand, TellsSensorAndLens) {
   const Json d850 = jsonOf("camera show 'Nikon D850'");
   EXPECT_THAT(keysOf(d850),
-              testing::ElementsAre("cameraId", "name", "brand", "model", "sensorWidth",
-                                   "sensorHeight", "megapixels", "film", "cropFactor", "coc",
-                                   "cocDerived", "focalLength", "aperture", "chosen"));
+              testing::ElementsAre("name", "sensorWidth", "sensorHeight", "megapixels", "film",
+                                   "cropFactor", "coc", "focalLength", "aperture", "cameraId",
+                                   "brand", "model", "cocDerived", "chosen"));
   EXPECT_EQ(d850["sensorWidth"].dump(), "35.9") << "not the digits of a float as a double";
   EXPECT_EQ(d850["megapixels"].dump(), "45.7");
   EXPECT_NEAR(d850["coc"].get<double>(), 0.030, 0.0005);
@@ -71,7 +71,7 @@ TEST_F(CameraCommand, IsNamedAsPeopleType) {
   expectRefused("camera show r6", 2,
                 "\"r6\" is ambiguous: name one of \"Canon EOS R6\", \"Canon EOS R6 Mark II\"");
   expectRefused("camera show nikon", 2, "more");
-  expectRefused("camera show 'nikn d850'", 2, "did you mean \"Nikon D850\"");
+  expectRefused("camera show 'nikn d850'", 2, "did you mean \"Nikon D850\"?");
   expectRefused("camera show zzzzz", 2, "no camera named \"zzzzz\"; see zenivo cameras");
   expectRefused("camera show '.,'", 2, "no camera named");
   expectRefused("camera show ''", 2, "no camera named");

@@ -61,7 +61,7 @@ TEST_F(ExposureCommands, SunnySixteen) {
                                                   {"--aperture f/16 --iso 400", 1 / 500.0},
                                                   {"--aperture f/22 --iso 200", 1 / 125.0}};
   for (const auto& [values, seconds] : cases) {
-    const std::string arguments = std::string("exposure --light 'full or slightly' ") + values;
+    const std::string arguments = std::string("exposure --light 'sun, distinct shadows' ") + values;
     EXPECT_NEAR(inputOf(arguments, "shutterSpeed"), seconds, seconds * 0.07) << values;
   }
   const Json json = jsonOf("exposure --light 2 --aperture f/16");
@@ -160,6 +160,7 @@ TEST_F(ExposureCommands, RefusalsChangeNothing) {
       {"timelapse --fps 29.97", "--fps cannot be \"29.97\"; write it as in 25"},
       {"timelapse --interval 5 --clip 30 --duration 2h", "leave out one of --interval, --clip"},
       {"timelapse --event sun", "\"Sunrise or sunset\" or \"The Sun crossing a clear sky\""},
+      {"timelapse --event ''", "no row has \"\""},
       {"timelapse --event 1 --clip 5s", "excludes"},
       {"timelapse --fps 30 intervals", "write --fps behind \"timelapse intervals\""},
   };
@@ -215,12 +216,12 @@ TEST_F(ExposureCommands, Keys) {
               ElementsAre("shootingInterval", "clipLength", "eventDuration", "fps", "imageSize"));
   EXPECT_THAT(keysIn(timelapse["results"]), ElementsAre("numberOfPhotos", "memoryUsage"));
   EXPECT_THAT(keysOf(jsonOf("exposure values")),
-              AllOf(testing::Contains("sections[].title"),
-                    testing::Contains("sections[].lights[].exposureValue"),
-                    testing::Contains("sections[].lights[].shutterSpeed.value")));
+              AllOf(testing::Contains("sections.[].title"),
+                    testing::Contains("sections.[].lights.[].exposureValue"),
+                    testing::Contains("sections.[].lights.[].shutterSpeed.value")));
   EXPECT_THAT(keysOf(jsonOf("timelapse intervals")),
-              testing::IsSupersetOf({"intervals[].number", "intervals[].interval.value",
-                                     "intervals[].eventDuration.text"}));
+              testing::IsSupersetOf({"intervals.[].number", "intervals.[].interval.value",
+                                     "intervals.[].eventDuration.text"}));
 }
 
 TEST_F(ExposureCommands, RowsOfTheTablesAreChosenByNumberOrName) {

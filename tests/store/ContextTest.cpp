@@ -169,42 +169,6 @@ TEST_F(Context, TellsInsertedAndDeletedObjectsOfASave) {
   EXPECT_EQ(otherContext()->existingObjectWithID(jacket->objectID()), nullptr);
 }
 
-TEST_F(Context, KeepsThePlacesOfAnOrderedRelationship) {
-  const auto series = insert("Series", "Atlas");
-  for (const char* name : {"b", "c", "d"})
-    series->addRelatedObject(insert("Book", name), "volumes");
-  saveOrFail(*context_);
-  series->insertRelatedObject(insert("Book", "a"), "volumes", 0);
-  series->insertRelatedObject(series->relatedObjectsForKey("volumes")[1], "volumes", 99);
-  series->addRelatedObject(insert("Book", "e"), "volumes");
-  saveOrFail(*context_);
-  const auto other = otherContext();
-  std::string order;
-  for (const auto& volume :
-       other->existingObjectWithID(series->objectID())->relatedObjectsForKey("volumes")) {
-    order += volume->valueForKey("title").string();
-  }
-  EXPECT_EQ(order, "acdbe");
-}
-
-TEST_F(Context, ExchangesPartnersOfAOneToOneInOneSave) {
-  const auto first = insert("Book", "first");
-  const auto second = insert("Book", "second");
-  const auto red = insert("Jacket", "red");
-  const auto blue = insert("Jacket", "blue");
-  first->setRelatedObject(red, "jacket");
-  second->setRelatedObject(blue, "jacket");
-  saveOrFail(*context_);
-  red->setRelatedObject(second, "book");
-  EXPECT_EQ(first->relatedObjectForKey("jacket"), nullptr);
-  first->setRelatedObject(blue, "jacket");
-  saveOrFail(*context_);
-  const auto other = otherContext();
-  const auto book = other->existingObjectWithID(first->objectID());
-  EXPECT_EQ(book->relatedObjectForKey("jacket")->objectID(), blue->objectID());
-  EXPECT_EQ(book->relatedObjectForKey("jacket")->relatedObjectForKey("book"), book);
-}
-
 TEST_F(Context, IdentitiesBecomePermanentOnceAndHaveAUri) {
   const auto shelf = insert("Shelf", "Travel");
   const auto book = insert("Book", "Cairo");

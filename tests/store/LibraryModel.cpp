@@ -1,7 +1,9 @@
 #include "store/LibraryModel.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
+
+#include <fstream>
+#include <sstream>
 
 #include "store/sqlite/Connection.h"
 
@@ -71,20 +73,6 @@ std::shared_ptr<const ManagedObjectModel> libraryModel() {
   return model;
 }
 
-TemporaryFolder::TemporaryFolder() {
-  // Memory where there is a disk of it: these tests wait for thousands of saves.
-  const std::filesystem::path memory = "/dev/shm";
-  const bool inMemory = std::filesystem::is_directory(memory);
-  const std::filesystem::path base = inMemory ? memory : std::filesystem::temp_directory_path();
-  std::string name = base / "zenivo-store-XXXXXX";
-  path_ = mkdtemp(name.data());
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
 std::shared_ptr<PersistentStoreCoordinator> openStore(
     const std::filesystem::path& file, std::shared_ptr<const ManagedObjectModel> model,
     StoreOptions options) {
@@ -126,6 +114,13 @@ ManagedObjects fetchAll(ManagedObjectContext& context, const FetchRequest& reque
   const auto results = context.executeFetchRequest(request, &error);
   EXPECT_TRUE(results.has_value()) << error.description;
   return results ? objectsOfClass<ManagedObject>(*results) : ManagedObjects();
+}
+
+std::string contentOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  std::ostringstream content;
+  content << stream.rdbuf();
+  return content.str();
 }
 
 std::string integrityOf(const std::filesystem::path& file) {

@@ -11,6 +11,7 @@
 #include "store/ManagedObjectModel.h"
 #include "store/PersistentStore.h"
 #include "store/PersistentStoreCoordinator.h"
+#include "support/TemporaryFolder.h"
 
 namespace zenivo::testing {
 
@@ -19,20 +20,6 @@ namespace zenivo::testing {
 /// Book and Magazine are Publications.
 std::vector<EntityDeclaration> libraryDeclarations();
 std::shared_ptr<const ManagedObjectModel> libraryModel();
-
-/// A folder that is gone when the test is over.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder();
-  std::filesystem::path operator/(const char* name) const { return path_ / name; }
-  const std::filesystem::path& path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
 
 /// A coordinator on a store in a folder, migrating where it must.
 std::shared_ptr<PersistentStoreCoordinator> openStore(
@@ -55,6 +42,8 @@ void saveOrFail(ManagedObjectContext& context);
 
 /// Result of a fetch that must not fail.
 ManagedObjects fetchAll(ManagedObjectContext& context, const FetchRequest& request);
+
+std::string contentOf(const std::filesystem::path& file);
 
 /// Nothing when PRAGMA integrity_check and foreign_key_check find nothing, else what.
 std::string integrityOf(const std::filesystem::path& file);

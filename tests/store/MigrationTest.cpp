@@ -3,9 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "store/LibraryModel.h"
 #include "store/sqlite/Connection.h"
 
@@ -27,13 +24,6 @@ std::shared_ptr<const ManagedObjectModel> changedModel(Change change) {
   std::vector<EntityDeclaration> declarations = libraryDeclarations();
   change(declarations);
   return ManagedObjectModel::make(std::move(declarations));
-}
-
-std::string contentOf(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream content;
-  content << stream.rdbuf();
-  return content.str();
 }
 
 class Migration : public ::testing::Test {
@@ -177,6 +167,19 @@ TEST_F(Migration, AddedAttributesTakeTheirDefault) {
     const bool isBook = each->entity().name() == "Book";
     EXPECT_EQ(each->valueForKey("year"), Value(isBook ? 1984 : 1900));
   }
+}
+
+TEST_F(Migration, AnAttributeMadeOptionalMayBeEmpty) {
+  const auto demanding = changedModel([](auto& library) {
+    auto& name = entityNamed(library, "Shelf").attributes[0];
+    name.isOptional = false;
+    name.defaultValue = "unnamed";
+  });
+  contextOn(openStore(file_, demanding))->reset();
+  const auto context = contextOn(openStore(file_));
+  EXPECT_EQ(describe(*context), kEverything);
+  fetchAll(*context, {.entityName = "Shelf"}).front()->setValue(nullptr, "name");
+  saveOrFail(*context);
 }
 
 TEST_F(Migration, OtherChangesAreRefusedByNameAndTheFileStays) {

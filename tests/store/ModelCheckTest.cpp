@@ -359,6 +359,18 @@ class Checker {
       }
       if (plain.entity == "Jacket") compareOne(object, "book", view.booksBy("jacket", id));
     }
+    if (!pair.real->hasChanges() && pair.real->parentContext() == nullptr) compareOrders(objects);
+  }
+
+  /// Who has no changes shows the order that the file has.
+  void compareOrders(const std::map<int, ManagedObjectPtr>& objects) {
+    const auto fresh = contextOn(openStore(file_));
+    for (const auto& [entity, key] : {std::pair("Series", "volumes"), {"Reader", "favorites"}}) {
+      for (const ManagedObjectPtr& object : fetchAll(*fresh, {.entityName = entity})) {
+        const int id = numberOf(*object);
+        EXPECT_EQ(membersOf(*objects.at(id), key), membersOf(*object, key)) << entity << " " << id;
+      }
+    }
   }
 
   void compareBook(Pair&, const PlainWorld& view, const ManagedObject& book, int id) {
@@ -383,6 +395,12 @@ class Checker {
     return books;
   }
 
+  static std::vector<int> membersOf(const ManagedObject& object, const char* key) {
+    std::vector<int> members;
+    for (const auto& each : object.relatedObjectsForKey(key)) members.push_back(numberOf(*each));
+    return members;
+  }
+
   void compareOne(const ManagedObject& object, const char* key, const std::vector<int>& wanted) {
     const ManagedObjectPtr to = object.relatedObjectForKey(key);
     const std::vector<int> found = to != nullptr ? std::vector{numberOf(*to)} : std::vector<int>();
@@ -390,8 +408,7 @@ class Checker {
   }
 
   void compareSet(const ManagedObject& object, const char* key, std::vector<int> wanted) {
-    std::vector<int> found;
-    for (const auto& member : object.relatedObjectsForKey(key)) found.push_back(numberOf(*member));
+    std::vector<int> found = membersOf(object, key);
     std::ranges::sort(found);
     std::ranges::sort(wanted);
     EXPECT_EQ(found, wanted) << object.entity().name() << " " << numberOf(object) << " " << key;
@@ -399,9 +416,8 @@ class Checker {
 
   void compareList(const ManagedObject& object, const char* key, const std::vector<int>& wanted) {
     if (!checksOrder_) return compareSet(object, key, wanted);
-    std::vector<int> found;
-    for (const auto& member : object.relatedObjectsForKey(key)) found.push_back(numberOf(*member));
-    EXPECT_EQ(found, wanted) << object.entity().name() << " " << numberOf(object) << " " << key;
+    EXPECT_EQ(membersOf(object, key), wanted)
+        << object.entity().name() << " " << numberOf(object) << " " << key;
   }
 
   const std::filesystem::path file_;

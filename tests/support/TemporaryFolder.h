@@ -9,11 +9,15 @@
 
 namespace zenivo {
 
-/// An empty folder, removed with all it holds in the end.
+/// An empty folder, removed with all it holds in the end; in memory where there is a
+/// disk of it, since some tests wait for thousands of saves.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "zenivo-XXXXXX").string();
+    const std::filesystem::path memory = "/dev/shm";
+    const bool inMemory = std::filesystem::is_directory(memory);
+    std::string name =
+        (inMemory ? memory : std::filesystem::temp_directory_path()) / "zenivo-XXXXXX";
     path_ = ::mkdtemp(name.data());
   }
   TemporaryFolder(const TemporaryFolder&) = delete;

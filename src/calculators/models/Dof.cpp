@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include "calculators/camera/Teleconverter.h"
-
 namespace zenivo {
 namespace {
 
@@ -14,19 +12,11 @@ constexpr double kHyperfocalTolerance = 0.01;
 
 Dof::Dof(float focalLength, const Aperture& aperture, float subjectDistance, float teleconverter1,
          float teleconverter2, float circleOfConfusion)
-    : focalLength_(focalLength), aperture_(aperture), subjectDistance_(subjectDistance) {
-  setTeleconverter1(teleconverter1);
-  setTeleconverter2(teleconverter2);
+    : LensModel(focalLength, teleconverter1, teleconverter2),
+      aperture_(aperture),
+      subjectDistance_(subjectDistance) {
   setCircleOfConfusion(circleOfConfusion);
   calculateDOFValues();
-}
-
-void Dof::setTeleconverter1(float factor) {
-  teleconverter1_ = teleconverterFactor(factor);
-}
-
-void Dof::setTeleconverter2(float factor) {
-  teleconverter2_ = teleconverterFactor(factor);
 }
 
 float Dof::hyperfocalTerm() const {

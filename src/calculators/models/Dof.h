@@ -9,6 +9,7 @@
 #pragma once
 
 #include "calculators/camera/Aperture.h"
+#include "calculators/models/LensModel.h"
 
 namespace zenivo {
 
@@ -16,7 +17,7 @@ namespace zenivo {
 ///
 /// Setting an input computes nothing: call calculateDOFValues.  Nothing is
 /// refused here; a division by zero shows as an infinity or not-a-number.
-class Dof {
+class Dof : public LensModel {
  public:
   Dof() = default;
 
@@ -28,23 +29,11 @@ class Dof {
   /// In millimetres, as camera records have it; kept in metres.
   void setCircleOfConfusion(float millimetres) { circleOfConfusion_ = millimetres / 1000; }
 
-  /// Of the lens alone, before teleconverters.
-  float focalLength() const { return focalLength_; }
-  void setFocalLength(float focalLength) { focalLength_ = focalLength; }
-
   const Aperture& aperture() const { return aperture_; }
   void setAperture(const Aperture& aperture) { aperture_ = aperture; }
 
   float subjectDistance() const { return subjectDistance_; }
   void setSubjectDistance(float distance) { subjectDistance_ = distance; }
-
-  /// A factor that is not above 0 is stored as 1.
-  float teleconverter1() const { return teleconverter1_; }
-  void setTeleconverter1(float factor);
-  float teleconverter2() const { return teleconverter2_; }
-  void setTeleconverter2(float factor);
-  /// Both factors together.
-  float teleconverter() const { return teleconverter1_ * teleconverter2_; }
 
   bool isFixedFocalLength() const { return isFixedFocalLength_; }
   void setIsFixedFocalLength(bool isFixed) { isFixedFocalLength_ = isFixed; }
@@ -101,17 +90,13 @@ class Dof {
   static float quadraticSolverForA(float a, float b, float c);
 
  private:
-  float effectiveFocalLength() const { return focalLength_ * teleconverter(); }
   double apertureTimesCoc() const { return aperture_.value * circleOfConfusion_; }
   float hyperfocalTerm() const;
   float apertureForHyperfocalTerm(float term) const;
 
   float circleOfConfusion_ = 0;
-  float focalLength_ = 0;
   Aperture aperture_;
   float subjectDistance_ = 0;
-  float teleconverter1_ = 1;
-  float teleconverter2_ = 1;
   float inverseDepthOfField_ = 0;
   float hyperfocal_ = 0;
   float dofNearLimit_ = 0;

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "calculators/camera/Teleconverter.h"
 #include "calculators/models/Refusal.h"
 
 namespace zenivo {
@@ -23,15 +22,13 @@ EquivalentFocalLength::EquivalentFocalLength(const SensorSize& camera1Sensor,
                                              float camera2CoC, float focalLength,
                                              float teleconverter1, float teleconverter2,
                                              const Aperture& aperture, float subjectDistance)
-    : cameraSensor1_(camera1Sensor),
+    : LensModel(focalLength, teleconverter1, teleconverter2),
+      cameraSensor1_(camera1Sensor),
       cameraSensor2_(camera2Sensor),
-      focalLength_(focalLength),
       aperture_(aperture),
       subjectDistance_(subjectDistance) {
   setCircleOfConfusionCamera1(camera1CoC);
   setCircleOfConfusionCamera2(camera2CoC);
-  setTeleconverter1(teleconverter1);
-  setTeleconverter2(teleconverter2);
 }
 
 void EquivalentFocalLength::setCircleOfConfusionCamera1(float millimetres) {
@@ -42,22 +39,14 @@ void EquivalentFocalLength::setCircleOfConfusionCamera2(float millimetres) {
   circleOfConfusionCamera2_ = metresInWholeMicrometres(millimetres);
 }
 
-void EquivalentFocalLength::setTeleconverter1(float factor) {
-  teleconverter1_ = teleconverterFactor(factor);
-}
-
-void EquivalentFocalLength::setTeleconverter2(float factor) {
-  teleconverter2_ = teleconverterFactor(factor);
-}
-
 const FocalLengthMatch& EquivalentFocalLength::calculateMatch(const ApertureManager& stops) {
   match_ = FocalLengthMatch();
-  match_.camera1Fov = Fov(cameraSensor1_.width, cameraSensor1_.height, focalLength_,
-                          teleconverter1_, teleconverter2_, subjectDistance_);
+  match_.camera1Fov = Fov(cameraSensor1_.width, cameraSensor1_.height, focalLength(),
+                          teleconverter1(), teleconverter2(), subjectDistance_);
   match_.camera1Fov.calculateFOVValues();
   if (!isCamera2FixedFocalLength()) matchFocalLength();
-  match_.camera1Dof = Dof(focalLength_, aperture_, subjectDistance_, teleconverter1_,
-                          teleconverter2_, circleOfConfusionCamera1_ * 1000);
+  match_.camera1Dof = Dof(focalLength(), aperture_, subjectDistance_, teleconverter1(),
+                          teleconverter2(), circleOfConfusionCamera1_ * 1000);
   if (!isCamera2FixedAperture_) matchAperture(stops);
   return match_;
 }
@@ -81,9 +70,8 @@ void EquivalentFocalLength::matchAperture(const ApertureManager& stops) {
   // find a root that means nothing.
   const float depth = match_.camera1Dof.depthOfField();
   if (depth < 0) return;
-  const float focalLength =
-      isCamera2FixedFocalLength() ? camera2FixedFocalLength_ : match_.diagonal;
-  Dof dof(focalLength, aperture_, subjectDistance_, 1, 1, circleOfConfusionCamera2_ * 1000);
+  const float matched = isCamera2FixedFocalLength() ? camera2FixedFocalLength_ : match_.diagonal;
+  Dof dof(matched, aperture_, subjectDistance_, 1, 1, circleOfConfusionCamera2_ * 1000);
   const float exact = dof.calculateApertureForDOF(depth);
   if (isRefusedResult(exact)) return;
   const Aperture stop = stops.apertureForStop(exact);

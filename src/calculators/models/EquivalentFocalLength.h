@@ -10,6 +10,7 @@
 #include "calculators/camera/SensorSize.h"
 #include "calculators/models/Dof.h"
 #include "calculators/models/Fov.h"
+#include "calculators/models/LensModel.h"
 
 namespace zenivo {
 
@@ -30,7 +31,7 @@ struct FocalLengthMatch {
 };
 
 /// Two cameras and the first one's lens.  Lengths are metres, sensors millimetres.
-class EquivalentFocalLength {
+class EquivalentFocalLength : public LensModel {
  public:
   EquivalentFocalLength() = default;
 
@@ -49,15 +50,6 @@ class EquivalentFocalLength {
   void setCameraSensor1(const SensorSize& sensor) { cameraSensor1_ = sensor; }
   const SensorSize& cameraSensor2() const { return cameraSensor2_; }
   void setCameraSensor2(const SensorSize& sensor) { cameraSensor2_ = sensor; }
-
-  float focalLength() const { return focalLength_; }
-  void setFocalLength(float focalLength) { focalLength_ = focalLength; }
-
-  /// A factor that is not above 0 is stored as 1.
-  float teleconverter1() const { return teleconverter1_; }
-  void setTeleconverter1(float factor);
-  float teleconverter2() const { return teleconverter2_; }
-  void setTeleconverter2(float factor);
 
   const Aperture& aperture() const { return aperture_; }
   void setAperture(const Aperture& aperture) { aperture_ = aperture; }
@@ -91,9 +83,6 @@ class EquivalentFocalLength {
   float circleOfConfusionCamera2_ = 0;
   SensorSize cameraSensor1_;
   SensorSize cameraSensor2_;
-  float focalLength_ = 0;
-  float teleconverter1_ = 1;
-  float teleconverter2_ = 1;
   Aperture aperture_;
   float subjectDistance_ = 0;
   bool isCamera1FixedFocalLength_ = false;

@@ -3,8 +3,6 @@
 #include <cmath>
 #include <numbers>
 
-#include "calculators/camera/Teleconverter.h"
-
 namespace zenivo {
 namespace {
 
@@ -14,20 +12,8 @@ constexpr double kDegreesPerRadian = 180 / std::numbers::pi;
 
 Fov::Fov(float sensorWidth, float sensorHeight, float focalLength, float teleconverter1,
          float teleconverter2, float subjectDistance)
-    : sensor_{sensorWidth, sensorHeight},
-      focalLength_(focalLength),
-      subjectDistance_(subjectDistance) {
-  setTeleconverter1(teleconverter1);
-  setTeleconverter2(teleconverter2);
-}
-
-void Fov::setTeleconverter1(float factor) {
-  teleconverter1_ = teleconverterFactor(factor);
-}
-
-void Fov::setTeleconverter2(float factor) {
-  teleconverter2_ = teleconverterFactor(factor);
-}
+    : FrameModel({sensorWidth, sensorHeight}, focalLength, teleconverter1, teleconverter2),
+      subjectDistance_(subjectDistance) {}
 
 float Fov::angleOfViewForSensorSize(float size) const {
   const double F = effectiveFocalLength();

@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include "calculators/camera/SensorSize.h"
+#include "calculators/models/FrameModel.h"
 
 namespace zenivo {
 
@@ -14,44 +14,15 @@ namespace zenivo {
 ///
 /// Setting an input computes nothing: call calculateFOVValues.  Nothing is refused
 /// here: with focal length 0 an angle is 180 degrees and a length infinite.
-class Fov {
+class Fov : public FrameModel {
  public:
   Fov() = default;
   Fov(float sensorWidth, float sensorHeight, float focalLength, float teleconverter1,
       float teleconverter2, float subjectDistance);
 
-  float sensorWidth() const { return sensor_.width; }
-  void setSensorWidth(float width) { sensor_.width = width; }
-  float sensorHeight() const { return sensor_.height; }
-  void setSensorHeight(float height) { sensor_.height = height; }
-
-  /// Of the lens alone, before teleconverters.
-  float focalLength() const { return focalLength_; }
-  void setFocalLength(float focalLength) { focalLength_ = focalLength; }
-
   float subjectDistance() const { return subjectDistance_; }
   void setSubjectDistance(float distance) { subjectDistance_ = distance; }
 
-  /// A factor that is not above 0 is stored as 1.
-  float teleconverter1() const { return teleconverter1_; }
-  void setTeleconverter1(float factor);
-  float teleconverter2() const { return teleconverter2_; }
-  void setTeleconverter2(float factor);
-  /// Both factors together.
-  float teleconverter() const { return teleconverter1_ * teleconverter2_; }
-
-  /// Whether the camera stands upright, which exchanges width and height in all
-  /// that follows but not in the two fields.
-  bool isPortrait() const { return isPortrait_; }
-  void setIsPortrait(bool isPortrait) { isPortrait_ = isPortrait; }
-
-  bool isFixedFocalLength() const { return isFixedFocalLength_; }
-  void setIsFixedFocalLength(bool isFixed) { isFixedFocalLength_ = isFixed; }
-
-  /// The sides as the camera is held.
-  float getSensorWidth() const { return isPortrait_ ? sensor_.height : sensor_.width; }
-  float getSensorHeight() const { return isPortrait_ ? sensor_.width : sensor_.height; }
-  float getSensorDiagonal() const { return sensor_.diagonal(); }
   float aspectRatio() const { return getSensorWidth() / getSensorHeight(); }
 
   float angleOfViewForSensorSize(float size) const;
@@ -95,21 +66,13 @@ class Fov {
   float calculateSubjectDistanceForDiagonalFoV(float length) const;
 
  private:
-  float effectiveFocalLength() const { return focalLength_ * teleconverter(); }
-
-  SensorSize sensor_;
-  float focalLength_ = 0;
   float subjectDistance_ = 0;
-  float teleconverter1_ = 1;
-  float teleconverter2_ = 1;
-  bool isPortrait_ = false;
   float horizontalAov_ = 0;
   float verticalAov_ = 0;
   float diagonalAov_ = 0;
   float horizontalFov_ = 0;
   float verticalFov_ = 0;
   float diagonalFov_ = 0;
-  bool isFixedFocalLength_ = false;
 };
 
 }  // namespace zenivo

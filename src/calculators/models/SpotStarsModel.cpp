@@ -4,7 +4,6 @@
 #include <numbers>
 
 #include "app/settings/SettingsKeys.h"
-#include "calculators/camera/Teleconverter.h"
 
 namespace zenivo {
 namespace {
@@ -22,40 +21,32 @@ double pixels(float megaPixels) {
 }  // namespace
 
 SpotStarsModel::SpotStarsModel(const UserDefaults& defaults, const ApertureManager& stops)
-    : focalLength_(defaults.floatForKey(settings::nightSpotStars_focalLength)),
+    : LensModel(defaults.floatForKey(settings::nightSpotStars_focalLength),
+                defaults.floatForKey(settings::nightSpotStars_teleconverter),
+                defaults.floatForKey(settings::nightSpotStars_teleconverter2)),
       declination_(defaults.floatForKey(settings::nightSpotStars_declination)),
       accuracy_(defaults.integerForKey(settings::nightSpotStars_accuracy) == 0
                     ? SpotStarsAccuracy::standard
                     : SpotStarsAccuracy::accurate) {
-  setTeleconverter1(defaults.floatForKey(settings::nightSpotStars_teleconverter));
-  setTeleconverter2(defaults.floatForKey(settings::nightSpotStars_teleconverter2));
   const float stored = defaults.floatForKey(settings::nightSpotStars_aperture);
   aperture_ = stops.apertureForStop(stored == 0 ? kDefaultAperture : stored);
 }
 
 void SpotStarsModel::saveUserDefaults(UserDefaults& defaults) const {
-  defaults.setFloat(focalLength_, settings::nightSpotStars_focalLength);
-  defaults.setFloat(teleconverter1_, settings::nightSpotStars_teleconverter);
-  defaults.setFloat(teleconverter2_, settings::nightSpotStars_teleconverter2);
+  defaults.setFloat(focalLength(), settings::nightSpotStars_focalLength);
+  defaults.setFloat(teleconverter1(), settings::nightSpotStars_teleconverter);
+  defaults.setFloat(teleconverter2(), settings::nightSpotStars_teleconverter2);
   defaults.setFloat(declination_, settings::nightSpotStars_declination);
   defaults.setInteger(static_cast<int>(accuracy_), settings::nightSpotStars_accuracy);
   defaults.setFloat(static_cast<float>(aperture_.fstop), settings::nightSpotStars_aperture);
   defaults.synchronize();
 }
 
-void SpotStarsModel::setTeleconverter1(float factor) {
-  teleconverter1_ = teleconverterFactor(factor);
-}
-
-void SpotStarsModel::setTeleconverter2(float factor) {
-  teleconverter2_ = teleconverterFactor(factor);
-}
-
 float SpotStarsModel::maxExposureTimeWithNPFRule() const {
   const auto P = static_cast<float>(pixels(megaPixels_));
   const float pitch = std::sqrt(sensorSize_.width * sensorSize_.height / P);  // millimetres
   const double t = teleconverter();
-  const double f = focalLength_;
+  const double f = focalLength();
   const double k = accuracy_ == SpotStarsAccuracy::standard ? 2.0 : 1.0;
   const double sum = 13.71 * (pitch * 1000.0) + 1000 * (0.1 * t * f) + 16.85 * aperture_.value * t;
   const double cosine = std::cos(declination_ * std::numbers::pi / 180);
@@ -63,7 +54,7 @@ float SpotStarsModel::maxExposureTimeWithNPFRule() const {
 }
 
 float SpotStarsModel::maxExposureTimeWithRuleOf500() const {
-  return 500 / (teleconverter() * cropFactor_ * focalLength_ * 1000);
+  return 500 / (teleconverter() * cropFactor_ * focalLength() * 1000);
 }
 
 float SpotStarsModel::maxExposureTimeVarnell() const {
@@ -78,7 +69,7 @@ float SpotStarsModel::maxExposureTimeVarnell() const {
 }
 
 Fov SpotStarsModel::angleOfView() const {
-  Fov fov(sensorSize_.width, sensorSize_.height, focalLength_, teleconverter1_, teleconverter2_,
+  Fov fov(sensorSize_.width, sensorSize_.height, focalLength(), teleconverter1(), teleconverter2(),
           kSubjectDistance);
   fov.calculateFOVValues();
   return fov;

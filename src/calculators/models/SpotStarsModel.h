@@ -6,6 +6,7 @@
 #include "calculators/camera/ApertureManager.h"
 #include "calculators/camera/SensorSize.h"
 #include "calculators/models/Fov.h"
+#include "calculators/models/LensModel.h"
 #include "foundation/UserDefaults.h"
 
 namespace zenivo {
@@ -18,7 +19,7 @@ enum class SpotStarsAccuracy : unsigned {
 
 /// Lens, sensor and stars.  The results are seconds, shown as they come: infinite
 /// for film, which has no pixels, and without bound towards the celestial pole.
-class SpotStarsModel {
+class SpotStarsModel : public LensModel {
  public:
   /// Reads the lens, the declination and the accuracy from the settings: a
   /// teleconverter of 0 reads as 1, an aperture of 0 as the stop nearest 2.8.
@@ -27,18 +28,6 @@ class SpotStarsModel {
 
   /// Writes the same back, the aperture by its `fstop`.
   void saveUserDefaults(UserDefaults& defaults) const;
-
-  /// Metres, of the lens alone.
-  float focalLength() const { return focalLength_; }
-  void setFocalLength(float focalLength) { focalLength_ = focalLength; }
-
-  /// A factor that is not above 0 is stored as 1.
-  float teleconverter1() const { return teleconverter1_; }
-  void setTeleconverter1(float factor);
-  float teleconverter2() const { return teleconverter2_; }
-  void setTeleconverter2(float factor);
-  /// Both factors together.
-  float teleconverter() const { return teleconverter1_ * teleconverter2_; }
 
   /// Declination of the stars in degrees, 0 where they move fastest.
   float declination() const { return declination_; }
@@ -77,9 +66,6 @@ class SpotStarsModel {
   Fov angleOfView() const;
 
  private:
-  float focalLength_ = 0;
-  float teleconverter1_ = 1;
-  float teleconverter2_ = 1;
   float declination_ = 0;
   Aperture aperture_;
   SpotStarsAccuracy accuracy_ = SpotStarsAccuracy::standard;

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "calculators/camera/CameraValuesFormatter.h"
+#include "cli/common/CameraJson.h"
 #include "cli/output/Table.h"
 
 namespace zenivo::cli {
@@ -12,11 +13,6 @@ Json membersOf(const std::vector<AnswerRow>& rows) {
   Json json = Json::object();
   for (const AnswerRow& row : rows) json[std::string(row.key)] = row.quantity.json();
   return json;
-}
-
-/// The number, null for 0, which stands for none.
-Json numberOrNull(float value) {
-  return value > 0 ? numberJson(value) : Json(nullptr);
 }
 
 void addTo(Table& table, const AnswerRow& row) {
@@ -31,18 +27,6 @@ void addTo(Table& table, const AnswerRow& row) {
 
 std::string_view nameOf(UnitSystem units) {
   return units == UnitSystem::imperial ? "imperial" : "metric";
-}
-
-Json cameraJson(const AbstractCamera& camera) {
-  return {{"name", camera.modelString()},
-          {"sensorWidth", numberJson(camera.sensorSize.width)},
-          {"sensorHeight", numberJson(camera.sensorSize.height)},
-          {"megapixels", numberOrNull(camera.megapixels)},
-          {"film", !camera.isDigital},
-          {"cropFactor", numberJson(camera.cropFactor)},
-          {"coc", numberJson(camera.coc)},
-          {"focalLength", numberOrNull(camera.fixedFocalLength)},
-          {"aperture", numberOrNull(camera.fixedAperture)}};
 }
 
 std::string cameraLine(const AbstractCamera& camera, const Terminal& terminal) {

@@ -70,10 +70,6 @@ class CalculatorAnswer {
 /// "metric" or "imperial"
 std::string_view nameOf(UnitSystem units);
 
-/// {"name", "sensorWidth", "sensorHeight", "megapixels", "film", "cropFactor", "coc",
-/// "focalLength", "aperture"}, the last two of a fixed lens; lengths in millimetres.
-Json cameraJson(const AbstractCamera& camera);
-
 /// "Canon EOS R6 Mark II  35.9 x 23.9 mm, circle of confusion 0.030 mm"
 std::string cameraLine(const AbstractCamera& camera, const Terminal& terminal);
 

@@ -12,6 +12,7 @@
 #include "cli/calculators/CocOptions.h"
 #include "cli/calculators/Commands.h"
 #include "cli/calculators/DofTableCommand.h"
+#include "cli/calculators/FreeVariable.h"
 #include "cli/calculators/LensOptions.h"
 #include "cli/calculators/ResultOptions.h"
 #include "cli/calculators/SolveOption.h"
@@ -90,7 +91,6 @@ class DofCommand : public Command {
  private:
   void edit(DofCalculator& calculator, CalculatorSession& session,
             const AbstractCamera& camera) const;
-  Question question(const ResultOption<DofField>& given, DofField variable) const;
   void solve(DofInverseCalculator& calculator, const Question& question, UnitSystem units) const;
 
   CLI::App* app_ = nullptr;
@@ -118,7 +118,8 @@ void DofCommand::addTo(CLI::App& program) {
   options_.addTo(*app_);
   table_.addTo(*app_);
   app_->footer(
-      "A value that is not given is that of the last call with --save.\n"
+      "A value that is not given is that of the last call with --save, and so is what to solve\n"
+      "for; where that is given, another input is solved for.\n"
       "\n"
       "Examples:\n"
       "  zenivo dof --focal 35mm --aperture f/8 --distance 3m\n"
@@ -150,7 +151,11 @@ std::string DofCommand::run(const Terminal& terminal) {
   forward.save();  // into the session, where the inverse calculator finds the inputs
   DofInverseCalculator inverse(environment, coc_.form());
   inverse.load();
-  const Question asked = question(*given, solve_.variable().value_or(inverse.freeVariable()));
+  const Question asked{
+      freeVariable<DofField>(
+          solve_.variable(), inverse.freeVariable(),
+          {{focalLength, &lens_.focal()}, {aperture, &aperture_}, {subjectDistance, &distance_}}),
+      given};
   solve(inverse, asked, environment.units.currentUnits());
   options_.saveIfAsked(inverse, session);
   return answerOf(inverse, session, camera, asked).print(options_.wantsJson(), terminal);
@@ -159,10 +164,7 @@ std::string DofCommand::run(const Terminal& terminal) {
 void DofCommand::edit(DofCalculator& calculator, CalculatorSession& session,
                       const AbstractCamera& camera) const {
   const CalculatorEnvironment environment = session.environment();
-  if (lens_.isGiven()) {
-    const LensInput lens = lensOf(calculator.model());
-    expectTaken(calculator.setLens(lens_.appliedTo(lens, environment.defaults, camera)));
-  }
+  lens_.applyTo(calculator, lensOf(calculator.model()), environment.defaults, camera);
   if (const auto fstop = aperture_.read(CameraValuesParser::parseAperture)) {
     expectTaken(calculator.setAperture(environment.apertures.apertureForStop(*fstop)));
   }
@@ -170,13 +172,6 @@ void DofCommand::edit(DofCalculator& calculator, CalculatorSession& session,
                                                  environment.units.currentUnits())) {
     expectTaken(calculator.setSubjectDistance(*metres));
   }
-}
-
-Question DofCommand::question(const ResultOption<DofField>& given, DofField variable) const {
-  if (variable == focalLength) solve_.expectOpen("--focal", lens_.givesFocalLength());
-  if (variable == aperture) solve_.expectOpen(aperture_.name(), aperture_.isGiven());
-  if (variable == subjectDistance) solve_.expectOpen(distance_.name(), distance_.isGiven());
-  return {variable, &given};
 }
 
 void DofCommand::solve(DofInverseCalculator& calculator, const Question& question,

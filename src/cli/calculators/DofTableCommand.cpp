@@ -6,6 +6,7 @@
 
 #include "calculators/DofTable.h"
 #include "calculators/camera/Texts.h"
+#include "cli/common/CameraJson.h"
 #include "cli/output/Table.h"
 
 namespace zenivo::cli {
@@ -90,9 +91,7 @@ std::string DofTableCommand::run(const Terminal& terminal) const {
   const AbstractCamera camera = camera_.applyTo(session);
   DofTable table(session.environment());
   table.load();
-  if (lens_.isGiven()) {
-    expectTaken(table.setLens(lens_.appliedTo(table.lens(), session.settings(), camera)));
-  }
+  lens_.applyTo(table, table.lens(), session.settings(), camera);
   if (!show_.empty()) {
     table.setTableType(show_ == "depth" ? DofTableType::totalDof : DofTableType::nearFar);
   }

@@ -140,6 +140,7 @@ class ExposureCommand : public Command {
   std::string run(const Terminal& terminal) override;
 
  private:
+  bool isLightGiven() const { return lightOption_->count() > 0; }
   void editTestShot(ExposureCalculator& calculator, const ApertureManager& apertures) const;
   void editEquivalent(ExposureCalculator& calculator, const ApertureManager& apertures) const;
 
@@ -149,6 +150,7 @@ class ExposureCommand : public Command {
   TypedOption testShutter_{"--test-shutter", "1/125"};
   TypedOption testIso_{"--test-iso", "100"};
   std::string light_;
+  const CLI::Option* lightOption_ = nullptr;
   TypedOption aperture_{"--aperture", "f/8"};
   TypedOption shutter_{"--shutter", "30s"};
   TypedOption iso_{"--iso", "100"};
@@ -169,6 +171,7 @@ void ExposureCommand::addTo(CLI::App& program) {
                        "number")
           ->type_name("LIGHT");
   for (CLI::Option* each : testOptions) light->excludes(each);
+  lightOption_ = light;
   aperture_.addTo(*app_, "Aperture; the nearest stop is taken");
   shutter_.addTo(*app_, "Shutter speed");
   iso_.addTo(*app_, "ISO value");
@@ -206,8 +209,9 @@ std::string ExposureCommand::run(const Terminal& terminal) {
   options_.saveIfAsked(calculator, session);
 
   CalculatorAnswer answer(session.environment().units.currentUnits());
-  if (!light_.empty())
+  if (isLightGiven()) {
     answer.addInput({"light", "Light", inWords(findLight(light_).lightConditionText())});
+  }
   addTestShot(answer, calculator.testExposureModel());
   addEquivalent(answer, calculator);
   addResults(answer, calculator);
@@ -216,7 +220,7 @@ std::string ExposureCommand::run(const Terminal& terminal) {
 
 void ExposureCommand::editTestShot(ExposureCalculator& calculator,
                                    const ApertureManager& apertures) const {
-  if (!light_.empty()) expectTaken(calculator.selectRow(findLight(light_)));
+  if (isLightGiven()) expectTaken(calculator.selectRow(findLight(light_)));
   if (const auto fstop = testAperture_.read(CameraValuesParser::parseAperture)) {
     expectTaken(calculator.setAperture(testAperture, apertures.apertureForStop(*fstop)));
   }

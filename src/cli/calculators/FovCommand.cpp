@@ -11,6 +11,7 @@
 #include "cli/calculators/CameraOption.h"
 #include "cli/calculators/Commands.h"
 #include "cli/calculators/FovDistanceCommand.h"
+#include "cli/calculators/FreeVariable.h"
 #include "cli/calculators/LensOptions.h"
 #include "cli/calculators/OrientationOption.h"
 #include "cli/calculators/ResultOptions.h"
@@ -91,7 +92,6 @@ class FovCommand : public Command {
  private:
   void edit(FovCalculator& calculator, CalculatorSession& session,
             const AbstractCamera& camera) const;
-  Question question(const ResultOption<FovField>& given, FovFreeVariable variable) const;
   void solve(FovInverseCalculator& calculator, const Question& question, UnitSystem units) const;
 
   CLI::App* app_ = nullptr;
@@ -148,7 +148,10 @@ std::string FovCommand::run(const Terminal& terminal) {
   forward.save();  // into the session, where the inverse calculator finds the inputs
   FovInverseCalculator inverse(environment);
   inverse.load();
-  const Question asked = question(*given, solve_.variable().value_or(inverse.freeVariable()));
+  const Question asked{
+      freeVariable<FovFreeVariable>(solve_.variable(), inverse.freeVariable(),
+                                    {{focalLength, &lens_.focal()}, {subjectDistance, &distance_}}),
+      given};
   solve(inverse, asked, environment.units.currentUnits());
   options_.saveIfAsked(inverse, session);
   return answerOf(inverse, session, camera, asked).print(options_.wantsJson(), terminal);
@@ -156,10 +159,7 @@ std::string FovCommand::run(const Terminal& terminal) {
 
 void FovCommand::edit(FovCalculator& calculator, CalculatorSession& session,
                       const AbstractCamera& camera) const {
-  if (lens_.isGiven()) {
-    const LensInput lens = lensOf(calculator.model());
-    expectTaken(calculator.setLens(lens_.appliedTo(lens, session.settings(), camera)));
-  }
+  lens_.applyTo(calculator, lensOf(calculator.model()), session.settings(), camera);
   const UnitSystem units = session.environment().units.currentUnits();
   if (const auto metres = distance_.readPositive(CameraValuesParser::parseDistance, units)) {
     expectTaken(calculator.setSubjectDistance(*metres));
@@ -167,12 +167,6 @@ void FovCommand::edit(FovCalculator& calculator, CalculatorSession& session,
   if (const auto isPortrait = orientation_.isPortrait()) {
     expectTaken(calculator.setIsPortrait(*isPortrait));
   }
-}
-
-Question FovCommand::question(const ResultOption<FovField>& given, FovFreeVariable variable) const {
-  if (variable == focalLength) solve_.expectOpen("--focal", lens_.givesFocalLength());
-  if (variable == subjectDistance) solve_.expectOpen(distance_.name(), distance_.isGiven());
-  return {variable, &given};
 }
 
 void FovCommand::solve(FovInverseCalculator& calculator, const Question& question,

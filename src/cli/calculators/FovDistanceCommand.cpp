@@ -53,10 +53,7 @@ std::string FovDistanceCommand::run(const Terminal& terminal) const {
   const UnitSystem units = session.environment().units.currentUnits();
   FovSubjectDistanceCalculator calculator(session.environment());
   calculator.load();
-  if (lens_.isGiven()) {
-    const LensInput lens = lensOf(calculator.model());
-    expectTaken(calculator.setLens(lens_.appliedTo(lens, session.settings(), camera)));
-  }
+  lens_.applyTo(calculator, lensOf(calculator.model()), session.settings(), camera);
   const auto width = width_.readPositive(CameraValuesParser::parseDistance, units);
   const auto height = height_.readPositive(CameraValuesParser::parseDistance, units);
   calculator.setObjectSize(width.value_or(calculator.model().objectWidth()),

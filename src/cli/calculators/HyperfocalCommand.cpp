@@ -15,6 +15,7 @@
 #include "cli/calculators/CameraOption.h"
 #include "cli/calculators/Commands.h"
 #include "cli/calculators/StopColumns.h"
+#include "cli/common/CameraJson.h"
 #include "cli/input/InputError.h"
 #include "cli/output/Table.h"
 

@@ -8,7 +8,7 @@ namespace zenivo::cli {
 
 void LensOptions::addTo(CLI::App& command) {
   focal_.addTo(command, "Focal length");
-  teleconverter1_.addTo(command, "Teleconverter behind the lens; -- for none");
+  teleconverter1_.addTo(command, "Teleconverter behind the lens; 1x for none");
   teleconverter2_.addTo(command, "A second teleconverter");
 }
 
@@ -16,8 +16,8 @@ bool LensOptions::isGiven() const {
   return focal_.isGiven() || teleconverter1_.isGiven() || teleconverter2_.isGiven();
 }
 
-LensInput LensOptions::appliedTo(LensInput lens, const UserDefaults& settings,
-                                 const AbstractCamera& camera) const {
+LensInput LensOptions::changed(LensInput lens, const UserDefaults& settings,
+                               const AbstractCamera& camera) const {
   if (const auto metres = focal_.read(CameraValuesParser::parseFocalLength)) {
     lens.setTypedMillimetres(*metres * 1000, currentFocalLengthType(settings), camera.cropFactor);
   }

@@ -8,6 +8,7 @@
 #include "calculators/camera/Aperture.h"
 #include "calculators/camera/LensInput.h"
 #include "cli/calculators/CalculatorAnswer.h"
+#include "cli/calculators/CalculatorOptions.h"
 #include "cli/calculators/TypedOption.h"
 #include "foundation/UserDefaults.h"
 
@@ -18,15 +19,22 @@ class LensOptions {
  public:
   void addTo(CLI::App& command);
 
-  bool isGiven() const;
-  bool givesFocalLength() const { return focal_.isGiven(); }
+  const TypedOption& focal() const { return focal_; }
 
-  /// The lens with what was given put in its place.  The settings say whether the focal
-  /// length is meant as the lens's own or as that of a full frame camera.
-  LensInput appliedTo(LensInput lens, const UserDefaults& settings,
-                      const AbstractCamera& camera) const;
+  /// Gives the calculator its `lens` with what was given put in its place, if anything was.
+  /// The settings say whether the focal length is meant as the lens's own or as that of a
+  /// full frame camera.  Throws InputError.
+  template <class Calculator>
+  void applyTo(Calculator& calculator, const LensInput& lens, const UserDefaults& settings,
+               const AbstractCamera& camera) const {
+    if (isGiven()) expectTaken(calculator.setLens(changed(lens, settings, camera)));
+  }
 
  private:
+  bool isGiven() const;
+  LensInput changed(LensInput lens, const UserDefaults& settings,
+                    const AbstractCamera& camera) const;
+
   TypedOption focal_{"--focal", "35mm"};
   TypedOption teleconverter1_{"--teleconverter", "1.4x"};
   TypedOption teleconverter2_{"--teleconverter2", "2x"};

@@ -83,10 +83,7 @@ std::string MatchCommand::run(const Terminal& terminal) {
   const CalculatorEnvironment environment = session.environment();
   EquivalentFocalLengthCalculator calculator(environment);
   calculator.load();
-  if (lens_.isGiven()) {
-    const LensInput lens = lensOf(calculator.model());
-    expectTaken(calculator.setLens(lens_.appliedTo(lens, session.settings(), camera)));
-  }
+  lens_.applyTo(calculator, lensOf(calculator.model()), session.settings(), camera);
   if (const auto fstop = aperture_.read(CameraValuesParser::parseAperture)) {
     expectTaken(calculator.setAperture(environment.apertures.apertureForStop(*fstop)));
   }

@@ -33,12 +33,6 @@ class SolveOption {
     return isGiven() ? std::optional(variables_.at(name_)) : std::nullopt;
   }
 
-  /// Throws the InputError of an input that was given as well as solved for.
-  static void expectOpen(std::string_view option, bool isGiven) {
-    if (!isGiven) return;
-    throw InputError(fmt::format("{} is what is solved for; choose another with --solve", option));
-  }
-
   /// Throws the InputError of a result that no subject distance changes.
   [[noreturn]] static void refuseDistance(std::string_view option) {
     throw InputError(

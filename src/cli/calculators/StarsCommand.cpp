@@ -90,10 +90,7 @@ std::string StarsCommand::run(const Terminal& terminal) {
 
 void StarsCommand::edit(SpotStarsCalculator& calculator, CalculatorSession& session,
                         const AbstractCamera& camera) const {
-  if (lens_.isGiven()) {
-    const LensInput lens = lensOf(calculator.model());
-    expectTaken(calculator.setLens(lens_.appliedTo(lens, session.settings(), camera)));
-  }
+  lens_.applyTo(calculator, lensOf(calculator.model()), session.settings(), camera);
   if (const auto fstop = aperture_.read(CameraValuesParser::parseAperture)) {
     expectTaken(calculator.setAperture(session.environment().apertures.apertureForStop(*fstop)));
   }

@@ -56,6 +56,7 @@ class TimelapseCommand : public Command {
   std::string run(const Terminal& terminal) override;
 
  private:
+  bool isEventGiven() const { return eventOption_->count() > 0; }
   void edit(TimelapseCalculator& calculator) const;
 
   CLI::App* app_ = nullptr;
@@ -66,6 +67,7 @@ class TimelapseCommand : public Command {
   TypedOption fps_{"--fps", "25"};
   TypedOption imageSize_{"--image-size", "24MB"};
   std::string event_;
+  const CLI::Option* eventOption_ = nullptr;
   SolveOption<TimelapseField> solve_{
       {{"interval", shootingInterval}, {"clip", clipLength}, {"duration", eventDuration}}};
   CalculatorOptions options_;
@@ -84,6 +86,7 @@ void TimelapseCommand::addTo(CLI::App& program) {
                        "event or its number; the clip is solved for")
           ->type_name("EVENT");
   for (CLI::Option* each : driven) event->excludes(each);
+  eventOption_ = event;
   event->excludes(solve_.addTo(*app_, "The value that follows from the others"));
   options_.addTo(*app_, Lengths::none);
   intervals_.addTo(*app_);
@@ -115,11 +118,11 @@ std::string TimelapseCommand::run(const Terminal& terminal) {
 
 void TimelapseCommand::edit(TimelapseCalculator& calculator) const {
   calculator.setFreeVariable(
-      event_.empty()
-          ? freeVariable<TimelapseField>(
-                solve_.variable(), calculator.freeVariable(),
-                {{shootingInterval, &interval_}, {clipLength, &clip_}, {eventDuration, &duration_}})
-          : clipLength);
+      isEventGiven() ? clipLength
+                     : freeVariable<TimelapseField>(solve_.variable(), calculator.freeVariable(),
+                                                    {{shootingInterval, &interval_},
+                                                     {clipLength, &clip_},
+                                                     {eventDuration, &duration_}}));
   if (const auto frames = fps_.readPositive(CameraValuesParser::parseFps)) {
     if (*frames != std::trunc(*frames)) fps_.refuse();
     calculator.setValue(fps, *frames);
@@ -127,7 +130,7 @@ void TimelapseCommand::edit(TimelapseCalculator& calculator) const {
   if (const auto megabytes = imageSize_.readPositive(CameraValuesParser::parseMB)) {
     calculator.setValue(imageSize, *megabytes);
   }
-  if (!event_.empty()) calculator.selectRow(findEvent(event_));
+  if (isEventGiven()) calculator.selectRow(findEvent(event_));
   const struct {
     TimelapseField field;
     const TypedOption& option;

@@ -95,7 +95,7 @@ class TimerCommand : public Command {
   std::string run(const Terminal& terminal) override;
 
  private:
-  bool isTimeGiven() const { return !duration_.empty() || !calculator_.empty(); }
+  bool isTimeGiven() const { return durationOption_->count() > 0 || !calculator_.empty(); }
   CountdownTime timeGiven() const;
   std::string start(const Terminal& terminal) const;
   std::string count(ExposureTimer& timer, CountdownDisplay& display) const;
@@ -106,6 +106,7 @@ class TimerCommand : public Command {
   CLI::App* status_ = nullptr;
   CLI::App* reset_ = nullptr;
   std::string duration_;
+  const CLI::Option* durationOption_ = nullptr;
   std::string calculator_;
   bool wantsJson_ = false;
 };
@@ -122,6 +123,7 @@ void TimerCommand::addTo(CLI::App& program) {
       ->check(CLI::IsMember({"exposure", "timelapse", "trails", "stars"}))
       ->excludes(duration);
   app->add_flag("--json", wantsJson_, "Print JSON, at the end");
+  durationOption_ = duration;
   status_ = app->add_subcommand("status", "How the countdown stands; changes nothing");
   reset_ = app->add_subcommand("reset", "End the countdown; the time stays set");
   for (CLI::App* each : {status_, reset_}) each->add_flag("--json", wantsJson_, "Print JSON");

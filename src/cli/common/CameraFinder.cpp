@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <map>
 
 #include "cli/common/Stores.h"
 #include "cli/input/InputError.h"
@@ -76,26 +75,24 @@ class NameSearch {
         fmt::format("{} is ambiguous: name one of {}", inQuotes(text_), listOf(names)));
   }
 
+  /// Names those that are nearest to what was typed.
   [[noreturn]] void failUnknown(const Cameras& cameras) {
     constexpr std::size_t kListed = 3;
-    constexpr int kMostEdits = 2;
-    std::multimap<int, std::string> similar;
+    int fewest = std::min(2, static_cast<int>(folded_.size() - 1) / 2);
+    std::vector<std::string> nearest;
     for (const AbstractCamera& camera : cameras) {
-      int edits = kMostEdits + 1;
+      int edits = fewest + 1;
       for (const auto& name : namesOf(camera)) {
-        edits = std::min(edits, editDistance(folded_, name, kMostEdits));
+        edits = std::min(edits, editDistance(folded_, name, fewest));
       }
-      const bool isSimilar =
-          edits <= kMostEdits && folded_.size() > 2 * static_cast<std::size_t>(edits);
-      if (isSimilar) similar.emplace(edits, camera.modelString());
+      if (edits > fewest) continue;
+      if (edits < fewest) nearest.clear();
+      fewest = edits;
+      nearest.push_back(camera.modelString());
     }
-    std::vector<std::string> suggestions;
-    for (const auto& [edits, name] : similar) {
-      if (suggestions.size() < kListed) suggestions.push_back(name);
-    }
-    throw InputError(
-        fmt::format("no camera named {}{}", inQuotes(text_),
-                    suggestions.empty() ? "; see zenivo cameras" : didYouMean(suggestions)));
+    if (nearest.size() > kListed) nearest.resize(kListed);
+    throw InputError(fmt::format("no camera named {}{}", inQuotes(text_),
+                                 nearest.empty() ? "; see zenivo cameras" : didYouMean(nearest)));
   }
 
  private:

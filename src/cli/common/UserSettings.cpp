@@ -16,24 +16,6 @@ PropertyList::Dictionary readFirstValues() {
   return *std::move(values);
 }
 
-/// A real number in the single precision of the calculators.
-struct AsFloat {
-  std::optional<float> operator()(double value) const { return static_cast<float>(value); }
-  template <class Other>
-  std::optional<float> operator()(const Other&) const {
-    return std::nullopt;
-  }
-};
-
-/// Whether two values read the same: a number that only went through a calculator is no
-/// other one.
-bool isSame(const std::optional<PropertyList>& a, const std::optional<PropertyList>& b) {
-  if (a == b) return true;
-  if (!a || !b) return false;
-  const auto number = a->visit(AsFloat());
-  return number && number == b->visit(AsFloat());
-}
-
 }  // namespace
 
 UserSettings::UserSettings() : first_(readFirstValues()) {
@@ -54,8 +36,8 @@ void UserSettings::save() {
   bool isChanged = false;
   for (const std::string_view key : settings::kAllKeys) {
     auto value = copy_.objectForKey(key);
-    if (isSame(value, firstValue(key))) value.reset();
-    if (isSame(value, user.objectForKey(key))) continue;
+    if (value == firstValue(key)) value.reset();
+    if (value == user.objectForKey(key)) continue;
     user.setValue(std::move(value), key);
     isChanged = true;
   }

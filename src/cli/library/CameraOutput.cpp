@@ -5,7 +5,7 @@
 #include "calculators/camera/CameraValuesFormatter.h"
 #include "calculators/camera/Texts.h"
 #include "cli/common/CameraFinder.h"
-#include "cli/output/Numbers.h"
+#include "cli/common/CameraJson.h"
 
 namespace zenivo::cli {
 namespace {
@@ -16,28 +16,17 @@ bool isCocDerived(const AbstractCamera& camera) {
   return camera.coc == camera.sensorSize.circleOfConfusion();
 }
 
-Json numberOrNull(float value) {
-  return value > 0 ? numberJson(value) : Json(nullptr);
-}
-
 }  // namespace
 
 Json cameraJson(const AbstractCamera& camera, bool isChosen) {
-  return {{"cameraId",
-           isOwn(camera) ? Json(nullptr) : Json(std::get<std::int64_t>(camera.cameraId.value()))},
-          {"name", camera.modelString()},
-          {"brand", camera.brand ? Json(*camera.brand) : Json(nullptr)},
-          {"model", camera.shortModelString()},
-          {"sensorWidth", numberJson(camera.sensorSize.width)},
-          {"sensorHeight", numberJson(camera.sensorSize.height)},
-          {"megapixels", numberOrNull(camera.megapixels)},
-          {"film", !camera.isDigital},
-          {"cropFactor", numberJson(camera.cropFactor)},
-          {"coc", numberJson(camera.coc)},
-          {"cocDerived", isCocDerived(camera)},
-          {"focalLength", numberOrNull(camera.fixedFocalLength)},
-          {"aperture", numberOrNull(camera.fixedAperture)},
-          {"chosen", isChosen}};
+  Json json = cameraJson(camera);
+  json["cameraId"] =
+      isOwn(camera) ? Json(nullptr) : Json(std::get<std::int64_t>(camera.cameraId.value()));
+  json["brand"] = camera.brand ? Json(*camera.brand) : Json(nullptr);
+  json["model"] = camera.shortModelString();
+  json["cocDerived"] = isCocDerived(camera);
+  json["chosen"] = isChosen;
+  return json;
 }
 
 std::string sensorText(const SensorSize& size) {

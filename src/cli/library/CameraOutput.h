@@ -10,6 +10,8 @@
 
 namespace zenivo::cli {
 
+/// The keys of cli/common/CameraJson.h, and "cameraId", "brand", "model", "cocDerived" and
+/// "chosen".
 Json cameraJson(const AbstractCamera& camera, bool isChosen);
 
 /// "35.9 x 23.9 mm"

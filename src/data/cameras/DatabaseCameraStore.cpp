@@ -5,6 +5,7 @@
 
 #include "data/stores/Cameras.h"
 #include "foundation/Failure.h"
+#include "foundation/ShortestDecimal.h"
 
 namespace zenivo {
 namespace {
@@ -55,13 +56,16 @@ CustomCameraRecord recordOf(const CustomCamera& camera) {
 }
 
 void write(const CustomCameraRecord& record, CustomCamera& camera) {
+  const auto set = [&](Attribute<double> attribute, std::optional<float> value) {
+    camera.set(attribute, value ? std::optional(shortestDecimal(*value)) : std::nullopt);
+  };
   camera.set(CustomCamera::model, record.model);
-  camera.set(CustomCamera::sensorWidth, record.sensorSize.width);
-  camera.set(CustomCamera::sensorHeight, record.sensorSize.height);
-  camera.set(CustomCamera::megapixels, record.megapixels);
-  camera.set(CustomCamera::coc, record.coc);
-  camera.set(CustomCamera::focalLength, record.focalLength);
-  camera.set(CustomCamera::aperture, record.aperture);
+  set(CustomCamera::sensorWidth, record.sensorSize.width);
+  set(CustomCamera::sensorHeight, record.sensorSize.height);
+  set(CustomCamera::megapixels, record.megapixels);
+  set(CustomCamera::coc, record.coc);
+  set(CustomCamera::focalLength, record.focalLength);
+  set(CustomCamera::aperture, record.aperture);
   camera.set(CustomCamera::isFilm, record.isFilm);
 }
 

@@ -7,6 +7,7 @@ namespace {
 
 constexpr int kBusyMilliseconds = 30'000;
 constexpr std::size_t kCachedStatements = 200;
+constexpr int kCacheKilobytes = 8'000;  // at most, of a file's pages
 
 /// The URI of a file; its reserved characters escaped.
 std::string uriOf(const std::filesystem::path& file) {
@@ -57,6 +58,7 @@ void Connection::configure(Access access) {
   }
   execute("PRAGMA cell_size_check=ON");
   execute("PRAGMA temp_store=MEMORY");
+  execute("PRAGMA cache_size=" + std::to_string(-kCacheKilobytes));
 }
 
 Connection::Lease Connection::prepare(std::string_view sql) {
@@ -86,7 +88,12 @@ std::string Connection::textOf(std::string_view sql) {
 }
 
 void Connection::rollback() noexcept {
-  if (inTransaction()) sqlite3_exec(handle_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+  if (!inTransaction()) return;
+  try {
+    run("ROLLBACK");
+  } catch (const SqliteFailure&) {
+    // The transaction has ended all the same; what failed was tidying the disk.
+  }
 }
 
 }  // namespace zenivo::sqlite

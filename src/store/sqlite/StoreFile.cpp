@@ -187,7 +187,7 @@ StoreFile::Reading::~Reading() {
 }
 
 void StoreFile::Reading::snapshot() {
-  connection_->execute("BEGIN");
+  connection_->run("BEGIN");
 }
 
 StoreFile::Writing::Writing(StoreFile& file, ForeignKeys foreignKeys)
@@ -196,7 +196,7 @@ StoreFile::Writing::Writing(StoreFile& file, ForeignKeys foreignKeys)
   try {
     // Between transactions only does SQLite heed this.
     if (foreignKeys_ == ForeignKeys::ignored) file.writer_->execute("PRAGMA foreign_keys=OFF");
-    file.writer_->execute("BEGIN IMMEDIATE");
+    file.writer_->run("BEGIN IMMEDIATE");
   } catch (...) {
     file.lock_->release();
     throw;
@@ -212,7 +212,7 @@ StoreFile::Writing::~Writing() {
 }
 
 void StoreFile::Writing::commit() {
-  file_.writer_->execute("COMMIT");
+  file_.writer_->run("COMMIT");
   file_.checkpointIfLong();
 }
 
