@@ -104,7 +104,7 @@ std::optional<ZVFindResultBodyAtAzimuth> AzimuthElevationSearch::onDay(double da
                                .elevation = static_cast<double>(elevation_),
                                .elevationError = static_cast<double>(elevationError_)};
   const double moment = scanMjdForAzimuthElevation(bodies_.body(), window, day, deltaT_);
-  if (moment <= 0.0) return std::nullopt;
+  if (moment == kNoDirectionMoment) return std::nullopt;
   const PtDateTime record = recordOf(moment);
   bodies_.evaluate(nearestMinute(record), deltaT_);
   return bodies_.result(dateWithPtDateTime(record, true));

@@ -19,7 +19,8 @@ std::vector<MeteorGraphInterval> nightsOf(const MeteorDays& days) {
     sets.insert(sets.end(), {day.mjdSunSet, day.mjdSunSet2});
   }
   double to = days[Tomorrow].middle();
-  if (std::ranges::max(sets) >= to) to = days[Tomorrow].mjdEnd;
+  const auto isLate = [to](double set) { return drawEventAtMjd(set) && set >= to; };
+  if (std::ranges::any_of(sets, isLate)) to = days[Tomorrow].mjdEnd;
   return intervalsBelowAltitude(rises, sets, days[Yesterday].middle(), to);
 }
 

@@ -20,7 +20,7 @@ struct MjdRateWindow {
   double start = 0;
   double end = 0;
 
-  bool isNight() const { return start > 0; }
+  bool isNight() const { return start < end; }  // before 1858 both are negative
 
   friend bool operator==(const MjdRateWindow&, const MjdRateWindow&) = default;
 };

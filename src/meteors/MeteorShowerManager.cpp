@@ -143,8 +143,7 @@ void MeteorShowerManager::calculateRealTimeData() {
   isSupermoon_ = isSupermoonAtPhase(moonPhase_, *moon_);
 }
 
-void MeteorShowerManager::calculateMeteorShowerActivitesForYear(std::int64_t year,
-                                                                bool updates) {
+void MeteorShowerManager::calculateMeteorShowerActivitesForYear(std::int64_t year, bool updates) {
   setCurrentMjdDate(modifiedJulianDay(firstDayOfYear(year)));
   recalculateTwilightsAndNightTimes(DayShift::all);
   if (activitiesYear_ != year) setActivitiesYear(year);

@@ -119,7 +119,7 @@ class MeteorShowerManager : public LocationInfoTesselManager {
   // At the moment.
 
   static double solarLongitudeForMjd(double mjd);
-  float currentMeteorRate() const { return currentMeteorRate_; }  ///< meteors per hour
+  float currentMeteorRate() const { return currentMeteorRate_; }   ///< meteors per hour
   double limitingMagnitude() const { return limitingMagnitude_; }  ///< in the zenith
   const PtPolar& moonPosition() const { return moonPosition_; }
   const MoonPhaseResult& moonPhase() const { return moonPhase_; }

@@ -137,6 +137,7 @@ TEST(Meteors, WhereNothingIsSeen) {
   const Json ursids = answer("meteors URS --at Sydney --date 2026-12-20");
   expectNone(ursids["showers"][0]);
   EXPECT_EQ(ursids["tonight"]["time"]["mjd"], -4);
+  EXPECT_TRUE(ursids["tonight"]["best"].is_null());
   EXPECT_LT(ursids["peakRadiant"]["elevation"], 0);
   EXPECT_THAT(zenivo("meteors URS --at Sydney --date 2026-12-20").output,
               HasSubstr("nothing is seen of it"));

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
+#include <sstream>
 #include <stdexcept>
 
 #include "data/stores/Database.h"
@@ -13,14 +14,9 @@ namespace zenivo {
 namespace {
 
 std::vector<std::string> fieldsOf(const std::string& line) {
-  std::vector<std::string> fields(1);
-  for (const char c : line) {
-    if (c == ',') {
-      fields.emplace_back();
-    } else {
-      fields.back() += c;
-    }
-  }
+  std::vector<std::string> fields;
+  std::istringstream stream(line + ",");  // so that an empty last one counts
+  for (std::string field; std::getline(stream, field, ',');) fields.push_back(field);
   return fields;
 }
 

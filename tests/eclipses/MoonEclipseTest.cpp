@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "eclipses/Catalogue.h"
 #include "eclipses/EclipseObserver.h"
@@ -33,45 +33,17 @@ std::vector<double> elevationsOf(const MoonEclipseTimesResult& r) {
           r.elevationU3, r.elevationU4, r.elevationP4};
 }
 
-// F. Espenak's pages of these eclipses, NASA/GSFC: contacts in UT from P1 to P4,
-// magnitudes.
+// F. Espenak's page of the eclipse of 2014 April 15, NASA/GSFC.
 TEST(MoonEclipse, ContactsAsPublished) {
-  struct {
-    const char* name;
-    double longitude;  // where the Moon is up all the time
-    const char* contacts[7];
-    double umbral, penumbral;
-  } const cases[] = {
-      {"LE2014Apr15T",
-       -110,
-       {"04:53:37", "05:58:19", "07:06:47", "07:45:40", "08:24:35", "09:33:04", "10:37:37"},
-       1.291,
-       2.318},
-      {"LE2015Sep28T",
-       -40,
-       {"00:11:47", "01:07:11", "02:11:10", "02:47:07", "03:23:05", "04:27:03", "05:22:27"},
-       1.276,
-       2.230},
-      {"LE2019Jan21T",
-       -80,
-       {"02:36:30", "03:33:54", "04:41:17", "05:12:16", "05:43:16", "06:50:39", "07:48:00"},
-       1.195,
-       2.168},
-      {"LE2022May16T",
-       -60,
-       {"01:32:07", "02:27:53", "03:29:03", "04:11:28", "04:53:56", "05:55:07", "06:50:48"},
-       1.414,
-       2.373},
-  };
-  for (const auto& c : cases) {
-    const auto seen = seenFrom(c.name, 0, c.longitude);
-    EXPECT_EQ(seen.type, 3) << c.name;
-    EXPECT_NEAR(seen.umbralMagnitude, c.umbral, 0.002);
-    EXPECT_NEAR(seen.penumbralMagnitude, c.penumbral, 0.002);
-    const auto moments = momentsOf(seen);
-    for (std::size_t i = 0; i < moments.size(); ++i) {
-      EXPECT_NEAR(secondsAfter(c.contacts[i], moments[i]), 0, 4) << c.name << " " << i;
-    }
+  const auto seen = seenFrom("LE2014Apr15T", 0, -110);
+  EXPECT_EQ(seen.type, 3);
+  EXPECT_NEAR(seen.umbralMagnitude, 1.291, 0.002);
+  EXPECT_NEAR(seen.penumbralMagnitude, 2.318, 0.002);
+  const auto moments = momentsOf(seen);
+  const char* const published[] = {"04:53:37", "05:58:19", "07:06:47", "07:45:40",
+                                   "08:24:35", "09:33:04", "10:37:37"};
+  for (std::size_t i = 0; i < moments.size(); ++i) {
+    EXPECT_NEAR(secondsAfter(published[i], moments[i]), 0, 4) << i;
   }
 }
 
@@ -95,40 +67,15 @@ TEST(MoonEclipse, TheHorizonDecidesTheType) {
   }
 }
 
-TEST(MoonEclipse, APlaceThatSeesNothingHasOnlyTheGreatestMoment) {
-  const auto seen = seenFrom("LE2022May16T", 35, 139);
-  EXPECT_NEAR(secondsAfter("04:11:28", seen.mjdMid), 0, 4);
-  EXPECT_EQ(seen.elevationMid, kNoContactElevation);
-  EXPECT_EQ(seen.mjdP1, kAlwaysBelow);
-  EXPECT_EQ(seen.mjdU2, kAlwaysBelow);
-  EXPECT_EQ(seen.mjdP4, kAlwaysBelow);
-  EXPECT_EQ(seen.umbralMagnitude, 0);
-}
-
 void expectInOrder(const MoonEclipseTimesResult& seen, double kind) {
-  double last = -std::numeric_limits<double>::infinity();
-  for (const double mjd : momentsOf(seen)) {
-    if (mjd == kAlwaysBelow) continue;
-    EXPECT_GT(mjd, last);
-    last = mjd;
-  }
-  EXPECT_EQ(seen.mjdU1 == kAlwaysBelow, kind >= 3);
-  EXPECT_EQ(seen.mjdU4 == kAlwaysBelow, kind >= 3);
-  EXPECT_EQ(seen.mjdU2 == kAlwaysBelow, kind >= 2);
-  EXPECT_EQ(seen.mjdU3 == kAlwaysBelow, kind >= 2);
+  std::vector<double> moments = momentsOf(seen);
+  const std::size_t missing = kind >= 3 ? 4 : kind >= 2 ? 2 : 0;
+  EXPECT_EQ(std::erase(moments, kAlwaysBelow), missing);
+  EXPECT_TRUE(std::ranges::is_sorted(moments));
 }
 
-// Where no contact is said to be seen the engine's Moon is down at each of them, but
-// for the refraction that the elements' Moon does not have.
-void expectHidden(const PtPosition& place, const EclipseLunarRow& lunar, double mjdMid) {
-  ephemeris::PtMoon moon(place);
-  for (const double hours : {lunar.p1, lunar.mid, lunar.p4}) {
-    moon.computePosition(true, mjdMid + (hours - lunar.mid) / 24, lunar.i2 / 86400);
-    EXPECT_LT(moon.horizontal().elevation_, 0.4);
-  }
-}
-
-// Poles, the antimeridian and between, with every eclipse.
+// Poles, the antimeridian and between, with every eclipse.  Where no contact is said to be seen
+// the engine's Moon is down, but for the refraction that the elements' Moon does not have.
 TEST(MoonEclipse, ContactsAreInOrderEverywhere) {
   int hidden = 0;
   for (const EclipseRow* row : eclipsesOfKind(EclipseKind::lunar)) {
@@ -139,13 +86,15 @@ TEST(MoonEclipse, ContactsAreInOrderEverywhere) {
         const auto seen = calculateMoonEclipseTimes(place, elementsOf(*row));
         EXPECT_EQ(moonEclipseType(place, elementsOf(*row)), seen.type);
         EXPECT_LE(seen.type, eclipseTypeAsInt(*row));
-        for (const double elevation : elevationsOf(seen)) EXPECT_TRUE(std::isfinite(elevation));
-        if (seen.mjdP1 == kAlwaysBelow) {
-          expectHidden(place, *row->lunarEclipse, seen.mjdMid);
-          ++hidden;
-        } else {
+        if (seen.mjdP1 != kAlwaysBelow) {
           expectInOrder(seen, row->lunarEclipse->i5);
+          continue;
         }
+        ++hidden;
+        EXPECT_EQ(elevationsOf(seen), std::vector<double>(7, kNoContactElevation));
+        ephemeris::PtMoon moon(place);
+        moon.computePosition(true, seen.mjdMid, row->lunarEclipse->i2 / 86400);
+        EXPECT_LT(moon.horizontal().elevation_, 0.4);
       }
     }
   }
@@ -165,7 +114,7 @@ TEST(MoonEclipse, TheShadowReachesTheMoonAtTheContacts) {
     const auto& s = sun.equatorial();
     const auto& m = moon.equatorial();
     return angularDistance(180 + s.phi() / kDegree, -s.theta() / kDegree, m.phi() / kDegree,
-                             m.theta() / kDegree) /
+                           m.theta() / kDegree) /
            kDegree;
   };
   for (const double mjd :

@@ -7,7 +7,6 @@
 #include "data/stores/Database.h"
 #include "eclipses/Catalogue.h"
 #include "foundation/Bundle.h"
-#include "support/TemporaryFolder.h"
 
 namespace zenivo {
 namespace {
@@ -25,14 +24,6 @@ TEST(StoredEclipseCatalogue, FindsARowByItsName) {
   }
   EXPECT_FALSE(catalogue.getEclipseWithName("SE2024Apr08"));
   EXPECT_FALSE(catalogue.getEclipseWithName("' OR name LIKE '%"));
-}
-
-TEST(StoredEclipseCatalogue, AStoreThatCannotBeReadIsEmpty) {
-  const TemporaryFolder folder;
-  Database database({"", folder.path() / "missing.sqlite"});
-  const StoredEclipseCatalogue catalogue(database.staticManagedObjectContext());
-  EXPECT_TRUE(catalogue.eclipses().empty());
-  EXPECT_FALSE(catalogue.getEclipseWithName("SE2024Apr08T"));
 }
 
 }  // namespace

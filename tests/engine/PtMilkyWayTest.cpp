@@ -111,8 +111,8 @@ TEST(PtStar, RoundTripThroughAzimuthAndElevation) {
                    std::cos(zenithDistance) + 0.009890619606703503 * star.getPosition().rho);
     const PtPolar& found = star.horizontal();
     const double expected = star.refractedElevation(90.0 - shifted / kDegree);
-    EXPECT_NEAR(angularDistance(azimuth, expected, found.azimuth_, found.elevation_) / kDegree,
-                0.0, 0.01)
+    EXPECT_NEAR(angularDistance(azimuth, expected, found.azimuth_, found.elevation_) / kDegree, 0.0,
+                0.01)
         << i;
     EXPECT_EQ(star.semiDiameter(), 0.0);
   }

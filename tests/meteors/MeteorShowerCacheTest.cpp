@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <limits>
 #include <thread>
 
 #include "foundation/AtomicFile.h"
@@ -47,7 +46,6 @@ class MeteorShowerCacheTest : public testing::Test {
 TEST_F(MeteorShowerCacheTest, ComesBackFromItsFile) {
   cache.setLocation(kTeide);
   cache.cacheMeteorShower(perseids(), 2026, period(2026));
-  cache.cacheMeteorShower(showerWithCode(catalogue, "GEM"), 2026, period(2026));
   cache.cacheMeteorShower(perseids(), 2027, period(2027));
   ASSERT_TRUE(cache.save());
 
@@ -57,6 +55,8 @@ TEST_F(MeteorShowerCacheTest, ComesBackFromItsFile) {
   EXPECT_EQ(other.accessedYears(), (std::vector<std::int64_t>{2026, 2027}));
   EXPECT_EQ(other.activityPeriodForMeteorShower(perseids(), 2026), period(2026));
   EXPECT_FALSE(other.setLocation(kTeide));
+  other.setCacheEnabled(false);
+  EXPECT_FALSE(other.activityPeriodForMeteorShower(perseids(), 2026));
 }
 
 TEST_F(MeteorShowerCacheTest, ABrokenFileIsReplaced) {
@@ -75,7 +75,6 @@ TEST_F(MeteorShowerCacheTest, ABrokenFileIsReplaced) {
     MeteorShowerCache other("meteorPeaks", folder.path());
     other.load();
     EXPECT_EQ(other.cacheData(), CacheData());
-    EXPECT_TRUE(other.accessedYears().empty());
     EXPECT_TRUE(other.setLocation(kTeide));
     other.cacheMeteorShower(perseids(), 2026, period(2026));
     EXPECT_TRUE(other.save());
@@ -88,14 +87,7 @@ TEST_F(MeteorShowerCacheTest, ABrokenFileIsReplaced) {
     writeFile(spoiled);
     cache.load();
     EXPECT_FALSE(cache.activityPeriodForMeteorShower(perseids(), 2026)) << spoiled;
-    EXPECT_TRUE(cache.activityPeriodForMeteorShower(perseids(), 2026) == std::nullopt);
   }
-  cache.setCacheEnabled(false);
-  writeFile(good);
-  cache.load();
-  EXPECT_FALSE(cache.activityPeriodForMeteorShower(perseids(), 2026));
-  cache.setCacheEnabled(true);
-  EXPECT_TRUE(cache.activityPeriodForMeteorShower(perseids(), 2026));
 }
 
 TEST_F(MeteorShowerCacheTest, AFolderThatCannotBeMade) {
@@ -117,10 +109,8 @@ TEST_F(MeteorShowerCacheTest, MovesUpToTenKilometresKeepIt) {
   EXPECT_TRUE(cache.setLocation(north(11)));
   EXPECT_TRUE(cache.cacheData().activityPeriods.empty() && cache.accessedYears().empty());
   EXPECT_EQ(cache.cacheData().cachedLocation, north(11).coordinate);
-  cache.cacheMeteorShower(perseids(), 2026, period(2026));
   EXPECT_TRUE(cache.setLocation(std::nullopt));
-  EXPECT_TRUE(cache.cacheData().activityPeriods.empty());
-  EXPECT_TRUE(cache.setLocation(std::nullopt));
+  EXPECT_TRUE(cache.setLocation(std::nullopt));  // nowhere is near nowhere
 }
 
 TEST_F(MeteorShowerCacheTest, TheYearNotAccessedForLongestGoes) {
@@ -159,24 +149,6 @@ TEST_F(MeteorShowerCacheTest, IsSafeToShare) {
   }
   writer.join();
   EXPECT_LE(cache.cacheData().activityPeriods.size(), 9U);
-}
-
-TEST(ActivityPeriod, GivesWhatHoldsForThePlace) {
-  MeteorShowerActivityPeriod from;
-  from.year = 2026;
-  from.peakMjd = 1;
-  from.realPeakMjd = 2;
-  from.rateAtPeak = 3;
-  MeteorShowerActivityPeriod to;
-  to.year = 2030;
-  to.startDate = Date::withTimeIntervalSinceReferenceDate(7);
-  to.peakMjd = 4;
-  from.copyToActivityPeriod(to);
-  EXPECT_EQ(to.year, 2030);
-  EXPECT_EQ(to.startDate, Date::withTimeIntervalSinceReferenceDate(7));
-  EXPECT_EQ(to.peakMjd, 4);
-  EXPECT_EQ(to.realPeakMjd, 2);
-  EXPECT_EQ(to.rateAtPeak, 3);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -42,7 +43,7 @@ class MeteorShowerManagerTest : public testing::Test {
   std::shared_ptr<Listener> listener = std::make_shared<Listener>();
 };
 
-// The evening before the Perseids' maximum of 2026, new Moon.
+// The evening before the Perseids' maximum of 2026, new Moon; the radiant is low.
 TEST_F(MeteorShowerManagerTest, TheNightOfThePerseids) {
   MeteorShowerManager manager(at({2026, 8, 12, 21, 0}), nullptr);
   const MeteorShower& perseids = *manager.meteorShowerWithId(7);
@@ -51,33 +52,24 @@ TEST_F(MeteorShowerManagerTest, TheNightOfThePerseids) {
   EXPECT_EQ(manager.activeAndUpcomingShowers().front()->showerClass, kMajorShower);
   const MeteorShowerActivityPeriod& period = *manager.activityPeriodForMeteorShowerId(7);
   EXPECT_NEAR(manager.maxPeakInfo().mjd, period.realPeakMjd, 2.0 / 1440.0);
-  EXPECT_GT(manager.maxPeakInfo().rate, period.rateAtPeak);  // with the other showers'
-  EXPECT_LT(manager.maxPeakInfo().rate, period.rateAtPeak + 20.0);
-
-  // Early in the night the radiant is low.
-  EXPECT_GT(manager.currentMeteorRate(), 1.0F);
-  EXPECT_LT(manager.currentMeteorRate(), 40.0F);
+  EXPECT_NEAR(manager.maxPeakInfo().rate, period.rateAtPeak + 5.0, 5.0);  // with the other showers'
+  EXPECT_NEAR(manager.currentMeteorRate(), 20.0F, 20.0F);
   EXPECT_NEAR(perseids.elevation, 2.0, 3.0);
-  EXPECT_LT(manager.moonPosition().elevation_, 0.0);
   EXPECT_EQ(manager.moonPhase().phase, kNewMoon);
   EXPECT_NEAR(manager.moonlessHours(), 7.7, 0.3);
 
-  // The curves agree with the rate of their moments, and the threshold is sunrise.
-  const MeteorDayInfoData& today = manager.currentDayInfo();
-  EXPECT_EQ(manager.meteorMjdPeakThreshold(), today.mjdSunRise);
-  ephemeris::PtSun sun(kTeide.getPtPosition());
-  ephemeris::PtMoon moon(kTeide.getPtPosition());
-  MeteorMoment moment = momentOfDay(today.mjdStart);
-  moment.mjd = today.elevationsAndRates[140].mjd;
-  EXPECT_EQ(
-      today.elevationsAndRates[140].rate,
-      static_cast<float>(manager.calculateActiveMeteorsRateAtMjd(moment, nullptr, sun, moon).rate));
-  EXPECT_GT(today.elevationsAndRates[140].meteorElevation, 0.0F);
-
+  // A jump to the best minute: the rate of the moment, of the night and of the curve agree.
   EXPECT_FALSE(manager.isPeakDay(perseids));
   EXPECT_TRUE(manager.jumpToMjdDate(period.realPeakMjd + 0.3));  // after sunrise
-  EXPECT_TRUE(manager.jumpToMjdDate(period.realPeakMjd + 0.01));
+  EXPECT_TRUE(manager.jumpToMjdDate(manager.activityPeriodForMeteorShowerId(7)->realPeakMjd));
+  EXPECT_TRUE(manager.isPeakDay(perseids));
   EXPECT_FALSE(manager.isPeakDay(*manager.meteorShowerWithId(5)));
+  EXPECT_NEAR(manager.currentMeteorRate(), manager.maxPeakInfo().rate, 0.1);
+  EXPECT_EQ(manager.limitingMagnitude(), kDarkSkyMagnitude);
+  const auto& curve = manager.currentDayInfo().elevationsAndRates;
+  const auto best = std::ranges::max_element(curve, {}, &MeteorGraphInfoAtMjd::rate);
+  EXPECT_NEAR(best->rate, manager.maxPeakInfo().rate, 0.5);
+  EXPECT_NEAR(best->mjd, manager.maxPeakInfo().mjd, 0.006);
 }
 
 // Wherever a manager comes from, at a moment it shows what one opened there shows.
@@ -120,59 +112,41 @@ TEST_F(MeteorShowerManagerTest, WhatAJumpComputes) {
   EXPECT_EQ(manager.currentDayInfoForMilkyWayInfo().mjdEnd, midnight);
   EXPECT_TRUE(manager.jumpToMjdDate(midnight + 0.5));  // over sunrise
   EXPECT_EQ(manager.currentDayInfoForMilkyWayInfo().mjdStart, midnight);
-  EXPECT_TRUE(manager.jumpToMjdDate(midnight + 0.05));  // and back
-  EXPECT_TRUE(manager.jumpToMjdDate(midnight - 0.2));   // more than 0.2 days
+  EXPECT_TRUE(manager.jumpToMjdDate(midnight - 0.2));  // more than 0.2 days
   EXPECT_TRUE(manager.jumpToMjdDate(midnight + 60.0));
   EXPECT_EQ(manager.meteorShowerWithId(7)->activityPeriods.front().year, 2027);
 }
 
 // No place, the poles, polar day and night: sentinels and zeroes, never not-a-number.
 TEST_F(MeteorShowerManagerTest, WhereThereIsNothingToSee) {
-  const MeteorShowerManager nowhere(at({2026, 8, 12, 21, 0}, std::nullopt), cache);
+  const MeteorShowerManager nowhere(at({2026, 8, 12, 21, 0}, placeAt(91, 0)), cache);
+  EXPECT_FALSE(nowhere.location());
   EXPECT_FALSE(nowhere.activeShowers().empty());
-  EXPECT_EQ(nowhere.currentMeteorRate(), 0.0F);
-  EXPECT_EQ(nowhere.moonlessHours(), 0.0F);
+  EXPECT_EQ(nowhere.currentMeteorRate() + nowhere.moonlessHours(), 0.0F);
   EXPECT_EQ(nowhere.maxPeakInfo().mjd, kAlwaysBelow);
   EXPECT_TRUE(nowhere.currentDayInfo().elevationsAndRates.empty());
-  const MeteorShowerManager offTheGlobe(at({2026, 8, 12, 21, 0}, placeAt(91, 0)), cache);
-  EXPECT_FALSE(offTheGlobe.location());
 
   for (const double latitude : {90.0, -90.0, 70.0, -75.0}) {
     for (const int month : {3, 6, 8, 9, 12}) {
       const MeteorShowerManager manager(at({2026, month, 21, 10, 0}, placeAt(latitude, 0)),
                                         nullptr);
       const MeteorMaxPeakInfo& peak = manager.maxPeakInfo();
-      const bool polarDay = manager.currentDayInfo().mjdSunRise == kAlwaysAbove;
       EXPECT_EQ(peak.mjd == kAlwaysBelow, peak.rate == 0.0) << latitude << ' ' << month;
-      if (polarDay) {
+      if (manager.currentDayInfo().mjdSunRise == kAlwaysAbove) {
         EXPECT_EQ(peak.mjd, kAlwaysBelow);
-        ASSERT_FALSE(manager.activeShowers().empty());
-        EXPECT_EQ(peak.bestMeteorShower, manager.activeShowers().front());
-      }
-      for (const float value :
-           {manager.currentMeteorRate(), manager.moonlessHours(), static_cast<float>(peak.rate)}) {
-        EXPECT_TRUE(std::isfinite(value) && value >= 0.0F) << latitude << ' ' << month;
+        EXPECT_EQ(peak.bestMeteorShower, manager.activeShowers().at(0));
       }
       for (const MeteorDayInfoData& day : manager.daysInfo()) {
         for (const MeteorGraphInfoAtMjd& info : day.elevationsAndRates) {
-          ASSERT_TRUE(std::isfinite(info.rate) && std::isfinite(info.moonElevation) &&
-                      std::isfinite(info.meteorElevation));
+          ASSERT_TRUE(info.rate >= 0.0F &&
+                      std::isfinite(info.rate + info.moonElevation + info.meteorElevation));
         }
       }
+      const float rate = manager.currentMeteorRate();
+      EXPECT_TRUE(rate >= 0.0F && std::isfinite(rate)) << latitude << ' ' << month;
+      EXPECT_TRUE(manager.moonlessHours() >= 0.0F) << latitude << ' ' << month;
     }
   }
-}
-
-TEST_F(MeteorShowerManagerTest, AListThatCannotBeRead) {
-  ::setenv("ZENIVO_RESOURCES", folder.path().c_str(), 1);
-  MeteorShowerManager manager(at({2026, 8, 12, 21, 0}), nullptr);
-  ::unsetenv("ZENIVO_RESOURCES");
-  manager.jumpToMjdDate(manager.currentMjdDate() + 0.5);
-  EXPECT_TRUE(manager.activeAndUpcomingShowers().empty());
-  EXPECT_EQ(manager.maxPeakInfo().bestMeteorShower, nullptr);
-  EXPECT_EQ(manager.selectedMeteorShower(), nullptr);
-  EXPECT_EQ(manager.meteorShowerWithId(7), nullptr);
-  EXPECT_EQ(manager.activityPeriodForMeteorShowerId(7), nullptr);
 }
 
 // A year's table, and the same from the file of the cache.
@@ -182,14 +156,12 @@ TEST_F(MeteorShowerManagerTest, ACalendarOfAYear) {
     const auto theCache = std::make_shared<MeteorShowerCache>("meteorPeaks", folder.path());
     theCache->load();
     MeteorShowerManager manager(at({2020, 5, 5, 12, 0}), true, theCache);
-    listener->finished = 0;
+    listener = std::make_shared<Listener>();
     manager.setDelegate(listener);
-    manager.calculateMeteorShowerActivitesForYear(2026);
+    manager.calculateMeteorShowerActivitesForYear(2026, fromFile);
     EXPECT_EQ(manager.currentDate(), firstDayOfYear(2026));
     runUntilFinished();
-    EXPECT_EQ(listener->updates, 0);
-    // Ursids of 2025 are over; what 60 degrees of latitude hide has no peak.
-    EXPECT_EQ(manager.majorShowers().front()->iauCode, "QUA");
+    EXPECT_EQ(listener->updates, fromFile ? 40 : 0);
     for (const auto& shower : manager.majorShowers()) {
       for (const MeteorShowerActivityPeriod& period : shower->activityPeriods) {
         EXPECT_TRUE(period.hasRealPeak()) << shower->iauCode << ' ' << period.year;
@@ -200,6 +172,7 @@ TEST_F(MeteorShowerManagerTest, ACalendarOfAYear) {
   }
 }
 
+// A peak that is cached is taken as it is.
 TEST_F(MeteorShowerManagerTest, OneShowerOnly) {
   MeteorShowerManager manager(at({2026, 5, 5, 12, 0}), 4, true, cache);
   manager.setDelegate(listener);
@@ -210,16 +183,12 @@ TEST_F(MeteorShowerManagerTest, OneShowerOnly) {
       EXPECT_EQ(period.hasRealPeak(), shower->meteorId == 4);
     }
   }
-  EXPECT_EQ(cache->cacheData().activityPeriods.at(2026).size(), 1U);
-
-  // A peak that is cached is taken as it is.
   MeteorShowerActivityPeriod planted = cache->cacheData().activityPeriods.at(2026).at(4);
   planted.rateAtPeak = 12345;
   cache->cacheMeteorShower(*manager.meteorShowerWithId(4), 2026, planted);
   MeteorShowerManager second(at({2026, 12, 1, 12, 0}), 4, false, cache);
   second.calculatePeakForShowerId(4, second.currentDate());
   EXPECT_EQ(second.activityPeriodForMeteorShowerId(4)->rateAtPeak, 12345);
-  EXPECT_EQ(second.selectedMeteorShower()->meteorId, 4);
 }
 
 // Requests are gathered for 0.2 s; the peaks come in shower by shower, and the file is
@@ -235,14 +204,6 @@ TEST_F(MeteorShowerManagerTest, PeaksFromTheBackground) {
   EXPECT_EQ(listener->updates, 40);
   EXPECT_TRUE(manager.meteorShowerWithId(20)->activityPeriods[1].hasRealPeak());
   EXPECT_TRUE(std::filesystem::exists(cache->file()));
-
-  MeteorShowerActivityPeriod alone = manager.meteorShowerWithId(20)->activityPeriods[1];
-  alone.realPeakMjd = 0;
-  cache->setCacheEnabled(false);
-  ephemeris::PtSun sun(kTeide.getPtPosition());
-  ephemeris::PtMoon moon(kTeide.getPtPosition());
-  manager.calculatePeakDateForMeteorShower(*manager.meteorShowerWithId(20), alone, sun, moon);
-  EXPECT_EQ(alone, manager.meteorShowerWithId(20)->activityPeriods[1]);
 }
 
 // A job that runs when the place changes delivers nothing for the old one: neither to

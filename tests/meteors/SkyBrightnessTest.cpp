@@ -19,42 +19,30 @@ SkyLights lights(double sunElevation, double moonElevation, double illumination)
           .phaseIllumination = illumination};
 }
 
-class LimitingMagnitude : public testing::TestWithParam<ZVLocation> {};
-
 // Everywhere, in every month: more light never shows fainter stars.
-TEST_P(LimitingMagnitude, FallsWithSunAndMoon) {
-  for (int month = 1; month <= 12; ++month) {
-    const SkyModel model(2024 + month % 11, month, GetParam(), 40, 15);
-    const auto isHigher = [&](const SkyLights& now, double& last) {
-      const double magnitude = model.limitingMagnitude(now);
-      EXPECT_TRUE(std::isfinite(magnitude));
-      EXPECT_LE(magnitude, kDarkSkyMagnitude);
-      const bool rises = magnitude > last + 1e-9;
-      last = magnitude;
-      return rises;
-    };
-    for (const double fixed : {-40.0, -17.0, -5.0, 3.0, 60.0}) {
-      for (const double illumination : {0.0, 0.4, 1.0}) {
-        double bySun = kDarkSkyMagnitude;
-        double byMoon = kDarkSkyMagnitude;
-        for (double elevation = -90.0; elevation <= 90.0; elevation += 0.5) {
-          ASSERT_FALSE(isHigher(lights(elevation, fixed, illumination), bySun))
-              << "Sun " << elevation << " month " << month;
-          ASSERT_FALSE(isHigher(lights(fixed, elevation, illumination), byMoon))
-              << "Moon " << elevation << " month " << month;
+TEST(SkyModel, FallsWithSunAndMoon) {
+  for (const ZVLocation& place :
+       {placeAt(90, 0), placeAt(-90, 0), placeAt(0, 0), kTeide, placeAt(69.6, 18.9, -50, 3)}) {
+    for (int month = 1; month <= 12; ++month) {
+      const SkyModel model(2024 + month % 11, month, place, 40, 15);
+      const auto expectFall = [&](auto lightsAt) {
+        double last = kDarkSkyMagnitude;
+        for (double share = 0; share <= 1; share += 1.0 / 360) {
+          const double magnitude = model.limitingMagnitude(lightsAt(share));
+          ASSERT_LE(magnitude, last + 1e-9) << place.coordinate.latitude << ' ' << month;
+          last = magnitude;
+        }
+      };
+      for (const double fixed : {-40.0, -17.0, -5.0, 3.0, 60.0}) {
+        for (const double lit : {0.0, 0.4, 1.0}) {
+          expectFall([&](double share) { return lights(180 * share - 90, fixed, lit); });
+          expectFall([&](double share) { return lights(fixed, 180 * share - 90, lit); });
         }
       }
-    }
-    double byPhase = kDarkSkyMagnitude;
-    for (double illumination = 0.0; illumination <= 1.0; illumination += 0.01) {
-      ASSERT_FALSE(isHigher(lights(-30.0, 40.0, illumination), byPhase)) << illumination;
+      expectFall([](double share) { return lights(-30, 40, share); });
     }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Places, LimitingMagnitude,
-                         testing::Values(placeAt(90, 0), placeAt(-90, 0), placeAt(0, 0), kTeide,
-                                         placeAt(69.6, 18.9, -50, 3)));
 
 // The darkest sky needs the Sun 18 degrees down and no Moon; the model itself gives less.
 TEST(SkyModel, TheDarkestSkyIsGiven) {
@@ -91,7 +79,6 @@ TEST(SkyModel, AirAndGlow) {
   EXPECT_GT(brightness(2026, kTeide, 40), brightness(2026, placeAt(28.27, -16.64), 40));
   EXPECT_EQ(brightness(2026, placeAt(28.27, -16.64, 2390, 0), 40),
             brightness(2026, placeAt(28.27, -16.64), 40));
-  EXPECT_GT(brightness(2026, kTeide, 20), brightness(2026, kTeide, 90));
   // The equator is no singularity between the hemispheres' seasons.
   EXPECT_TRUE(std::isfinite(brightness(2026, placeAt(0, 0), 40)));
   EXPECT_EQ(calculateLimitingMagnitudeWithYear(2026, 6, kTeide, lights(-10, 20, 0.5), 40, 15),

@@ -132,6 +132,7 @@ ShowerReport reportShower(const MeteorQuestion& question, std::string_view name)
     report.nextPeriod = shower->activityPeriods.back();
   }
   report.now = lookAtNight(question, manager);
+  if (report.now.tonight.rate == 0) report.now.tonight.bestMeteorShower = nullptr;
   report.shower.shower = *shower;
   if (!manager.location()) return report;
 

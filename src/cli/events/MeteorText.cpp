@@ -32,7 +32,6 @@ class Clock {
 
   std::string time(double mjd) const { return format("%H:%M", mjd); }
   std::string dayAndTime(double mjd) const { return format("%e %b %H:%M", mjd); }
-  std::string weekdayAndDay(double mjd) const { return format("%a %e %b", mjd); }
   std::string fullTime(double mjd) const { return dayTitle(minute(mjd), zone_) + ", " + time(mjd); }
   std::string span(const MeteorShowerActivityPeriod& period) const {
     return period.toString(DateFormatter("%e %b", zone_));
@@ -184,7 +183,8 @@ std::string nextText(const ShowerReport& report) {
 }
 
 std::string daysTable(const ShowerReport& report, const Terminal& terminal) {
-  const Clock clock(report.question.zone);
+  const TimeZone& zone = report.question.zone;
+  const DateFormatter weekday("%a %e %b", zone);
   Table table({{"day"},
                {"best"},
                {"rate", Align::right},
@@ -196,9 +196,11 @@ std::string daysTable(const ShowerReport& report, const Terminal& terminal) {
                {"moonset"}});
   for (const ShowerDay& day : report.days) {
     const MeteorDayInfoData& info = day.info;
+    const Date noon = dateFromModifiedJulianDay(info.middle());
+    const DayClock clock(Calendar(zone).componentsFromDate(noon), zone);
     const bool isSeen = day.best.rate > 0;
     table.addRow(
-        {clock.weekdayAndDay(info.middle()), isSeen ? clock.time(day.best.mjd) : "-",
+        {weekday.stringFromDate(noon), isSeen ? clock.time(day.best.mjd) : "-",
          rateText(double{day.best.rate}), isSeen ? degrees(double{day.best.meteorElevation}) : "-",
          isSeen ? degrees(double{day.best.moonElevation}) : "-", clock.time(info.mjdSunRise),
          clock.time(info.mjdSunSet), clock.time(info.mjdMoonRise), clock.time(info.mjdMoonSet)});
