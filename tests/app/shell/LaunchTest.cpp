@@ -32,11 +32,11 @@ TEST_F(ShellTest, LaunchesInOrder) {
 
 TEST_F(ShellTest, TheFirstCameraOfTheCatalogueIsChosenOnce) {
   launch();
-  using namespace settings;
-  for (const auto key : {global_camera, equivalentFocalLength_Camera2}) {
+  for (const auto key : {settings::global_camera, settings::equivalentFocalLength_Camera2}) {
     EXPECT_EQ(settings_.objectForKey(key), PropertyList(1)) << key;
   }
-  for (const auto key : {global_camera_model, equivalentFocalLength_Camera2Model}) {
+  for (const auto key :
+       {settings::global_camera_model, settings::equivalentFocalLength_Camera2Model}) {
     EXPECT_EQ(settings_.stringForKey(key), "Canon EOS R6 Mark II") << key;
   }
 }

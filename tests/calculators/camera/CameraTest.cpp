@@ -4,6 +4,7 @@
 #include "calculators/CalculatorFixture.h"
 #include "calculators/camera/AbstractCamera.h"
 #include "calculators/camera/CameraChooser.h"
+#include "calculators/camera/CameraForm.h"
 
 namespace zenivo {
 namespace {
@@ -88,6 +89,13 @@ TEST_F(Cameras, AFailedDeletionLeavesTheChoice) {
   EXPECT_TRUE(chooser.deleteCustomCamera(mine));
   EXPECT_EQ(chooser.camera()->modelString(), "Alpha FF");
   EXPECT_EQ(delegate.told, "Alpha FF");
+}
+
+TEST_F(Cameras, AFormShowsWhatItDerives) {
+  CameraForm form;
+  EXPECT_EQ(form.cropFactorText() + ", " + form.cocText(), "--, -- mm");
+  form.setSensorSize(kApsC);
+  EXPECT_EQ(form.cropFactorText() + ", " + form.cocText(), "1.6, 0.019 mm");
 }
 
 }  // namespace

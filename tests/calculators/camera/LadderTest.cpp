@@ -43,6 +43,7 @@ TEST(ApertureLadder, ShowsTheEngravedNumbers) {
   EXPECT_EQ(fstopsUpTo(manager, 8),
             (std::vector<double>{1, 1.2, 1.4, 1.7, 2, 2.4, 2.8, 3.3, 4, 4.8, 5.6, 6.7, 8}));
   manager.setCurrentApertureStopType(ApertureStopType::full);
+  EXPECT_EQ(defaults.integerForKey(settings::global_cameraStops), 2);
   EXPECT_EQ(fstopsUpTo(manager, 128),
             (std::vector<double>{1, 1.4, 2, 2.8, 4, 5.6, 8, 11, 16, 22, 32, 45, 64, 90, 128}));
 }

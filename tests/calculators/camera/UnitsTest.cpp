@@ -3,7 +3,6 @@
 #include <cmath>
 #include <limits>
 
-#include "app/settings/SettingsKeys.h"
 #include "calculators/camera/NSNumberWithDistanceUnit.h"
 
 namespace zenivo {
