@@ -24,7 +24,8 @@ if(ZENIVO_SANITIZE)
   # Traces need lines alone, and without the rest of -g the build is a good deal shorter.
   add_compile_options(-g1 -fsanitize=${ZENIVO_SANITIZE} -fno-sanitize-recover=all
     -fno-omit-frame-pointer)
-  # AddressSanitizer catches what these would, and they make up a third of the build.
+  # AddressSanitizer stops at the first two by itself, the third harms no machine that this runs
+  # on, and together they make up a third of the build.
   if(ZENIVO_SANITIZE MATCHES "address,undefined")
     add_compile_options(-fno-sanitize=null,object-size,alignment)
   endif()

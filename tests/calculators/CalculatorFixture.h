@@ -46,17 +46,20 @@ class MemoryCameraStore : public CameraStore {
   }
 
   bool saveCustomCamera(const CustomCameraRecord& camera, std::string* error) override {
-    if (!deleteCustomCamera(camera.uniqueIdentifier, error)) return false;
-    custom.push_back(camera);
-    if (camera.uniqueIdentifier.empty()) {
+    if (isBroken) return report(error);
+    const auto found =
+        std::ranges::find(custom, camera.uniqueIdentifier, &CustomCameraRecord::uniqueIdentifier);
+    if (!camera.uniqueIdentifier.empty() && found != custom.end()) {
+      *found = camera;
+    } else {
+      custom.push_back(camera);
       custom.back().uniqueIdentifier = "ID-" + std::to_string(++made_);
     }
     return true;
   }
 
   bool deleteCustomCamera(std::string_view uniqueIdentifier, std::string* error) override {
-    if (isBroken && error != nullptr) *error = "disk full";
-    if (isBroken) return false;
+    if (isBroken) return report(error);
     std::erase_if(custom,
                   [&](const auto& camera) { return camera.uniqueIdentifier == uniqueIdentifier; });
     return true;
@@ -67,6 +70,11 @@ class MemoryCameraStore : public CameraStore {
   bool isBroken = false;
 
  private:
+  static bool report(std::string* error) {
+    if (error != nullptr) *error = "disk full";
+    return false;
+  }
+
   int made_ = 0;
 };
 

@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <fstream>
-#include <tuple>
 
 #include "calculators/CalculatorTest.h"
 #include "support/TemporaryFolder.h"
@@ -23,9 +22,32 @@ class ExposureCalculators : public CalculatorTest {
   ExposureCalculator calculator{environment()};
 };
 
+TEST_F(ExposureCalculators, TenStopsTakeAThousandTimesTheTime) {
+  EXPECT_FALSE(calculator.setFilter(10, 0));
+  EXPECT_NEAR(equivalent().shutterSpeed(), 0.008 * 1024, 1e-4);
+  EXPECT_EQ(calculator.results()[0].text, "8s");
+  EXPECT_EQ(calculator.results()[2].text, "+3");
+}
+
+TEST_F(ExposureCalculators, TheTestShotTellsTheLight) {
+  EXPECT_FALSE(calculator.setIso(testIso, 400));
+  EXPECT_NEAR(equivalent().shutterSpeed(), 0.008 * 4, 1e-6) << "the light is a quarter";
+  calculator.setFreeVariable(iso);
+  EXPECT_FALSE(calculator.setShutterSpeed(shutterSpeed, 0.008F));
+  EXPECT_NEAR(equivalent().iso(), 400, 0.01);
+  EXPECT_FALSE(calculator.setIso(testIso, 100));
+  EXPECT_NEAR(equivalent().iso(), 100, 0.01);
+  calculator.setFreeVariable(aperture);
+  EXPECT_FALSE(calculator.setShutterSpeed(shutterSpeed, 0.032F));
+  EXPECT_EQ(equivalent().aperture().fstop, 16);
+  calculator.setFreeVariable(testAperture);
+  EXPECT_EQ(calculator.freeVariable(), aperture) << "no free variable";
+}
+
 TEST_F(ExposureCalculators, RefusalsLeaveEverythingAsItWas) {
   const struct {
-    ExposureField free, field;
+    ExposureField free;
+    ExposureField field;
     float value;
     Refusal refusal;
   } cases[] = {{shutterSpeed, testShutterSpeed, 0, noShutterSpeed()},
@@ -37,41 +59,51 @@ TEST_F(ExposureCalculators, RefusalsLeaveEverythingAsItWas) {
                {aperture, iso, -100, noAperture()}};
   for (const auto& c : cases) {
     calculator.setFreeVariable(c.free);
-    const auto state = [this] {
-      return std::tuple(calculator.testExposureModel().shutterSpeed(), equivalent().shutterSpeed(),
-                        equivalent().iso(), equivalent().ev(), equivalent().aperture());
-    };
-    const auto before = state();
+    const Exposure test = calculator.testExposureModel(), before = equivalent();
     const bool isSpeed = c.field == shutterSpeed || c.field == testShutterSpeed;
     const EditResult result = isSpeed ? calculator.setShutterSpeed(c.field, c.value)
                                       : calculator.setIso(c.field, c.value);
     EXPECT_EQ(result, c.refusal);
-    EXPECT_EQ(state(), before);
+    EXPECT_EQ(calculator.testExposureModel().shutterSpeed(), test.shutterSpeed());
+    EXPECT_EQ(equivalent().shutterSpeed(), before.shutterSpeed());
+    EXPECT_EQ(equivalent().iso(), before.iso());
+    EXPECT_EQ(equivalent().ev(), before.ev());
+    EXPECT_EQ(equivalent().aperture(), before.aperture());
   }
 }
 
 TEST_F(ExposureCalculators, RowsOfTheTableReplaceTheTestShot) {
-  EXPECT_FALSE(calculator.selectRow({"light_full_sun", "ev_15"}));
+  const ExposureValueRow row{"light_full_sun", "ev_15"};
+  EXPECT_TRUE(calculator.usedTestModel());
+  EXPECT_FALSE(calculator.selectRow(row));
   EXPECT_FALSE(calculator.usedTestModel());
+  EXPECT_NEAR(calculator.testExposureModel().shutterSpeed(), 1 / 512.0, 1e-6);
+  EXPECT_EQ(calculator.testExposureModel().iso(), 100);
+  EXPECT_NEAR(equivalent().ev(), 15, 1e-6);
   EXPECT_NEAR(equivalent().shutterSpeed(), 1 / 512.0, 1e-6);
   EXPECT_FALSE(calculator.setAperture(testAperture, apertures.apertureForStop(16)));
   EXPECT_TRUE(calculator.usedTestModel());
 }
 
-TEST_F(ExposureCalculators, TheFreeVariableComesBack) {
+TEST_F(ExposureCalculators, SettingsComeBack) {
+  EXPECT_FALSE(calculator.setFilter(6, 0.5F));
+  EXPECT_FALSE(calculator.setAperture(testAperture, apertures.apertureForStop(11)));
   calculator.setFreeVariable(iso);
-  calculator.setFreeVariable(testAperture);  // which is none
   calculator.save();
   ExposureCalculator again(environment());
   again.load();
   EXPECT_EQ(again.freeVariable(), iso);
+  EXPECT_EQ(again.testExposureModel().aperture(), apertures.apertureForStop(11));
+  EXPECT_EQ(again.equivalentExposureModel().filterValue(), 6.5F);
 }
 
 TEST(ExposureValues, TextsAreReadAsMeans) {
-  const std::pair<const char*, std::int64_t> cases[] = {
-      {"12 to 15", 13},  {"-6", -6},    {"-3 to -2", -2},
-      {"about 8", 8},    {"", 0},       {"dark", 0},
-      {"1, 2 and 4", 2}, {"12-15", -1}, {"99999999999999999999", 0}};
+  const struct {
+    const char* text;
+    std::int64_t value;
+  } cases[] = {{"12 to 15", 13},  {"-6", -6},    {"-3 to -2", -2},
+               {"about 8", 8},    {"", 0},       {"dark", 0},
+               {"1, 2 and 4", 2}, {"12-15", -1}, {"99999999999999999999", 0}};
   for (const auto& [text, value] : cases) EXPECT_EQ(evValueOfText(text), value) << text;
 }
 

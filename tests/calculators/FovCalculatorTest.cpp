@@ -13,14 +13,10 @@ namespace {
 
 using enum FovField;
 
-class FovCalculators : public CalculatorTest {
- protected:
-  FovCalculators() { calculator.load(); }
-
-  FovInverseCalculator calculator{environment()};
-};
+class FovCalculators : public CalculatorTest {};
 
 TEST_F(FovCalculators, EveryDrivenFieldReachesItsValue) {
+  FovInverseCalculator calculator(environment());
   for (const auto variable : {FovFreeVariable::focalLength, FovFreeVariable::subjectDistance}) {
     calculator.load();
     calculator.setFreeVariable(variable);
@@ -37,6 +33,8 @@ TEST_F(FovCalculators, EveryDrivenFieldReachesItsValue) {
 }
 
 TEST_F(FovCalculators, RefusalsLeaveEverythingAsItWas) {
+  FovInverseCalculator calculator(environment());
+  calculator.load();
   const auto before = settingsNow();
   const auto results = calculator.results();
   const struct {
@@ -64,41 +62,75 @@ TEST_F(FovCalculators, RefusalsLeaveEverythingAsItWas) {
 }
 
 TEST_F(FovCalculators, SettingsComeBack) {
+  FovInverseCalculator calculator(environment());
+  calculator.load();
+  EXPECT_FALSE(calculator.setLens({0.2F, 1.4F, 1}));
+  EXPECT_FALSE(calculator.setIsPortrait(true));
   calculator.setFreeVariable(FovFreeVariable::subjectDistance);
   calculator.setActiveField(diagonalFov);
   calculator.save();
   FovInverseCalculator again(environment());
   again.load();
+  EXPECT_EQ(again.model().teleconverter(), 1.4F);
+  EXPECT_TRUE(again.model().isPortrait());
   EXPECT_EQ(again.freeVariable(), FovFreeVariable::subjectDistance);
   EXPECT_EQ(again.activeField(), diagonalFov);
   defaults.setInteger(99, settings::fov_lastInputVariable);
   defaults.setInteger(0, settings::fov_freeVariable);
-  again.load();
-  EXPECT_EQ(again.activeField(), horizontalAov) << "no field has that number";
+  FovInverseCalculator odd(environment());
+  odd.load();
+  EXPECT_EQ(odd.activeField(), horizontalAov);
 }
 
 TEST_F(FovCalculators, FixedLenses) {
   choose(5);  // 28 mm
+  FovInverseCalculator calculator(environment());
   calculator.load();
+  EXPECT_FLOAT_EQ(calculator.model().focalLength(), 0.028F);
+  EXPECT_EQ(calculator.setLens({0.05F}), cannotChangeFocalLength());
+  EXPECT_EQ(calculator.setActiveFieldValue(30), cannotChangeFocalLength());
   EXPECT_FALSE(calculator.isActiveFieldEnabled());
-  EXPECT_FALSE(calculator.setSubjectDistance(4)) << "which nothing has to follow";
+  EXPECT_FALSE(calculator.setSubjectDistance(4));
   FovSubjectDistanceCalculator distance(environment());
   distance.load();
   EXPECT_EQ(distance.setLens({0.05F}), cannotChangeFocalLength());
+  distance.setObjectSize(3, 2);
+  distance.setIsPortrait(true);
+  distance.save();
+  FovSubjectDistanceCalculator again(environment());
+  again.load();
+  EXPECT_EQ(again.results()[0].text, distance.results()[0].text);
+  EXPECT_TRUE(again.model().isPortrait());
 }
 
 TEST_F(FovCalculators, MatchesTwoCameras) {
   choose(2, kSecondCameraKeys);
-  EquivalentFocalLengthCalculator match(environment());
-  match.load();
-  EXPECT_EQ(match.camera2()->modelString(), "Beta C");
-  EXPECT_EQ(match.results()[2].text, "31 mm");
+  EquivalentFocalLengthCalculator calculator(environment());
+  calculator.load();
+  EXPECT_EQ(calculator.camera2()->modelString(), "Beta C");
+  EXPECT_EQ(calculator.results()[2].text, "31 mm");
   // Far from the hyperfocal distance depth goes with N c / F^2: 4 (30/19) (31/50)^2 = 2.43.
-  EXPECT_EQ(match.results()[3].text, "f/2.4");
-  EXPECT_FALSE(match.apertureRefusal());
+  EXPECT_EQ(calculator.results()[3].text, "f/2.4");
+  EXPECT_FALSE(calculator.apertureRefusal());
+  EXPECT_FALSE(calculator.setAperture(apertures.apertureForStop(22)));
+  calculator.setSubjectDistance(50);
+  EXPECT_EQ(calculator.apertureRefusal(), noAperture()) << "an infinite depth";
+  EXPECT_EQ(calculator.results()[3].text, "--");
+  EXPECT_FALSE(calculator.setLens({0.1F, 2, 1}));
+  calculator.save();
+  EquivalentFocalLengthCalculator again(environment());
+  again.load();
+  EXPECT_EQ(again.model().focalLength(), 0.1F);
+  EXPECT_EQ(again.model().subjectDistance(), 50);
+
+  choose(4, kSecondCameraKeys);
+  calculator.load();
+  EXPECT_EQ(calculator.results()[2].text, "--") << "a fixed lens";
+  EXPECT_FALSE(calculator.apertureRefusal()) << "a fixed aperture is no refusal";
   choose(4);
-  match.load();
-  EXPECT_EQ(match.setLens({0.1F}), cannotChangeFocalLength());
+  calculator.load();
+  EXPECT_EQ(calculator.setLens({0.1F}), cannotChangeFocalLength());
+  EXPECT_EQ(calculator.setAperture(apertures.apertureForStop(8)), cannotChangeAperture());
 }
 
 }  // namespace

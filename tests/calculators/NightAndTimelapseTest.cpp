@@ -25,17 +25,22 @@ TEST_F(NightCalculators, CamerasGiveTheSensorAndFixedValues) {
   choose(4);
   SpotStarsCalculator calculator(environment());
   calculator.load();
+  EXPECT_FLOAT_EQ(calculator.model().focalLength(), 0.035F);
+  EXPECT_EQ(calculator.model().aperture().fstop, 2);
   EXPECT_EQ(calculator.model().megaPixels(), 42.4F);
+  EXPECT_EQ(calculator.setLens({0.02F}), cannotChangeFocalLength());
   EXPECT_EQ(calculator.setAperture(apertures.apertureForStop(4)), cannotChangeAperture());
   choose(3);
   calculator.load();
   EXPECT_EQ(calculator.results()[0].text, "∞s") << "film";
   EXPECT_EQ(calculator.results()[1].text, "25s");
   EXPECT_FALSE(calculator.setLens({0.02F, 2, 1}));
+  calculator.setAccuracy(SpotStarsAccuracy::accurate);
   calculator.save();
   SpotStarsCalculator again(environment());
   again.load();
   EXPECT_EQ(again.model().teleconverter(), 2);
+  EXPECT_EQ(again.model().accuracy(), SpotStarsAccuracy::accurate);
 }
 
 TEST_F(NightCalculators, TrailsFollowTimeAngleAndTouch) {
@@ -47,6 +52,11 @@ TEST_F(NightCalculators, TrailsFollowTimeAngleAndTouch) {
   EXPECT_FLOAT_EQ(calculator.model().angle, 270);
   EXPECT_NEAR(calculator.model().exposureTime, 0.75 * 86164.1, 1);
   EXPECT_EQ(calculator.results()[2].text, "North");
+  calculator.setIsNorthHemisphere(false);
+  calculator.save();
+  StarTrailCalculator again(defaults);
+  EXPECT_FALSE(again.model().isNorthHemisphere);
+  EXPECT_FLOAT_EQ(again.model().angle, 270);
 }
 
 class TimelapseCalculators : public CalculatorTest {
@@ -57,16 +67,24 @@ class TimelapseCalculators : public CalculatorTest {
 };
 
 TEST_F(TimelapseCalculators, StoredNothingIsTheUsualLapse) {
+  EXPECT_EQ(text(0), "2.4s");
+  EXPECT_EQ(text(1), "750");
   EXPECT_EQ(text(2), "2.93 GB");
   calculator.setValue(TimelapseField::clipLength, 0);
   calculator.save();
   EXPECT_EQ(TimelapseCalculator(defaults).model().clipLength, 30);
 }
 
-TEST_F(TimelapseCalculators, FramesPerSecondAreWholeAndNeverFree) {
+TEST_F(TimelapseCalculators, EachFreeVariableFollows) {
+  calculator.setFreeVariable(TimelapseField::clipLength);
+  calculator.setValue(TimelapseField::shootingInterval, 7);
+  EXPECT_DOUBLE_EQ(calculator.model().clipLength, 258 / 25.0);
+  EXPECT_EQ(calculator.model().numberOfPhotos(), 257) << "one fewer than the frames";
   calculator.setFreeVariable(TimelapseField::eventDuration);
+  calculator.setValue(TimelapseField::clipLength, 20);
+  EXPECT_DOUBLE_EQ(calculator.model().eventDuration, 3500);
   calculator.setFreeVariable(TimelapseField::fps);
-  EXPECT_EQ(calculator.freeVariable(), TimelapseField::eventDuration);
+  EXPECT_EQ(calculator.freeVariable(), TimelapseField::eventDuration) << "never free";
   calculator.setValue(TimelapseField::fps, 1e300);
   EXPECT_EQ(calculator.model().fps, std::numeric_limits<std::int32_t>::max());
   calculator.setValue(TimelapseField::fps, std::nan(""));
@@ -75,9 +93,11 @@ TEST_F(TimelapseCalculators, FramesPerSecondAreWholeAndNeverFree) {
 
 TEST_F(TimelapseCalculators, WhatDoesNotExistIsSaidSo) {
   calculator.setFreeVariable(TimelapseField::clipLength);
-  calculator.setValue(TimelapseField::shootingInterval, std::nan(""));
-  for (std::size_t row = 0; row < 3; ++row) EXPECT_EQ(text(row), "--");
-  EXPECT_EQ(calculator.textOf(TimelapseField::shootingInterval), "--");
+  for (const double interval : {0.0, std::nan("")}) {
+    calculator.setValue(TimelapseField::shootingInterval, interval);
+    for (std::size_t row = 0; row < 3; ++row) EXPECT_EQ(text(row), "--");
+    EXPECT_EQ(calculator.textOf(TimelapseField::shootingInterval), "--");
+  }
   calculator.setValue(TimelapseField::shootingInterval, 900);
   EXPECT_EQ(text(0), "0s") << "two frames";
 }

@@ -80,29 +80,42 @@ TEST(Settings, FirstValuesAreAmongTheChoices) {
   EXPECT_TRUE(isSettingChoice(settings::dof_selectedPage, 29)) << "no choice";
 }
 
+TEST(Settings, FirstValuesAreReadButNotStored) {
+  UserDefaults defaults;
+  ASSERT_TRUE(registerBundledDefaults(defaults));
+  EXPECT_EQ(defaults.integerForKey(settings::date_range_defaultRange), 4);
+  defaults.setInteger(7, settings::date_range_defaultRange);
+  defaults.removeObjectForKey(settings::date_range_defaultRange);
+  EXPECT_EQ(defaults.integerForKey(settings::date_range_defaultRange), 4);
+}
+
 TEST(Settings, TextsAreReadByTypeAndWrittenBack) {
-  using enum SettingType;
   const struct {
     SettingType type;
     const char* text;
     std::optional<PropertyList> value;
-  } cases[] = {{boolean, "true", true},
-               {boolean, "off", false},
-               {boolean, "2", std::nullopt},
-               {integer, "-3", -3},
-               {integer, "1 ", std::nullopt},
-               {integer, "99999999999999999999", std::nullopt},
-               {real, "0.05", 0.05},
-               {real, "8", 8.0},
-               {real, "inf", std::nullopt},
-               {real, "nan", std::nullopt},
-               {real, "0,05", std::nullopt},
-               {real, "", std::nullopt},
-               {SettingType::text, "", ""},
-               {date, "2001-01-01T00:01:00Z", Date::withTimeIntervalSinceReferenceDate(60)},
-               {camera, "1204", 1204},
-               {camera, "Pinhole 4x5", "Pinhole 4x5"},
-               {archive, "x", std::nullopt}};
+  } cases[] = {
+      {SettingType::boolean, "true", true},
+      {SettingType::boolean, "off", false},
+      {SettingType::boolean, "2", std::nullopt},
+      {SettingType::integer, "-3", -3},
+      {SettingType::integer, "1.5", std::nullopt},
+      {SettingType::integer, "1 ", std::nullopt},
+      {SettingType::integer, "99999999999999999999", std::nullopt},
+      {SettingType::real, "0.05", 0.05},
+      {SettingType::real, "8", 8.0},
+      {SettingType::real, "inf", std::nullopt},
+      {SettingType::real, "nan", std::nullopt},
+      {SettingType::real, "0,05", std::nullopt},
+      {SettingType::real, "", std::nullopt},
+      {SettingType::text, "", ""},
+      {SettingType::text, "Κάμερα 1", "Κάμερα 1"},
+      {SettingType::date, "2001-01-01T00:01:00Z", Date::withTimeIntervalSinceReferenceDate(60)},
+      {SettingType::date, "tomorrow", std::nullopt},
+      {SettingType::camera, "1204", 1204},
+      {SettingType::camera, "Pinhole 4x5", "Pinhole 4x5"},
+      {SettingType::archive, "x", std::nullopt},
+  };
   for (const auto& c : cases) {
     std::string error;
     const auto value = settingFromText(c.type, c.text, &error);

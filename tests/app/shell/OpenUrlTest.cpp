@@ -28,26 +28,36 @@ TEST(Url, ReadsSchemeHostAndQuery) {
 
 TEST_F(ShellTest, TheHostSelectsTheRoute) {
   launch();
-  const std::pair<const char*, Journal> cases[] = {
-      {"zenivo://sun", {"showDetail Sun"}},
-      {"zenivo://moon", {"showDetail Moon"}},
-      {"zenivo://plans", {"showDetail Plans"}},
-      {"zenivo://planner?", {"showDetail Planner"}},
-      {"zenivo://planner?d=5", {"loadPlanFromUrl 5", "showDetail Planner"}},
-      {"zenivo://plan?id=x%3A%2F%2Fp1", {"loadPlanById x://p1", "showDetail Planner"}},
-      {"zenivo://plan", {}}};
-  news();
-  for (const auto& [url, journal] : cases) {
-    EXPECT_TRUE(delegate_->applicationOpenURL(*Url::parse(url))) << url;
-    EXPECT_EQ(news(), journal) << url;
+  const struct {
+    const char* url;
+    bool isTaken;
+    Journal journal;
+  } cases[] = {
+      {"zenivo://sun", true, {"showDetail Sun"}},
+      {"zenivo://moon", true, {"showDetail Moon"}},
+      {"zenivo://plans", true, {"showDetail Plans"}},
+      {"zenivo://planner", true, {"showDetail Planner"}},
+      {"zenivo://planner?", true, {"showDetail Planner"}},
+      {"zenivo://planner?d=5", true, {"loadPlanFromUrl 5", "showDetail Planner"}},
+      {"zenivo://plan?id=x%3A%2F%2Fp1", true, {"loadPlanById x://p1", "showDetail Planner"}},
+      {"zenivo://plan", true, {}},
+      {"zenivo://mars", false, {}},
+      {"zenivo:sun", false, {}},
+      {"https://sun", false, {}},
+  };
+  for (const auto& c : cases) {
+    news();
+    EXPECT_EQ(delegate_->applicationOpenURL(*Url::parse(c.url)), c.isTaken) << c.url;
+    EXPECT_EQ(news(), c.journal) << c.url;
   }
+}
+
+TEST_F(ShellTest, APlanThatIsNotThereLeavesTheScreen) {
+  launch();
+  news();
   tools_.planOutcome = PlanLoader::Outcome::notFound;
   EXPECT_TRUE(delegate_->applicationOpenURL(*Url::parse("zenivo://plan?id=x")));
-  EXPECT_THAT(news(), ElementsAre("loadPlanById x")) << "and the screen stays";
-  for (const char* url : {"zenivo://mars", "zenivo:sun", "https://sun"}) {
-    EXPECT_FALSE(delegate_->applicationOpenURL(*Url::parse(url))) << url;
-  }
-  EXPECT_THAT(news(), IsEmpty());
+  EXPECT_THAT(news(), ElementsAre("loadPlanById x"));
   EXPECT_THAT(platform_.messages(), IsEmpty());
 }
 
@@ -90,13 +100,14 @@ TEST_F(ShellTest, MissingToolsSaySo) {
 
 TEST_F(ShellTest, EveryRouteLeadsToAToolOfTheMenu) {
   launch();
-  for (const char* url : {"zenivo://sun", "zenivo://moon", "zenivo://plans", "zenivo://planner"}) {
-    delegate_->applicationOpenURL(*Url::parse(url));
+  for (const char* host : {"sun", "moon", "plans", "planner"}) {
+    delegate_->applicationOpenURL(*Url::parse(std::string("zenivo://") + host));
     const MenuItem* item = delegate_->menu()->itemOfController(platform_.screen().controller);
-    ASSERT_NE(item, nullptr) << url;
+    ASSERT_NE(item, nullptr) << host;
     EXPECT_EQ(item->title(), platform_.screen().title);
     EXPECT_NE(item->title(), item->titleKey) << "no text";
   }
+  EXPECT_EQ(delegate_->menu()->itemOfController("MarsViewController"), nullptr);
 }
 
 TEST(Menu, RefusesListsThatAreNone) {

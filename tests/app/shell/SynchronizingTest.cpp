@@ -7,17 +7,17 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 TEST_F(ShellTest, SynchronisesWhereTheUserAllowsIt) {
-  using enum NetworkStatus;
   launch();
   const struct {
     bool hasService;
     NetworkStatus status;
-    bool usesCellular, can;
-  } cases[] = {{false, wifi, true, false},
-               {true, notReachable, true, false},
-               {true, wifi, false, true},
-               {true, cellular, false, false},
-               {true, cellular, true, true}};
+    bool usesCellular;
+    bool can;
+  } cases[] = {
+      {false, NetworkStatus::wifi, true, false},   {true, NetworkStatus::notReachable, true, false},
+      {true, NetworkStatus::wifi, false, true},    {true, NetworkStatus::cellular, false, false},
+      {true, NetworkStatus::cellular, true, true},
+  };
   for (const auto& c : cases) {
     tools_.hasService = c.hasService;
     tools_.usesCellular = c.usesCellular;
@@ -94,14 +94,12 @@ TEST_F(OnlineShellTest, ARemoteNotificationFetchesWhileTheUserIsLooking) {
 }
 
 TEST_F(OnlineShellTest, AMissingConnectionIsTold) {
-  const auto isTold = [this] {
-    return delegate_->showNoInternetConnectionForViewControllerIfNotAvailable(
-        "PlannerViewController");
-  };
-  EXPECT_FALSE(isTold());
+  EXPECT_FALSE(
+      delegate_->showNoInternetConnectionForViewControllerIfNotAvailable("PlannerViewController"));
   platform_.status = NetworkStatus::notReachable;
   delegate_->processReachabilityChange();
-  EXPECT_TRUE(isTold());
+  EXPECT_TRUE(
+      delegate_->showNoInternetConnectionForViewControllerIfNotAvailable("PlannerViewController"));
   EXPECT_EQ(platform_.messages().back().title, "Planner");
 }
 

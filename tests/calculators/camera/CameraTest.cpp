@@ -40,11 +40,20 @@ TEST_F(Cameras, DeriveTheirValuesFromTheSensor) {
   EXPECT_NEAR(preset(2).cropFactor, 1.61, 0.005);
   EXPECT_NEAR(preset(2).coc, 0.019, 0.0005);
   EXPECT_EQ(SensorSize().cropFactor(), 0) << "not an infinity";
+  EXPECT_EQ(preset(2).modelString(), "Beta C");
+  EXPECT_EQ(preset(2).shortModelString(), "C");
+  EXPECT_FALSE(preset(3).isDigital);
+  EXPECT_EQ(preset(3).megapixels, 0);
+  EXPECT_FLOAT_EQ(preset(4).fixedFocalLengthInMetres(), 0.035F);
   EXPECT_FALSE(preset(5).isFixedAperture()) << "a stored 0 is none";
+}
+
+TEST_F(Cameras, OwnCirclesOfConfusionHold) {
   CustomCameraRecord record = stored("Mine");
   EXPECT_EQ(AbstractCamera::fromRecord(record).coc, kApsC.circleOfConfusion());
   record.coc = 0.015F;
   EXPECT_EQ(AbstractCamera::fromRecord(record).coc, 0.015F);
+  EXPECT_EQ(AbstractCamera::fromRecord(record).modelString(), "Mine");
 }
 
 TEST_F(Cameras, TheSettingTellsPresetsFromOwn) {
@@ -67,35 +76,92 @@ TEST_F(Cameras, RecentOnesAreFiveTheLatestFirst) {
   chooser.selectCamera(preset(3));
   EXPECT_EQ(recents(),
             (std::vector<std::string>{"Gamma Film", "Mine", "Delta Lens", "Delta Fix", "Beta C"}));
+  EXPECT_EQ(AbstractCamera::currentCameraModel(defaults), "Gamma Film");
   cameras.custom.clear();
   EXPECT_EQ(recents().size(), 4U) << "a camera that has gone is left out";
 }
 
-TEST_F(Cameras, AFailedDeletionLeavesTheChoice) {
+TEST_F(Cameras, DeletingTheChosenOneChoosesAnother) {
   struct : CameraChooserDelegate {
     void didSelectCamera(const AbstractCamera& camera) override { told = camera.modelString(); }
     std::string told;
   } delegate;
-  CameraChooser chooser(defaults, cameras, kSecondCameraKeys, &delegate);
-  const auto mine = stored("Mine");
-  chooser.selectCamera(AbstractCamera::fromRecord(mine));
+  CameraChooser chooser(defaults, cameras, kCurrentCameraKeys, &delegate);
+  const auto b = stored("B"), a = stored("A"), c = stored("C");
+  chooser.selectCamera(AbstractCamera::fromRecord(b));
+  EXPECT_TRUE(chooser.deleteCustomCamera(c));
+  EXPECT_EQ(delegate.told, "") << "another one";
+  EXPECT_TRUE(chooser.deleteCustomCamera(b));
+  EXPECT_EQ(chooser.camera()->modelString(), "A");
   cameras.isBroken = true;
   std::string error;
-  EXPECT_FALSE(chooser.deleteCustomCamera(mine, &error));
+  EXPECT_FALSE(chooser.deleteCustomCamera(a, &error));
   EXPECT_EQ(error, "disk full");
-  EXPECT_EQ(chooser.camera()->modelString(), "Mine");
-  EXPECT_EQ(delegate.told, "");
+  EXPECT_EQ(chooser.camera()->modelString(), "A");
   cameras.isBroken = false;
-  EXPECT_TRUE(chooser.deleteCustomCamera(mine));
+  EXPECT_TRUE(chooser.deleteCustomCamera(a));
   EXPECT_EQ(chooser.camera()->modelString(), "Alpha FF");
   EXPECT_EQ(delegate.told, "Alpha FF");
 }
 
+TEST_F(Cameras, AChoiceFollowsAChangedName) {
+  CameraChooser chooser(defaults, cameras, kSecondCameraKeys);
+  CustomCameraRecord camera = stored("Old");
+  chooser.selectCamera(AbstractCamera::fromRecord(camera));
+  camera.model = "New";
+  EXPECT_TRUE(chooser.saveCustomCamera(camera));
+  EXPECT_EQ(chooser.camera()->modelString(), "New");
+  EXPECT_EQ(defaults.stringForKey(settings::equivalentFocalLength_Camera2Model), "New");
+  EXPECT_EQ(recents(), std::vector<std::string>{"New"});
+}
+
+TEST_F(Cameras, AFormTellsItsFaultsInOrder) {
+  const CustomCameraRecord taken = stored("Taken");
+  CameraForm form;
+  const auto fault = [&] {
+    const auto found = form.validate(cameras);
+    return found ? std::string(found->messageKey) : "";
+  };
+  form.setName(" \t\r\n");
+  form.setCocAutomatic(false);
+  form.setHasFixedFocalLength(true);
+  EXPECT_EQ(fault(), "camera_validate_no_name");
+  form.setName(" Taken\n");
+  EXPECT_EQ(fault(), "camera_validate_duplicate");
+  form.setName("Free");
+  EXPECT_EQ(fault(), "camera_validate_no_sensor_width");
+  form.setSensorSize({36, 0});
+  EXPECT_EQ(fault(), "camera_validate_no_sensor_height");
+  form.setSensorSize(kFullFrame);
+  EXPECT_EQ(fault(), "camera_validate_no_mpx");
+  form.setMegapixels(24);
+  EXPECT_EQ(fault(), "camera_validate_no_coc");
+  form.setCoc(0.025F);
+  EXPECT_EQ(fault(), "camera_validate_no_focal_length");
+  form.setFocalLength(35);
+  EXPECT_EQ(fault(), "");
+  EXPECT_EQ(form.camera().coc, 0.025F);
+  form.setIsFilm(true);
+  EXPECT_EQ(fault(), "") << "film has no pixels";
+  EXPECT_FALSE(form.camera().megapixels);
+  form.setHasFixedFocalLength(false);
+  EXPECT_FALSE(form.camera().focalLength);
+
+  CameraForm same(taken);
+  EXPECT_FALSE(same.validate(cameras)) << "its own name is free";
+}
+
 TEST_F(Cameras, AFormShowsWhatItDerives) {
   CameraForm form;
-  EXPECT_EQ(form.cropFactorText() + ", " + form.cocText(), "--, -- mm");
+  EXPECT_EQ(form.cropFactorText(), "--");
+  EXPECT_EQ(form.cocText(), "-- mm");
   form.setSensorSize(kApsC);
-  EXPECT_EQ(form.cropFactorText() + ", " + form.cocText(), "1.6, 0.019 mm");
+  EXPECT_EQ(form.cropFactorText(), "1.6");
+  EXPECT_EQ(form.cocText(), "0.019 mm");
+  form.setName("Mine");
+  form.setMegapixels(20);
+  EXPECT_FALSE(form.validate(cameras));
+  EXPECT_FALSE(form.camera().coc) << "cleared, so that it follows the sensor";
 }
 
 }  // namespace

@@ -34,20 +34,25 @@ class Formatter : public testing::Test {
 
 TEST_F(Formatter, LensesAndLight) {
   EXPECT_EQ(Format::formatFocalLength(0.035F), "35 mm");
+  EXPECT_EQ(Format::formatFocalLength(0.0105F), "10.5 mm");
   EXPECT_EQ(Format::formatFocalLength(1.2F, false, true), "1,200");
   EXPECT_EQ(Format::formatAperture(0.95), "f/0.95");
+  EXPECT_EQ(Format::formatAperture(8), "f/8");
   EXPECT_EQ(Format::formatAperture(2.84), "f/2.8");
   EXPECT_EQ(Format::formatAperture(10.5), "f/11");
   EXPECT_EQ(Format::formatAperture(3.14159, 3), "f/3.142");
   EXPECT_EQ(Format::formatTeleconverter(1), "--");
   EXPECT_EQ(Format::formatTeleconverter(1.4F), "1.4x");
+  EXPECT_EQ(Format::formatCoC(0.03F), "0.030 mm");
   EXPECT_EQ(Format::formatAngle(46.8F), "46.80°");
   EXPECT_EQ(Format::formatISO(390), "400");
   EXPECT_EQ(Format::formatFilterWithValue(0, 0), "--");
+  EXPECT_EQ(Format::formatFilterWithValue(6, 0), "6 stops");
   EXPECT_EQ(Format::formatFilterWithValue(0, 0.75F), "¾ stops");
   EXPECT_EQ(Format::formatFps(23.976), "24 fps");
   EXPECT_EQ(Format::formatMB(1024), "1024.00 MB");
   EXPECT_EQ(Format::formatMB(1536), "1.50 GB");
+  EXPECT_EQ(Format::formatSpotStarsShutterSpeed(0, true), "0s");
   EXPECT_EQ(Format::formatSpotStarsShutterSpeed(12.345F, true), "12.35s");
   EXPECT_EQ(Format::formatSpotStarsShutterSpeed(12.345F, false), "12s");
   EXPECT_EQ(Format::formatSpotStarsShutterSpeed(kInf, true), "∞s");
@@ -56,7 +61,8 @@ TEST_F(Formatter, LensesAndLight) {
 TEST_F(Formatter, ExposureValuesHaveOneSign) {
   const struct {
     float ev;
-    const char *exact, *rounded;
+    const char* exact;
+    const char* rounded;
   } cases[] = {{0, "0", "0"},           {-0.0F, "0", "0"},           {0.001F, "0", "0"},
                {-0.004F, "0", "0"},     {12.34F, "+12.34", "+12 ⅓"}, {-3.5F, "-3.5", "-3 ½"},
                {-0.6F, "-0.6", "-0 ⅔"}, {7.9F, "+7.9", "+8"},        {-6, "-6", "-6"},
@@ -68,11 +74,14 @@ TEST_F(Formatter, ExposureValuesHaveOneSign) {
 }
 
 TEST_F(Formatter, ShutterSpeedsAndDurationsCarry) {
+  EXPECT_EQ(Format::formatShutterSpeed(1.0F / 250), "1/250s");
   EXPECT_EQ(Format::formatShutterSpeed(29.5F), "30s");
+  EXPECT_EQ(Format::formatShutterSpeed(0), "0s");
   EXPECT_EQ(Format::formatShutterSpeed(7), "7s") << "a second from its neighbours";
   EXPECT_EQ(Format::formatShutterSpeed(59.6F), "1min");
   EXPECT_EQ(Format::formatShutterSpeed(3599.5F), "1h");
   EXPECT_EQ(Format::formatShutterSpeed(3725.4F), "1h 2min 5s");
+  EXPECT_EQ(Format::formatShutterSpeed(2.44F, false, 1), "2.4s");
   EXPECT_EQ(Format::formatShutterSpeed(59.96F, false, 1), "1min");
   EXPECT_EQ(Format::formatShutterSpeed(0.001F, false, 1), "0s");
   EXPECT_EQ(Format::formatTimeDuration(59.6, false, true), "1min");
@@ -89,6 +98,8 @@ TEST_F(Formatter, ShutterSpeedsAndDurationsCarry) {
 }
 
 TEST_F(Formatter, MetricDistances) {
+  EXPECT_EQ(format_.formatDistance(0), "0 m");
+  EXPECT_EQ(format_.formatDistance(2.5F), "2.5 m");
   EXPECT_EQ(format_.formatDistance(1234), "1.23 km");
   EXPECT_EQ(format_.formatDistance(1234, false), "1234");
   EXPECT_EQ(format_.formatDistance(-1), "∞");
@@ -96,6 +107,7 @@ TEST_F(Formatter, MetricDistances) {
   EXPECT_EQ(format_.formatDistance(kNan), "--");
   EXPECT_EQ(format_.formatSizeWithWidth(2, 3.5F), "2 m x 3.5 m");
   EXPECT_EQ(format_.formatDistanceWithPercentageOf(0.5F, 10), "0.5 m (05%)");
+  EXPECT_EQ(format_.formatDistanceWithPercentageOf(1, 3), "1 m (33.33%)");
   EXPECT_EQ(format_.formatDistanceWithPercentageOf(1, -1), "1 m");
   EXPECT_EQ(format_.formatDistanceWithPercentageOf(-1, 3), "∞");
 }
@@ -103,7 +115,8 @@ TEST_F(Formatter, MetricDistances) {
 TEST_F(Formatter, FeetAndInches) {
   const struct {
     double inches;
-    const char *whole, *fraction;
+    const char* whole;
+    const char* fraction;
   } cases[] = {
       {0, "0\"", "0\""},   {0.5, "1\"", "0 1/2\""},     {6.46875, "6\"", "6 15/32\""},
       {12, "1'", "1'"},    {11.6, "1'", "11 19/32\""},  {11.99, "1'", "1'"},  // past 11 31/32
@@ -157,9 +170,10 @@ TEST_F(Formatter, WhatIsShownReadsBack) {
       again(Format::formatTimeDuration(x * 5000 + 1, round, !round), Parse::parseTimeDuration,
             [round](double v) { return Format::formatTimeDuration(v, round, !round); });
     }
-    const std::string distance = format_.formatDistance(x * 20);
-    const float metres = Parse::parseDistance(distance, UnitSystem::metric).value_or(0);
-    EXPECT_EQ(format_.formatDistance(metres), distance);
+    again(
+        format_.formatDistance(x * 20),
+        [](const std::string& text) { return Parse::parseDistance(text, UnitSystem::metric); },
+        [this](float v) { return format_.formatDistance(v); });
   }
   for (const CameraFilter& filter : CameraFilter::standardFilters()) {
     for (const float fraction : CameraFilter::standardFractionFilters()) {
@@ -188,8 +202,14 @@ TEST(Formatters, TellTheTimeOfOneZone) {
   const Date moment = Date::withTimeIntervalSince1970(1781992020);  // 2026-06-20 21:47 UTC
   Formatters& formatters = Formatters::sharedInstance();
   formatters.setTimeZone(*TimeZone::timeZoneWithName("Asia/Tokyo"));
+  EXPECT_EQ(formatters.shortTimeFormatter().stringFromDate(moment), "06:47");
+  EXPECT_EQ(formatters.shortDateFormatter().stringFromDate(moment), "2026-06-21");
   EXPECT_EQ(formatters.shortDateTimeFormatter().stringFromDate(moment), "2026-06-21 06:47");
   EXPECT_EQ(Formatters::RFC3339DateFormatter().stringFromDate(moment), "2026-06-20T21:47:00Z");
+  EXPECT_EQ(Formatters::RFC3339DateFormatterWithSpecificTimeZone(
+                *TimeZone::timeZoneWithName("Europe/Paris"))
+                .stringFromDate(moment),
+            "2026-06-20T23:47:00+02:00");
 }
 
 }  // namespace

@@ -34,27 +34,42 @@ std::optional<float> parseMetric(std::string_view text) {
 }
 
 TEST(Parser, ReadsWhatPhotographersType) {
-  const Case lengths[] = {
-      {"35mm", 0.035}, {" 35 MM ", 0.035}, {"10.5", 0.0105}, {"0.6 m", 0.6}, {"5cm", 0.05}};
-  const Case stops[] = {{"f/2.8", 2.8}, {"F2.8", 2.8}, {"2.8", 2.8}, {"f/ 11", 11}, {".95", 0.95}};
-  const Case speeds[] = {{"1/250", 0.004}, {"1/2.5s", 0.4},          {"30\"", 30},
-                         {"2.5", 2.5},     {"1h 2min 3.5s", 3723.5}, {"90 s", 90},
-                         {"2m", 120},      {"1/250 sec", 0.004}};
-  const Case metric[] = {{"3m", 3},        {"3", 3},  {"250 cm", 2.5}, {"10ft", 3.048},
-                         {"1.2 km", 1200}, {"∞", -1}, {"inf", -1}};
-  const Case imperial[] = {{"10ft", 3.048},      {"10", 3.048},
-                           {"5'6\"", 1.6764},    {"5' 6 1/2\"", 1.6891},
-                           {"5′6″", 1.6764},     {"5 ft 6 in", 1.6764},
-                           {"8 1/2 in", 0.2159}, {"6''", 0.1524},
-                           {"2 mi", 3218.688},   {"3m", 3}};
-  const Case durations[] = {{"2d 3h", 183600}, {"90", 90},           {"1:30:00", 5400},
-                            {"5:00", 300},     {"3h 5' 6\"", 11106}, {"1 1/2 h", 5400}};
-  expectValues(Parse::parseFocalLength, lengths);
-  expectValues(Parse::parseAperture, stops);
-  expectValues(Parse::parseShutterSpeed, speeds);
-  expectValues(parseMetric, metric);
-  expectValues(parseImperial, imperial);
-  expectValues(Parse::parseTimeDuration, durations);
+  expectValues(
+      Parse::parseFocalLength,
+      {{"35mm", 0.035}, {" 35 MM ", 0.035}, {"10.5", 0.0105}, {"0.6 m", 0.6}, {"5cm", 0.05}});
+  expectValues(Parse::parseAperture,
+               {{"f/2.8", 2.8}, {"F2.8", 2.8}, {"2.8", 2.8}, {"f/ 11", 11}, {".95", 0.95}});
+  expectValues(Parse::parseShutterSpeed, {{"1/250", 0.004},
+                                          {"1/2.5s", 0.4},
+                                          {"30\"", 30},
+                                          {"2.5", 2.5},
+                                          {"1h 2min 3.5s", 3723.5},
+                                          {"90 s", 90},
+                                          {"2m", 120},
+                                          {"1/250 sec", 0.004}});
+  expectValues(parseMetric, {{"3m", 3},
+                             {"3", 3},
+                             {"250 cm", 2.5},
+                             {"10ft", 3.048},
+                             {"1.2 km", 1200},
+                             {"∞", -1},
+                             {"inf", -1}});
+  expectValues(parseImperial, {{"10ft", 3.048},
+                               {"10", 3.048},
+                               {"5'6\"", 1.6764},
+                               {"5' 6 1/2\"", 1.6891},
+                               {"5′6″", 1.6764},
+                               {"5 ft 6 in", 1.6764},
+                               {"8 1/2 in", 0.2159},
+                               {"6''", 0.1524},
+                               {"2 mi", 3218.688},
+                               {"3m", 3}});
+  expectValues(Parse::parseTimeDuration, {{"2d 3h", 183600},
+                                          {"90", 90},
+                                          {"1:30:00", 5400},
+                                          {"5:00", 300},
+                                          {"3h 5' 6\"", 11106},
+                                          {"1 1/2 h", 5400}});
   expectValues(Parse::parseAngle, {{"46.8°", 46.8}, {"-12.5", -12.5}, {"30 deg", 30}});
   expectValues(Parse::parseISO, {{"ISO 400", 400}, {"iso400", 400}, {"100", 100}});
   expectValues(Parse::parseEV, {{"+12 ⅓", 12 + 1 / 3.0}, {"-0 ½", -0.5}, {"−6", -6}});
@@ -63,29 +78,33 @@ TEST(Parser, ReadsWhatPhotographersType) {
 }
 
 TEST(Parser, ReadsFiltersByStopsAndByName) {
-  // Makers name factors, among them 1000, 100,000 and 1,000,000, and densities.
-  const Case cases[] = {{"--", 0},
-                        {"6", 6},
-                        {"9 1/3 stops", 28 / 3.0},
-                        {"½ stop", 0.5},
-                        {"8 2/3", 26 / 3.0},
-                        {"ND64", 6},
-                        {"nd1.8", 6},
-                        {"ND1024/3.0", 10},
-                        {"ND400", 26 / 3.0},
-                        {"ND110", 10},
-                        {"ND1000", 10},
-                        {"ND100000", 50 / 3.0},
-                        {"ND1000000", 20},
-                        {"ND2", 1},
-                        {"ND3.0", 10},
-                        {"ND 3.8", 38 / 3.0}};
-  const auto stopsOf = [](std::string_view text) {
-    const auto filter = Parse::parseFilter(text);
-    return filter ? std::optional(filter->stops + filter->fraction) : std::nullopt;
-  };
-  expectValues(stopsOf, cases);
-  EXPECT_FLOAT_EQ(Parse::parseFilter("ND 3.8")->stops, 12) << "a filter there is, and a fraction";
+  const struct {
+    const char* text;
+    float stops;
+    float fraction;
+  } cases[] = {{"--", 0, 0},
+               {"6", 6, 0},
+               {"9 1/3 stops", 9, 1.0F / 3},
+               {"½ stop", 0, 0.5F},
+               {"8 2/3", 8.666667F, 0},
+               {"ND64", 6, 0},
+               {"nd1.8", 6, 0},
+               {"ND1024/3.0", 10, 0},
+               {"ND400", 8.666667F, 0},
+               {"ND110", 10, 0},
+               // As makers name them: 1000, 100,000 and 1,000,000 times the time, and densities.
+               {"ND1000", 10, 0},
+               {"ND100000", 16, 2.0F / 3},
+               {"ND1000000", 20, 0},
+               {"ND2", 1, 0},
+               {"ND3.0", 10, 0},
+               {"ND 3.8", 12, 2.0F / 3}};
+  for (const auto& [text, stops, fraction] : cases) {
+    const auto value = Parse::parseFilter(text);
+    ASSERT_TRUE(value) << text;
+    EXPECT_FLOAT_EQ(value->stops, stops) << text;
+    EXPECT_NEAR(value->fraction, fraction, 1e-6) << text;
+  }
   for (const char* text : {"ND7", "ND3", "ND0", "ND1", "ND0.0", "ND", "ND64/", "ND64x"}) {
     EXPECT_FALSE(Parse::parseFilter(text)) << text;
   }

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "app/settings/SettingsKeys.h"
 #include "calculators/camera/NSNumberWithDistanceUnit.h"
 
 namespace zenivo {
@@ -43,6 +44,12 @@ TEST_F(Units, TheLargestUnitThatStillMakesOne) {
   EXPECT_EQ(units_.bestDistanceUnitForValue(5280)->name, "mi");
 }
 
+TEST_F(Units, TheSystemIsKeptInTheSettings) {
+  use(UnitSystem::imperial);
+  EXPECT_EQ(defaults_.integerForKey(settings::global_units), 1);
+  EXPECT_EQ(DistanceUnitsManager(defaults_).currentUnits(), UnitSystem::imperial);
+}
+
 TEST_F(Units, NumbersKeepTheirMetres) {
   for (const UnitSystem system : {UnitSystem::metric, UnitSystem::imperial}) {
     use(system);
@@ -73,15 +80,18 @@ TEST_F(Units, ImperialTextsSplitAndCarry) {
   const struct {
     float feet;
     const char* text;
-  } cases[] = {{0, "0 \""},
-               {5.5F, "5' 6\""},
-               {5.97F, "6 '"},  // 11.6 inches are a foot
-               {5 + 0.4F * inch, "5 '"},
-               {7920, "1mi 2640'"},
-               {5279.97F, "1 mi"},
-               {3.5F * inch, "3\" 1/2\""},
-               {3.99F * inch, "4 \""},
-               {11.99F * inch, "1 '"}};
+  } cases[] = {
+      {5.5F, "5' 6\""},
+      {5, "5 '"},
+      {5.97F, "6 '"},  // 11.6 inches are a foot
+      {5 + 0.4F * inch, "5 '"},
+      {5280 * 1.5F, "1mi 2640'"},
+      {5279.97F, "1 mi"},
+      {3.5F * inch, "3\" 1/2\""},
+      {3.99F * inch, "4 \""},
+      {11.99F * inch, "1 '"},
+      {0, "0 \""},
+  };
   for (const auto& [feet, expected] : cases) EXPECT_EQ(text(feet, 2), expected) << feet;
   EXPECT_EQ(text(5.5F, 1), "5.5 '");
   const auto onlyInches =

@@ -18,6 +18,16 @@ constexpr Aperture exactly(double N) {
   return {N, N};
 }
 
+// "Hyperfocal distance", Wikipedia, worked example: 50 mm at f/8 with 0.03 mm has its
+// hyperfocal distance at 10.467 m; focused there, all from about 5.2 m on is sharp.
+TEST(Dof, HyperfocalDistanceAsPublished) {
+  const Dof dof(0.05F, exactly(8), 10.467F, 1, 1, 0.03F);
+  EXPECT_NEAR(dof.hyperfocal(), 10.467, 0.0005);
+  EXPECT_NEAR(dof.hyperfocalNearLimit(), 5.2, 0.05);
+  EXPECT_NEAR(dof.dofNearLimit(), 5.23, 0.005);
+  EXPECT_EQ(dof.dofFarLimit(), -1);
+}
+
 // H. M. Merklinger, The INs and OUTs of FOCUS (1992), and A. Conrad, Depth of Field in
 // Depth (2006), give the limits in the form of the symmetric image space: with
 // v = F s / (s - F) the limits lie where v' = v / (1 +- N c / F).
@@ -35,6 +45,20 @@ TEST(Dof, LimitsAgreeWithImageSpace) {
     const double farLimit = F * farImage / (farImage - F);
     EXPECT_EQ(dof.dofFarLimit() > 0, farLimit > 0);
     EXPECT_NEAR(dof.dofFarLimit(), farLimit, 1e-3 * std::abs(farLimit));
+  }
+}
+
+// Focus at one n-th of the hyperfocal distance is sharp from its (n+1)-th to its
+// (n-1)-th part: C. Welborne Piper, A First Book of the Lens (1901).  Exact for distances
+// counted as h is.
+TEST(Dof, DepthsFollowEachOtherHarmonically) {
+  Dof dof(0.1F, exactly(11), 10, 1, 1, 0.03F);
+  const float h = dof.hyperfocal() - dof.focalLength();
+  for (int n = 2; n < 6; ++n) {
+    dof.setSubjectDistance(h / static_cast<float>(n));
+    dof.calculateDOFValues();
+    EXPECT_NEAR(dof.dofNearLimit() / (h / static_cast<float>(n + 1)), 1, 0.01);
+    EXPECT_NEAR(dof.dofFarLimit() / (h / static_cast<float>(n - 1)), 1, 0.03);
   }
 }
 
@@ -142,9 +166,17 @@ TEST(QuarticSolver, FindsTheRootsItWasMadeOf) {
   EXPECT_EQ(real.realCount, 4);
   auto sorted = real.real;
   std::ranges::sort(sorted);
-  const std::array<double, 4> expected{-2, 1, 3, 4};
-  for (std::size_t i = 0; i < 4; ++i) EXPECT_NEAR(sorted[i], expected[i], 1e-12);
+  const double expected[] = {-2, 1, 3, 4};
+  for (int i = 0; i < 4; ++i) EXPECT_NEAR(sorted[static_cast<std::size_t>(i)], expected[i], 1e-12);
 
+  const auto mixed = solveQuartic(polynomial(5, -1, 2, 10));  // and 1 +- 3i
+  EXPECT_EQ(mixed.realCount, 2);
+  for (std::size_t i = 0; i < 4; ++i) {
+    if (mixed.imaginary[i] != 0) {
+      EXPECT_NEAR(mixed.real[i], 1, 1e-12);
+      EXPECT_NEAR(std::abs(mixed.imaginary[i]), 3, 1e-12);
+    }
+  }
   EXPECT_EQ(solveQuartic({4, 0, 5, 0, 1}).realCount, 0);   // +-i, +-2i
   EXPECT_EQ(solveQuartic({4, 0, -5, 0, 1}).realCount, 4);  // +-1, +-2
   EXPECT_EQ(solveQuartic({1, 2, 3, 4, 0}).realCount, 0) << "no fourth power";
@@ -230,7 +262,11 @@ TEST(CocCalculator, ArchivesKeepAllButTheCamera) {
 
   auto fields = *archivedObject(calculator).dictionary();
   fields.erase("coc_autocalculate");
-  EXPECT_TRUE(unarchivedObject<CocCalculator>(fields)->autoCalculateCoc()) << "as it was once";
+  fields.erase("coc_adjusted");
+  auto old = *unarchivedObject<CocCalculator>(fields);
+  EXPECT_TRUE(old.autoCalculateCoc());
+  old.setAutoCalculateCoc(false);
+  EXPECT_EQ(old.adjustedCoc(), 0);
 }
 
 }  // namespace

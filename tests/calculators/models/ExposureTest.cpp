@@ -31,6 +31,19 @@ TEST_F(Exposures, ValuesAsTabulated) {
   }
 }
 
+TEST_F(Exposures, FiltersLengthenByPowersOfTwo) {
+  Exposure exposure(1.0F / 125, 100, stops_.apertureForStop(8), 0, 0);
+  exposure.calculateEV();
+  const float bare = exposure.ev();
+  exposure.setFilter(10);
+  EXPECT_FLOAT_EQ(exposure.ev(), bare - 10) << "what a meter behind it sees";
+  exposure.calculateShutterSpeed();
+  EXPECT_NEAR(exposure.shutterSpeed(), 1024.0 / 125, 1e-4);
+  exposure.setFilter(3);
+  exposure.setFilterFraction(1.0F / 3);
+  EXPECT_NEAR(exposure.filterValue(), 3.33333, 1e-5);
+}
+
 TEST_F(Exposures, EachOperationKeepsTheLight) {
   RandomOptics random(9);
   for (int i = 0; i < 5000; ++i) {
@@ -54,6 +67,16 @@ TEST_F(Exposures, EachOperationKeepsTheLight) {
     EXPECT_NEAR(solved.aperture().fstop, exposure.aperture().fstop,
                 exposure.aperture().fstop * 0.07);
   }
+}
+
+TEST_F(Exposures, AperturesComeFromTheLadderInForce) {
+  Exposure exposure(1.0F / 60, 100, {}, 0, 0);
+  exposure.setEv(9.5F);
+  exposure.calculateAperture(stops_);
+  EXPECT_EQ(exposure.aperture().fstop, 3.5);
+  stops_.setCurrentApertureStopType(ApertureStopType::full);
+  exposure.calculateAperture(stops_);
+  EXPECT_EQ(exposure.aperture().fstop, 4);
 }
 
 }  // namespace

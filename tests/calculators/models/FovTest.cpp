@@ -12,6 +12,31 @@
 namespace zenivo {
 namespace {
 
+// Angles of view on 36 by 24 mm from the makers' data sheets of the Canon EF lenses 14 mm
+// f/2.8L, 24 mm f/1.4L, 35 mm f/1.4L, 50 mm f/1.4, 85 mm f/1.2L, 135 mm f/2L, 200 mm f/2.8L,
+// 300 mm f/4L and 400 mm f/5.6L, printed to a degree or to 5 minutes of arc.
+TEST(Fov, AnglesOfTheDataSheets) {
+  const struct {
+    float millimetres;
+    double horizontal, vertical, diagonal, printed;
+  } sheets[] = {{14, 104, 81, 114, 0.6},
+                {24, 74, 53, 84, 0.6},
+                {35, 54, 38, 63, 0.6},
+                {50, 40, 27, 46, 0.9},
+                {85, 24, 16, 28.5, 0.2},
+                {135, 15, 10, 18, 0.3},
+                {200, 10, 7, 12, 0.4},
+                {300, 6 + 50.0 / 60, 4 + 35.0 / 60, 8.25, 0.05},
+                {400, 5 + 10.0 / 60, 3.5, 6 + 10.0 / 60, 0.08}};
+  for (const auto& sheet : sheets) {
+    Fov fov(36, 24, sheet.millimetres / 1000, 1, 1, 10);
+    fov.calculateFOVValues();
+    EXPECT_NEAR(fov.horizontalAov(), sheet.horizontal, sheet.printed) << sheet.millimetres;
+    EXPECT_NEAR(fov.verticalAov(), sheet.vertical, sheet.printed) << sheet.millimetres;
+    EXPECT_NEAR(fov.diagonalAov(), sheet.diagonal, sheet.printed) << sheet.millimetres;
+  }
+}
+
 TEST(Fov, PortraitSwapsTheOutputsAndNotTheSensor) {
   Fov fov(36, 24, 0.05F, 1.4F, 0, 10);
   fov.calculateFOVValues();
@@ -78,6 +103,9 @@ TEST(FovSubjectDistance, TheObjectJustFits) {
     const double heightLeft = fov.verticalFov() / model.objectHeight();
     EXPECT_NEAR(std::min(widthLeft, heightLeft), 1, 1e-5) << "one side fits exactly, none less";
   }
+  const FovSubjectDistance square(36, 24, 0.05F, 1, 1, 2, 2);
+  EXPECT_FLOAT_EQ(square.calculateMinimumSubjectDistance(),
+                  square.calculateMinimumDistanceForSensorSizeAndObjectSize(24, 2));
 }
 
 class Match : public testing::Test {
@@ -132,6 +160,13 @@ TEST_F(Match, FixedSecondCameras) {
   fixedAperture.setIsCamera2FixedAperture(true);
   EXPECT_FALSE(fixedAperture.calculateMatch(stops_).camera2Dof);
   EXPECT_TRUE(fixedAperture.match().camera2Fov);
+}
+
+TEST_F(Match, NoApertureGivesAnInfiniteDepth) {
+  EquivalentFocalLength infinite = model(kApsC, 0.019F, 22);
+  EXPECT_LT(infinite.calculateMatch(stops_).camera1Dof.depthOfField(), 0);
+  EXPECT_EQ(infinite.match().fstop, 0);
+  EXPECT_FALSE(infinite.match().camera2Dof);
 }
 
 TEST_F(Match, CirclesOfConfusionAreWholeMicrometres) {

@@ -67,10 +67,29 @@ TEST_F(SpotStars, OtherRules) {
   EXPECT_NEAR(tele.maxExposureTimeVarnell(), seconds * 360 / (90 * 2 * M_PI), seconds * 0.01);
 }
 
+TEST_F(SpotStars, ShowsWhatComes) {
+  SpotStarsModel film = model();
+  film.setMegaPixels(0);
+  EXPECT_TRUE(std::isinf(film.maxExposureTimeWithNPFRule()));
+  SpotStarsModel pole = model();
+  pole.setDeclination(90);
+  EXPECT_GT(std::abs(pole.maxExposureTimeWithNPFRule()), 1e9);
+}
+
 TEST_F(SpotStars, SettingsWithoutValues) {
   const SpotStarsModel fresh(defaults_, stops_);
   EXPECT_EQ(fresh.aperture().fstop, 2.8);
   EXPECT_EQ(fresh.teleconverter(), 1);
+  SpotStarsModel changed = model(0.02F, 1.4F);
+  changed.setTeleconverter1(1.4F);
+  changed.setDeclination(-12);
+  changed.saveUserDefaults(defaults_);
+  const SpotStarsModel loaded(defaults_, stops_);
+  EXPECT_EQ(loaded.focalLength(), 0.02F);
+  EXPECT_EQ(loaded.aperture().fstop, 1.4);
+  EXPECT_EQ(loaded.teleconverter(), 1.4F);
+  EXPECT_EQ(loaded.declination(), -12);
+  EXPECT_EQ(loaded.accuracy(), SpotStarsAccuracy::accurate);
 }
 
 // The helper that knows no sensor gives what the model gives for the sensor it assumes.

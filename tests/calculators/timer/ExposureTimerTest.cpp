@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <memory>
-#include <utility>
 
 #include "app/settings/SettingsKeys.h"
 #include "calculators/timer/MainQueueTicks.h"
@@ -37,7 +37,8 @@ struct Listener : ExposureTimerDelegate {
   void timerDidEnd() override { ++ends; }
   void timerWantsNotifications() override { ++wishes; }
 
-  int ends = 0, wishes = 0;
+  int ends = 0;
+  int wishes = 0;
 };
 
 class Timer : public testing::Test {
@@ -89,14 +90,18 @@ TEST_F(Timer, CountsDownToTheTickAfterZero) {
 }
 
 TEST_F(Timer, TimesAreRoundedAndImpossibleOnesNone) {
-  const std::pair<double, std::int64_t> cases[] = {{0.5, 1}, {59.6, 60},    {1e30, 2147483647},
-                                                   {-5, 0},  {HUGE_VAL, 0}, {std::nan(""), 0},
-                                                   {0.4, 0}};
+  const struct {
+    double time;
+    std::int64_t seconds;
+  } cases[] = {{0.4, 0},          {0.5, 1}, {59.6, 60},
+               {std::nan(""), 0}, {-5, 0},  {std::numeric_limits<double>::infinity(), 0},
+               {1e30, 2147483647}};
   for (const auto& [time, seconds] : cases) {
     timer->setTimeWithExposureTime(static_cast<float>(time));
     EXPECT_EQ(timer->seconds(), seconds) << time;
     EXPECT_EQ(timer->appearance().startEnabled, seconds >= 1) << time;
   }
+  timer->setTimeWithExposureTime(0.4F);
   timer->doStartTimer();
   EXPECT_EQ(timer->state(), TimerState::idle);
 }
@@ -117,6 +122,19 @@ TEST_F(Timer, PausesAndResumes) {
   timer->cancelTimer();
   EXPECT_FALSE(notifications.pending);
   EXPECT_EQ(timer->secondsLeft(), 100);
+}
+
+TEST_F(Timer, CancelWhilePausedGoesBackToThePicker) {
+  timer->setPicker({1, 2, 3});
+  timer->doStartTimer();
+  timer->setPicker({0, 0, 9});
+  EXPECT_EQ(timer->seconds(), 3723) << "the picker is hidden while it runs";
+  tick(5);
+  timer->doStartTimer();
+  timer->cancelTimer();
+  EXPECT_EQ(timer->state(), TimerState::idle);
+  EXPECT_EQ(timer->secondsLeft(), 3723);
+  EXPECT_EQ(timer->picker().minutes, 2);
 }
 
 TEST_F(Timer, TheBackgroundCostsNoTime) {
@@ -145,6 +163,8 @@ TEST_F(Timer, AKilledProcessLosesNothing) {
   make();
   EXPECT_TRUE(timer->isTimerRunning());
   EXPECT_EQ(notifications.pending, 570) << "the old one may have gone with the process";
+  EXPECT_EQ(timer->secondsLeft(), 570);
+  EXPECT_EQ(timer->seconds(), 600);
   tick(1);
   EXPECT_EQ(timer->secondsLeft(), 569) << "it ticks on";
 
@@ -158,6 +178,8 @@ TEST_F(Timer, AKilledProcessLosesNothing) {
   make();
   EXPECT_EQ(timer->state(), TimerState::idle) << "its end has passed";
   EXPECT_EQ(timer->secondsLeft(), 600);
+  make();
+  EXPECT_EQ(timer->state(), TimerState::idle);
 }
 
 TEST_F(Timer, RunsWithoutNotifications) {
@@ -175,32 +197,34 @@ TEST_F(Timer, RunsWithoutNotifications) {
   EXPECT_EQ(listener.wishes, 1) << "not asked again";
 }
 
-TEST_F(Timer, ANewTimeEndsTheOldCountdown) {
+TEST_F(Timer, CalculatorsSetTheirTimes) {
   timer->setTimeWithExposureModel(Exposure(124.6F, 100, {8, 8}, 0, 0));
   EXPECT_EQ(timer->seconds(), 125);
   timer->doStartTimer();
   timer->setTimeWithTimelapseModel(Timelapse{2.4, 25, 30, 1800, 4});
-  EXPECT_EQ(timer->state(), TimerState::idle);
+  EXPECT_EQ(timer->state(), TimerState::idle) << "a new time ends the old countdown";
   EXPECT_FALSE(notifications.pending);
+  EXPECT_EQ(timer->timerMode(), TimerMode::timelapse);
   EXPECT_EQ(timer->seconds(), 1800);
+  EXPECT_EQ(timer->timelapseModel()->numberOfPhotos(), 750);
   timer->setTimeWithExposureTime(5);
   EXPECT_FALSE(timer->timelapseModel());
 }
 
 TEST_F(Timer, ShowsItsState) {
-  timer->setPicker({1, 1, 1});
+  timer->setTimeWithExposureTime(3661);
   EXPECT_EQ(timer->label(), "01:01:01");
   EXPECT_EQ(timer->appearance().startText, "Start");
-  EXPECT_FALSE(timer->appearance().cancelEnabled);
+  EXPECT_EQ(timer->appearance().cancelAlpha(), 0.5F);
   timer->doStartTimer();
-  timer->setPicker({0, 0, 9});  // hidden while it runs
   tick(62);
   EXPECT_EQ(timer->label(), "59:59");
   EXPECT_EQ(timer->appearance().startText, "Pause");
+  EXPECT_EQ(timer->appearance().startColor, "red");
+  EXPECT_TRUE(timer->appearance().labelShown);
   timer->doStartTimer();
   EXPECT_EQ(timer->appearance().startText, "Resume");
-  timer->cancelTimer();
-  EXPECT_EQ(timer->secondsLeft(), 3661);
+  EXPECT_EQ(timer->appearance().startColor, "blue");
 }
 
 TEST(MainQueueTicks, TickUntilTheyAreStopped) {
