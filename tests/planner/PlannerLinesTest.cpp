@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
+#include "map/lines/LocationUtils.h"
 #include "planner/SessionFixture.h"
 
 namespace zenivo {
@@ -16,19 +19,16 @@ class GeodesicLine {
 namespace testing {
 namespace {
 
-using ::testing::DoubleEq;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 /// Gives each line one point, whose latitude tells the azimuth.
 class FakeGeodesics : public GeodesicCurveMapManager {
  public:
-  std::shared_ptr<GeodesicLine> geodesicLineFrom(const Coordinate& /*from*/,
-                                                 double azimuth) override {
+  std::shared_ptr<GeodesicLine> geodesicLineFrom(const Coordinate&, double azimuth) override {
     return std::make_shared<GeodesicLine>(azimuth);
   }
-  std::shared_ptr<GeodesicLine> geodesicLineFrom(const Coordinate& /*from*/,
-                                                 const Coordinate& to) override {
+  std::shared_ptr<GeodesicLine> geodesicLineFrom(const Coordinate&, const Coordinate& to) override {
     return std::make_shared<GeodesicLine>(to.longitude);
   }
   void calculatePositionsForLine(GeodesicLine& line, LinePositions& intoArray) override {
@@ -36,53 +36,54 @@ class FakeGeodesics : public GeodesicCurveMapManager {
   }
 };
 
-std::vector<double> azimuths(const LinePositions& positions) {
-  std::vector<double> list;
-  for (const Coordinate& position : positions) list.push_back(position.latitude);
-  return list;
+MATCHER_P(LeadsTo, azimuth, "") {
+  return arg.size() == 1 && std::abs(arg[0].latitude - azimuth) < 1e-12;
 }
 
 class BlackPin : public Obstacle {
  public:
-  void recalculateDataWithObserver(const ZVObserver& /*observer*/) override {}
-  std::optional<AltitudeAboveBlackPin> altitudeAboveBlackPin(
-      const ZVObserver& /*observer*/, const PtPolar& /*sun*/,
-      const PtPolar& /*moon*/) const override {
-    return std::nullopt;
+  void recalculateDataWithObserver(const ZVObserver& observer) override {
+    distance = LocationUtils::greatCircleDistanceWithSource(observer.coordinate, coordinate) * 1000;
   }
+  std::optional<AltitudeAboveBlackPin> altitudeAboveBlackPin(const ZVObserver&, const PtPolar& sun,
+                                                             const PtPolar&) const override {
+    return AltitudeAboveBlackPin{sun.elevation_, 0, distance};
+  }
+
+  double distance = 0;
 };
 
 class PlannerLines : public SessionTest {
  protected:
+  PlannerLines() {
+    pin->coordinate = {48, 2.01};
+    pin->isVisible = true;
+  }
+
   static PlannerSides sides() {
     PlannerSides given;
     given.geodesics = [] { return std::make_unique<FakeGeodesics>(); };
     return given;
   }
 
-  Session session{ZVObserver(Coordinate{48, 2}), TimeZone(), dateIn("GMT", 2026, 3, 20, 9),
-                  sides()};
+  Date noon = dateIn("GMT", 2026, 6, 21, 12);
+  Session session{ZVObserver(Coordinate{48, 2}), TimeZone(), noon, sides()};
+  std::shared_ptr<BlackPin> pin = std::make_shared<BlackPin>();
 };
 
 TEST_F(PlannerLines, AreDrawnOnlyWhenWanted) {
   EXPECT_THAT(session->getSunLinePositions(), IsEmpty());
   session->setDrawGeodesicLines(true);
-  EXPECT_THAT(azimuths(session->getSunLinePositions()),
-              ElementsAre(session->getSunPosition().azimuth_));
-  EXPECT_THAT(azimuths(session->getMoonLinePositions()),
-              ElementsAre(session->getMoonPosition().azimuth_));
+  EXPECT_THAT(session->getSunLinePositions(), LeadsTo(session->getSunPosition().azimuth_));
+  EXPECT_THAT(session->getMoonLinePositions(), LeadsTo(session->getMoonPosition().azimuth_));
   EXPECT_THAT(session->getExpandedSunLinePositions(), IsEmpty());
   EXPECT_THAT(session->getSunSizeFirstSideLinePositions(), IsEmpty());
-  const SunEvent& sun = *session->getCurrentSunEvent();
-  EXPECT_THAT(azimuths(sun.riseLinePositions), ElementsAre(sun.riseAzimuth));
-  EXPECT_THAT(azimuths(sun.setLinePositions), ElementsAre(sun.setAzimuth));
-
   session->setDrawGeodesicLines(false);
   EXPECT_THAT(session->getSunLinePositions(), IsEmpty());
   EXPECT_THAT(session->getCurrentSunEvent()->riseLinePositions, IsEmpty());
   EXPECT_EQ(session->getCurrentSunEvent()->riseLine, nullptr);
 
-  Session plain(ZVObserver(Coordinate{48, 2}), TimeZone(), dateIn("GMT", 2026, 3, 20, 9));
+  Session plain(ZVObserver(Coordinate{48, 2}), TimeZone(), noon);
   plain->setDrawGeodesicLines(true);
   EXPECT_FALSE(plain->drawGeodesicLines()) << "nothing to draw with";
 }
@@ -93,14 +94,12 @@ TEST_F(PlannerLines, OppositeSideAndLimbs) {
   session->mapSettings().moonLayer.showAngularDiameter = true;
   session->plannerDidChangeLayersVisiblity();
   const double azimuth = session->getMoonPosition().azimuth_;
-  const double diameter = session->getMoonAngularDiameter();
-  EXPECT_THAT(azimuths(session->getExpandedMoonLinePositions()), ElementsAre(azimuth - 180));
-  EXPECT_THAT(azimuths(session->getExpandedSunLinePositions()),
-              ElementsAre(session->getSunPosition().azimuth_ - 180));
-  EXPECT_THAT(azimuths(session->getMoonSizeFirstSideLinePositions()),
-              ElementsAre(DoubleEq(azimuth + diameter / 2)));
-  EXPECT_THAT(azimuths(session->getMoonSizeSecondSideLinePositions()),
-              ElementsAre(DoubleEq(azimuth - diameter / 2)));
+  const double radius = session->getMoonAngularDiameter() / 2;
+  EXPECT_THAT(session->getExpandedMoonLinePositions(), LeadsTo(azimuth - 180));
+  EXPECT_THAT(session->getExpandedSunLinePositions(),
+              LeadsTo(session->getSunPosition().azimuth_ - 180));
+  EXPECT_THAT(session->getMoonSizeFirstSideLinePositions(), LeadsTo(azimuth + radius));
+  EXPECT_THAT(session->getMoonSizeSecondSideLinePositions(), LeadsTo(azimuth - radius));
   EXPECT_THAT(session->getSunSizeSecondSideLinePositions(), IsEmpty());
   session->mapSettings().moonLayer.showAngularDiameter = false;
   session->plannerDidChangeLayersVisiblity();
@@ -109,32 +108,43 @@ TEST_F(PlannerLines, OppositeSideAndLimbs) {
 
 TEST_F(PlannerLines, FollowTheMomentAndTheDay) {
   session->setDrawGeodesicLines(true);
-  session->setCurrentDate(dateIn("GMT", 2026, 3, 21, 8));
-  EXPECT_THAT(azimuths(session->getSunLinePositions()),
-              ElementsAre(session->getSunPosition().azimuth_));
-  const SunEvent& today = *session->getCurrentSunEvent();
-  EXPECT_THAT(azimuths(today.riseLinePositions), ElementsAre(today.riseAzimuth));
-  EXPECT_THAT(session->sunEvents()[0].riseLinePositions, IsEmpty());
-  // A day without a rise has no line to it.
+  for (const int day : {21, 22}) {
+    session->setCurrentDate(dateIn("GMT", 2026, 6, day, 8));
+    EXPECT_THAT(session->getSunLinePositions(), LeadsTo(session->getSunPosition().azimuth_));
+    const SunEvent& today = *session->getCurrentSunEvent();
+    EXPECT_THAT(today.riseLinePositions, LeadsTo(today.riseAzimuth));
+    EXPECT_THAT(today.setLinePositions, LeadsTo(today.setAzimuth));
+    EXPECT_THAT(session->sunEvents()[0].riseLinePositions, IsEmpty());
+  }
   session->setCurrentPosition({85, 2}, false);
-  session->setCurrentDate(dateIn("GMT", 2026, 6, 21, 8));
-  EXPECT_EQ(session->getCurrentSunEvent()->riseLine, nullptr);
+  EXPECT_EQ(session->getCurrentSunEvent()->riseLine, nullptr) << "a day without a rise";
   EXPECT_THAT(session->getCurrentSunEvent()->riseLinePositions, IsEmpty());
 }
 
 TEST_F(PlannerLines, ToTheBlackPin) {
-  const auto pin = std::make_shared<BlackPin>();
-  pin->coordinate = {48, 2.5};
-  pin->isVisible = true;
   session->setObstacle(pin);
+  EXPECT_THAT(session.delegate->takeCalls(), ElementsAre("obstacle"));
   EXPECT_THAT(session->getBlackPinLinePositions(), IsEmpty());
   session->setDrawGeodesicLines(true);
-  EXPECT_THAT(azimuths(session->getBlackPinLinePositions()), ElementsAre(2.5));
+  EXPECT_THAT(session->getBlackPinLinePositions(), LeadsTo(2.01));
   session->recreateGeodesicModels();
-  EXPECT_THAT(azimuths(session->getBlackPinLinePositions()), ElementsAre(2.5));
+  EXPECT_THAT(session->getBlackPinLinePositions(), LeadsTo(2.01));
   pin->isVisible = false;
   session->setCurrentPosition({48, 2.1}, false);
   EXPECT_THAT(session->getBlackPinLinePositions(), IsEmpty());
+}
+
+TEST_F(PlannerLines, SizesAtTheBlackPin) {
+  EXPECT_TRUE(std::isnan(session->getSunSizeInM()));
+  session->setObstacle(pin);
+  // The disk covers 9.15 m at a kilometre in June.
+  EXPECT_NEAR(session->getSunSizeInM(), 9.15 * pin->distance / 1000, 0.01);
+  EXPECT_EQ(session->altitudeAboveBlackPin()->apparentAltitudeObject,
+            session->getSunPosition().elevation_);
+  session->setCurrentPosition(pin->coordinate, false);
+  EXPECT_EQ(session->getMoonSizeInM(), 0);
+  session->setObstacle(nullptr);
+  EXPECT_TRUE(std::isnan(session->getMoonSizeInM()));
 }
 
 }  // namespace

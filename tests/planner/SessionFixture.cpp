@@ -24,20 +24,14 @@ class StateWriter {
   void append(Date value) { append(value.timeIntervalSinceReferenceDate()); }
   void append(const std::string& value) { text_ += " " + value; }
   void append(const PtPolar& p) {
-    append(p.azimuth_);
-    append(p.elevation_);
-    append(p.distance_);
+    for (const double value : {p.azimuth_, p.elevation_, p.distance_}) append(value);
   }
   void append(const Vector3D& v) {
-    append(v.x());
-    append(v.y());
-    append(v.z());
+    for (const double value : {v.x(), v.y(), v.z()}) append(value);
   }
   void append(const TwilightEvent& t) {
-    append(t.mjdStart());
-    append(t.mjdEnd());
-    append(t.startTimeInterval());
-    append(t.endTimeInterval());
+    for (const double mjd : {t.mjdStart(), t.mjdEnd()}) append(mjd);
+    for (const double t0 : {t.startTimeInterval(), t.endTimeInterval()}) append(t0);
   }
 
   std::string text_;
@@ -57,25 +51,22 @@ void writePath(StateWriter& out, const std::optional<BodyPath>& path) {
   }
 }
 
-void writeSunEvent(StateWriter& out, const SunEvent& event) {
-  writeEvent(out, event);
-  out.line("  civil", event.civilTwilight);
-  out.line("  nautical", event.nauticalTwilight);
-  out.line("  astronomical", event.astronomicalTwilight);
-  if (event.astronomicalTwilight2) out.line("  astronomical2", *event.astronomicalTwilight2);
-  out.line("  blue", event.blueHour);
-  out.line("  golden", event.goldenHour);
-  writePath(out, event.positionsPerHour);
-}
-
-void writeMoonEvent(StateWriter& out, const MoonEvent& event) {
-  writeEvent(out, event);
-  out.line("  phase", event.phase, event.mjdPhase, event.phaseIllumination, event.isSupermoon);
-  writePath(out, event.positionsPerHour);
+void writeDays(StateWriter& out, const PlannerManager& session) {
+  for (const SunEvent& event : session.sunEvents()) {
+    writeEvent(out, event);
+    out.line("  light", event.civilTwilight, event.nauticalTwilight, event.astronomicalTwilight,
+             event.astronomicalTwilight2.value_or(TwilightEvent()), event.blueHour,
+             event.goldenHour);
+    writePath(out, event.positionsPerHour);
+  }
+  for (const MoonEvent& event : session.moonEvents()) {
+    writeEvent(out, event);
+    out.line("  phase", event.phase, event.mjdPhase, event.phaseIllumination, event.isSupermoon);
+    writePath(out, event.positionsPerHour);
+  }
 }
 
 void writeNight(StateWriter& out, const MilkyWayEvent& event) {
-  out.line("night");
   writeEvent(out, event);
   out.line("  from", event.mjdVisibilityFrom, event.visibilityFromAzimuth,
            event.visibilityFromElevation);
@@ -101,8 +92,7 @@ std::string stateOf(const PlannerManager& session) {
   StateWriter out;
   out.line("date", session.currentDate(), session.currentTimeZone().name());
   writePositions(out, session);
-  for (const SunEvent& event : session.sunEvents()) writeSunEvent(out, event);
-  for (const MoonEvent& event : session.moonEvents()) writeMoonEvent(out, event);
+  writeDays(out, session);
   for (const auto& event : session.getEventSorter().sortedEvents()) {
     out.line("event", event.interval, static_cast<std::int32_t>(event.type));
   }

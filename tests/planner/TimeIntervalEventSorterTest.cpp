@@ -5,32 +5,19 @@
 
 #include <random>
 
-namespace zenivo {
+#include "planner/PlainDay.h"
+
+namespace zenivo::testing {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using enum TimeIntervalEventType;
 
-constexpr double kMidnight = 60000;  // mjd
-
-double at(int hour, double minute = 0) {
-  return kMidnight + (hour + minute / 60) / 24;
-}
-
-/// A day at a middle latitude; the Moon sets before it rises.
+/// A plain day, on which the Moon sets before it rises.
 class TimeIntervalEventSorterTest : public ::testing::Test {
  protected:
   TimeIntervalEventSorterTest() {
-    SunEvent& sun = suns[1];
-    sun.astronomicalTwilight = TwilightEvent(at(4), at(20));
-    sun.nauticalTwilight = TwilightEvent(at(4, 40), at(19, 20));
-    sun.civilTwilight = TwilightEvent(at(5, 20), at(18, 40));
-    sun.blueHour = TwilightEvent(at(18, 30), at(5, 30));
-    sun.goldenHour = TwilightEvent(at(17, 30), at(6, 30));
-    sun.setMjdRise(at(6));
-    sun.setMjdTransit(at(12));
-    sun.setMjdSet(at(18));
     MoonEvent& moon = moons[1];
     moon.setMjdSet(at(6));  // with the Sun
     moon.setMjdTransit(kNotThisDay);
@@ -38,13 +25,15 @@ class TimeIntervalEventSorterTest : public ::testing::Test {
     sorter.sortEventIntervalsSunEvents(suns, moons);
   }
 
-  std::vector<TimeIntervalEventType> types() const {
+  static std::vector<TimeIntervalEventType> typesOf(
+      const std::vector<TimeIntervalEventWithType>& events) {
     std::vector<TimeIntervalEventType> list;
-    for (const auto& event : sorter.sortedEvents()) list.push_back(event.type);
+    for (const auto& event : events) list.push_back(event.type);
     return list;
   }
+  std::vector<TimeIntervalEventType> types() const { return typesOf(sorter.sortedEvents()); }
 
-  std::vector<SunEvent> suns{3};
+  std::vector<SunEvent> suns{{}, plainDay(), {}};
   std::vector<MoonEvent> moons{3};
   TimeIntervalEventSorter sorter;
 };
@@ -99,11 +88,7 @@ TEST_F(TimeIntervalEventSorterTest, NearestEventThatTheMapShows) {
 TEST_F(TimeIntervalEventSorterTest, EventsOfOneMomentComeTogether) {
   const double sunrise = sorter.sortedEvents()[4].interval;
   const auto found = [&](double interval, NearestEvent side) {
-    std::vector<TimeIntervalEventType> list;
-    for (const auto& event : sorter.searchEventAtInterval(interval, side, 0)) {
-      list.push_back(event.type);
-    }
-    return list;
+    return typesOf(sorter.searchEventAtInterval(interval, side, 0));
   };
   EXPECT_THAT(found(sunrise - 5, NearestEvent::after), ElementsAre(sunRise, moonSet));
   EXPECT_THAT(found(sunrise + 5, NearestEvent::before), ElementsAre(moonSet, sunRise));
@@ -138,4 +123,4 @@ TEST_F(TimeIntervalEventSorterTest, TheOrderNeverContradictsTheComparison) {
 }
 
 }  // namespace
-}  // namespace zenivo
+}  // namespace zenivo::testing
