@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <utility>
 
 #include "engine/DateEphemeris.h"
 #include "engine/LocalMonth.h"
@@ -21,11 +22,7 @@ TEST(MoonPhases, ExamplesOfMeeus) {
 // Universal Time, from the almanacs of the U.S. Naval Observatory.  Printed to
 // the minute; the series is good for 20 s.
 TEST(MoonPhases, PublishedPhases) {
-  struct Published {
-    PtDateTime date;
-    std::int32_t phase;
-  };
-  const Published published[] = {
+  const std::pair<PtDateTime, std::int32_t> published[] = {
       {{2000, 1, 6, 18, 14}, kNewMoon},        {{2000, 1, 14, 13, 34}, kFirstQuarter},
       {{2000, 1, 28, 7, 57}, kLastQuarter},    {{2018, 1, 2, 2, 24}, kFullMoon},
       {{2018, 1, 17, 2, 17}, kNewMoon},        {{2018, 1, 31, 13, 27}, kFullMoon},
@@ -37,15 +34,13 @@ TEST(MoonPhases, PublishedPhases) {
       {{2024, 4, 23, 23, 49}, kFullMoon},      {{2024, 10, 2, 18, 49}, kNewMoon},
       {{2024, 10, 10, 18, 55}, kFirstQuarter}, {{2024, 10, 17, 11, 26}, kFullMoon},
   };
-  for (const Published& expected : published) {
+  for (const auto& [date, phase] : published) {
     // Started a day before, the list begins with the phase in question.
     PtDateTime start;
-    setFromMjd(start, getMjd(expected.date) - 1.0);
-    const std::vector<PtMoonPhaseWithDate> phases = phasesFromDate(start);
-    ASSERT_FALSE(phases.empty());
-    EXPECT_EQ(phases.front().phase, expected.phase) << getMjd(expected.date);
-    const double universal = getMjd(phases.front().date) - getDeltaT(expected.date);
-    EXPECT_NEAR((universal - getMjd(expected.date)) * 1440.0, 0.0, 1.0) << getMjd(expected.date);
+    setFromMjd(start, getMjd(date) - 1.0);
+    const PtMoonPhaseWithDate first = phasesFromDate(start).at(0);
+    EXPECT_EQ(first.phase, phase) << getMjd(date);
+    EXPECT_NEAR(getMjd(first.date) - getDeltaT(date), getMjd(date), 1.0 / 1440.0);
   }
 }
 
@@ -59,18 +54,12 @@ TEST(MoonPhases, ListsAreSortedCompleteAndNeverBeforeTheirStart) {
     PtDateTime start;
     setFromMjd(start, mjds(random));
     const std::vector<PtMoonPhaseWithDate> phases = phasesFromDate(start);
-    ASSERT_GE(phases.size(), 8u);
-    ASSERT_LE(phases.size(), 12u);
+    ASSERT_TRUE(phases.size() >= 8 && phases.size() <= 12) << phases.size();
     ASSERT_GE(phases.front().date, start);
-    double previous = getMjd(start);
-    for (std::size_t n = 0; n < 8; ++n) {
-      const double mjd = getMjd(phases[n].date);
-      ASSERT_LT(mjd - previous, 8.5) << start.year << '-' << start.month << '-' << start.day;
-      if (n > 0) {
-        ASSERT_GT(mjd - previous, 6.3) << start.year;
-        ASSERT_EQ(phases[n].phase, (phases[n - 1].phase + 1) % 4) << start.year;
-      }
-      previous = mjd;
+    ASSERT_LT(getMjd(phases.front().date) - getMjd(start), 8.5) << start.year;
+    for (std::size_t n = 1; n < 8; ++n) {
+      ASSERT_NEAR(getMjd(phases[n].date) - getMjd(phases[n - 1].date), 7.4, 1.1) << start.year;
+      ASSERT_EQ(phases[n].phase, (phases[n - 1].phase + 1) % 4) << start.year;
     }
   }
 }
@@ -91,18 +80,16 @@ class LocalMonth : public testing::Test {
 // On the last evening of a month in New York it is the next month in Greenwich;
 // on its first morning in Auckland it is still the month before.
 TEST_F(LocalMonth, StartsAtTheObserversMidnight) {
-  struct Case {
+  const struct {
     const char* zone;
-    PtDateTime moment;
-    PtDateTime start;
-  };
-  const Case cases[] = {
+    PtDateTime moment, start;
+  } cases[] = {
       {"America/New_York", {2024, 5, 1, 2, 0}, {2024, 4, 1, 4, 0}},
       {"America/New_York", {2024, 12, 31, 12, 0}, {2024, 12, 1, 5, 0}},
       {"Pacific/Auckland", {2023, 12, 31, 13, 0}, {2023, 12, 31, 11, 0}},
       {"GMT", {2024, 2, 29, 23, 59}, {2024, 2, 1, 0, 0}},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     setCachedCalendarTimeZone(TimeZone::timeZoneWithName(c.zone).value());
     EXPECT_EQ(startOfMonthOfDate(dateWithPtDateTime(c.moment)), c.start) << c.zone;
   }
