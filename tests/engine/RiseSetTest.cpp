@@ -107,8 +107,41 @@ TEST(Transit, WithinSecondsOfLibnova) {
   }
 }
 
+/// The search as it is described, each sample evaluated where it is needed.
+template <class Body>
+RiseSet plainSearch(EventKind kind, double mjdAt0, const PtPosition& observer) {
+  Body body(observer);
+  const double sines[] = {-0.10452846326765347, -0.20791169081775934, -0.3090169943749474, 0,
+                          0.10452846326765347,  -0.0697564737441253};
+  double target = sines[static_cast<std::size_t>(kind)];
+  if (kind == EventKind::riseSet) {
+    target = body.sinRiseAltitude(false, 0.0, body.equatorialPosition(true, mjdAt0, kDeltaT).r());
+  }
+  const double first = body.sinAltitude(mjdAt0, kDeltaT, 0) - target;
+  double yMinus = first, rise = 0, set = 0;
+  bool rises = false, sets = false;
+  for (int hour = 1; hour < 25 && !(rises && sets); hour += 2) {
+    const double y0 = body.sinAltitude(mjdAt0, kDeltaT, hour) - target;
+    const double yPlus = body.sinAltitude(mjdAt0, kDeltaT, hour + 1) - target;
+    const QuadraticRoots r = quadraticRoots(yMinus, y0, yPlus);
+    if (r.count == 2 || (r.count == 1 && yMinus < 0)) {
+      rise = hour + (r.count == 2 && r.extremeValue < 0 ? r.root2 : r.root1);
+      rises = true;
+    }
+    if (r.count == 2 || (r.count == 1 && yMinus >= 0)) {
+      set = hour + (r.count == 2 && r.extremeValue >= 0 ? r.root2 : r.root1);
+      sets = true;
+    }
+    yMinus = yPlus;
+  }
+  if (!rises && !sets) {
+    return first > 0 ? RiseSet{kAlwaysAbove, kAlwaysAbove} : RiseSet{kAlwaysBelow, kAlwaysBelow};
+  }
+  return {rises ? mjdAt0 + rise / 24.0 : kNotThisDay, sets ? mjdAt0 + set / 24.0 : kNotThisDay};
+}
+
 // A body that has answered for other days, places and kinds gives the same bits as a
-// new one.
+// new one that evaluates every sample afresh.
 template <class Body>
 void expectSharedSamplesChangeNothing() {
   Cases cases(90.0, 1900, 2100);
@@ -121,7 +154,7 @@ void expectSharedSamplesChangeNothing() {
     for (int query = 0; query < 12; ++query) {
       const EventKind kind = kKinds[random() % 6];
       const double start = mjdAt0 + static_cast<double>(random() % 4) * 0.5;
-      EXPECT_EQ(body.riseSet(kind, start, kDeltaT), Body(place).riseSet(kind, start, kDeltaT));
+      EXPECT_EQ(body.riseSet(kind, start, kDeltaT), plainSearch<Body>(kind, start, place));
       EXPECT_EQ(body.transit(start, kDeltaT), Body(place).transit(start, kDeltaT));
       // A query in between, and the same day with another deltaT, must not mix in.
       body.computePosition(false, start, kDeltaT);
