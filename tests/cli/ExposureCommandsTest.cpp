@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <fstream>
 #include <iterator>
 
 #include "cli/Home.h"
@@ -27,11 +26,6 @@ class ExposureCommands : public Home {
   std::string textOf(const std::string& arguments, const char* key) const {
     const Json answer = jsonOf(arguments);
     return answer["inputs"][key]["text"];
-  }
-
-  std::string settingsFile() const {
-    std::ifstream file(folder() / "settings.plist");
-    return {std::istreambuf_iterator<char>(file), {}};
   }
 };
 

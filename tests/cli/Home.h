@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "cli/Zenivo.h"
@@ -39,6 +41,11 @@ class Home : public testing::Test {
   /// Made by the program when it first saves something.
   std::filesystem::path folder() const { return parent_ / "home"; }
   bool isUntouched() const { return !std::filesystem::exists(folder()); }
+  /// The file of the settings; empty where there is none.
+  std::string settingsFile() const {
+    std::ifstream file(folder() / "settings.plist");
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
 
  private:
   const TemporaryFolder parent_;

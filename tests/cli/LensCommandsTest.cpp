@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <fstream>
-#include <iterator>
 
 #include "cli/Home.h"
 
@@ -25,11 +23,6 @@ class LensCommands : public Home {
   double numberOf(const std::string& arguments, const char* key) const {
     const Json answer = jsonOf(arguments);
     return answer["results"][key]["value"].get<double>();
-  }
-
-  std::string settingsFile() const {
-    std::ifstream file(folder() / "settings.plist");
-    return {std::istreambuf_iterator<char>(file), {}};
   }
 };
 
