@@ -1,73 +1,90 @@
 # The layers of the system: each folder below src/ with the folders whose
-# headers it may include.  Lower layers first; nothing points up.  The targets
-# are made from this table and tests/layers checks every #include against it.
+# headers it may include (USES) and the packages whose headers it may include
+# (PACKAGES).  Lower layers first; nothing points up.  The targets are made from
+# this table, and tests/layers checks every #include against it: none that is
+# not allowed here, and nothing allowed here that no file needs.
 
-set(ZENIVO_LAYERS
-  foundation
-  store/sqlite
-  store
-  app/settings
-  data/stores
-  engine
-  map/layers
-  map/lines
-  ar
-  eclipses
-  meteors
-  find
-  calculators/camera
-  calculators/models
-  calculators
-  calculators/timer
-  data/cameras
-  planner
-  app/shell
-  cli/input
-  cli/output
-  cli/common
-  cli/sky
-  cli/events
-  cli/calculators
-  cli/library
-  cli
-)
+# The packages: how their headers begin, and what to link.
+set(ZENIVO_PACKAGES boost cctz cli11 fmt icu json openssl pugixml sqlite)
+set(ZENIVO_PACKAGE_boost   boost/       Boost::headers Threads::Threads)
+set(ZENIVO_PACKAGE_cctz    cctz/        Zenivo::cctz)
+set(ZENIVO_PACKAGE_cli11   CLI/         CLI11::CLI11)
+set(ZENIVO_PACKAGE_fmt     fmt/         fmt::fmt)
+set(ZENIVO_PACKAGE_icu     unicode/     ICU::uc ICU::i18n)
+set(ZENIVO_PACKAGE_json    nlohmann/    nlohmann_json::nlohmann_json)
+set(ZENIVO_PACKAGE_openssl openssl/     OpenSSL::Crypto)
+set(ZENIVO_PACKAGE_pugixml pugixml.hpp  pugixml::pugixml)
+set(ZENIVO_PACKAGE_sqlite  sqlite3.h    SQLite::SQLite3)
 
-set(ZENIVO_LAYER_foundation   "")
-set(ZENIVO_LAYER_store/sqlite "")
-set(ZENIVO_LAYER_store        foundation store/sqlite)
-set(ZENIVO_LAYER_app/settings foundation)
-set(ZENIVO_LAYER_data/stores  foundation store)
-set(ZENIVO_LAYER_engine       foundation)
-set(ZENIVO_LAYER_map/layers   foundation)
-set(ZENIVO_LAYER_map/lines    foundation engine)
-set(ZENIVO_LAYER_ar           foundation map/lines)
-set(ZENIVO_LAYER_eclipses     foundation store app/settings data/stores engine map/lines)
-set(ZENIVO_LAYER_meteors      foundation engine map/lines)
-set(ZENIVO_LAYER_find         foundation app/settings engine map/lines)
-set(ZENIVO_LAYER_calculators/camera foundation app/settings)
-set(ZENIVO_LAYER_calculators/models foundation app/settings calculators/camera)
-set(ZENIVO_LAYER_calculators  foundation app/settings calculators/camera calculators/models)
-set(ZENIVO_LAYER_calculators/timer
-  foundation app/settings calculators/camera calculators/models)
-set(ZENIVO_LAYER_data/cameras foundation store data/stores calculators/camera)
-set(ZENIVO_LAYER_planner
-  foundation app/settings engine map/layers map/lines ar eclipses meteors)
-set(ZENIVO_LAYER_app/shell
-  foundation app/settings store data/stores calculators/camera data/cameras)
-set(ZENIVO_LAYER_cli/input    foundation engine)
-set(ZENIVO_LAYER_cli/output   foundation engine)
-set(ZENIVO_LAYER_cli/common
-  foundation app/settings store data/stores engine calculators/camera calculators data/cameras
-  planner cli/input cli/output)
-set(ZENIVO_LAYER_cli/sky
-  foundation engine map/layers map/lines planner cli/input cli/output cli/common)
-set(ZENIVO_LAYER_cli/events
-  foundation data/stores engine eclipses meteors find planner cli/input cli/output cli/common)
-set(ZENIVO_LAYER_cli/calculators
-  foundation app/settings store data/stores calculators/camera calculators/models calculators
-  calculators/timer data/cameras cli/input cli/output cli/common)
-set(ZENIVO_LAYER_cli/library
-  foundation app/settings store data/stores calculators/camera data/cameras app/shell
-  cli/input cli/output cli/common)
-set(ZENIVO_LAYER_cli
-  foundation cli/input cli/output cli/common cli/sky cli/events cli/calculators cli/library)
+set(ZENIVO_LAYERS "")
+macro(layer folder)
+  cmake_parse_arguments(row "" "" "USES;PACKAGES" ${ARGN})
+  list(APPEND ZENIVO_LAYERS ${folder})
+  set(ZENIVO_LAYER_${folder} ${row_USES})
+  set(ZENIVO_LAYER_PACKAGES_${folder} ${row_PACKAGES})
+endmacro()
+
+layer(foundation PACKAGES boost cctz fmt icu openssl pugixml)
+
+layer(time USES foundation PACKAGES fmt)
+
+layer(app/settings USES foundation PACKAGES fmt)
+
+layer(store/sqlite PACKAGES sqlite)
+layer(store/model USES foundation store/sqlite PACKAGES fmt openssl sqlite)
+layer(store/predicates USES store/model PACKAGES icu)
+layer(store/file USES foundation store/sqlite store/model store/predicates PACKAGES fmt)
+layer(store/graph USES foundation store/model store/predicates store/file)
+
+layer(data/stores USES foundation store/model store/file store/graph PACKAGES fmt)
+
+layer(engine USES foundation time PACKAGES fmt)
+
+layer(place USES foundation engine)
+
+layer(map/layers)
+layer(map/lines USES engine place)
+layer(ar/orientation USES foundation place)
+
+layer(eclipses USES foundation time app/settings store/graph data/stores engine place)
+layer(meteors USES foundation time engine place PACKAGES fmt json)
+layer(find USES foundation time app/settings engine place PACKAGES fmt)
+layer(calculators/camera USES foundation app/settings PACKAGES fmt)
+layer(calculators/models USES foundation app/settings calculators/camera)
+layer(calculators USES foundation app/settings calculators/camera calculators/models PACKAGES fmt)
+layer(calculators/timer
+  USES foundation app/settings calculators/camera calculators/models PACKAGES fmt)
+layer(data/cameras USES foundation data/stores calculators/camera)
+
+layer(planner
+  USES foundation time app/settings engine place map/layers map/lines ar/orientation eclipses
+    meteors)
+
+layer(input USES foundation place PACKAGES cctz fmt icu)
+layer(app/shell
+  USES foundation app/settings store/graph data/stores calculators/camera data/cameras
+  PACKAGES boost fmt)
+
+layer(answers/common
+  USES foundation time app/settings store/model data/stores place calculators/camera calculators
+    data/cameras planner input
+  PACKAGES cctz fmt json)
+
+layer(commands/common USES foundation input answers/common PACKAGES cli11 fmt)
+layer(commands/sky
+  USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
+layer(commands/events
+  USES foundation time data/stores engine eclipses meteors find input answers/common
+    commands/common
+  PACKAGES cli11 fmt)
+layer(commands/calculators
+  USES foundation app/settings calculators/camera calculators/models calculators
+    calculators/timer input answers/common commands/common
+  PACKAGES cli11 fmt)
+layer(commands/library
+  USES foundation app/settings store/file data/stores place calculators/camera app/shell input
+    answers/common commands/common
+  PACKAGES cli11 fmt)
+layer(cli
+  USES input commands/sky commands/events commands/calculators commands/library
+  PACKAGES cli11 fmt)

@@ -1,9 +1,8 @@
-# zenivo_layer(FOLDER [LIBRARIES lib...]): the library target of src/FOLDER,
-# named zenivo_<folder>, linked to the layers that cmake/layers.cmake allows.
-# A folder of headers alone becomes an interface library.  A main.cpp is left to
-# the program made from it.
+# zenivo_layer(FOLDER): the library target of src/FOLDER, named zenivo_<folder>,
+# linked to the layers and packages that cmake/layers.cmake allows.  A folder of
+# headers alone becomes an interface library.  A main.cpp is left to the program
+# made from it.
 function(zenivo_layer folder)
-  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "LIBRARIES")
   string(REPLACE "/" "_" name ${folder})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
@@ -15,7 +14,10 @@ function(zenivo_layer folder)
     add_library(zenivo_${name} INTERFACE)
   endif()
   target_include_directories(zenivo_${name} ${scope} ${PROJECT_SOURCE_DIR}/src)
-  target_link_libraries(zenivo_${name} ${scope} ${ARG_LIBRARIES})
+  foreach(package IN LISTS ZENIVO_LAYER_PACKAGES_${folder})
+    list(SUBLIST ZENIVO_PACKAGE_${package} 1 -1 libraries)
+    target_link_libraries(zenivo_${name} ${scope} ${libraries})
+  endforeach()
   foreach(dependency IN LISTS ZENIVO_LAYER_${folder})
     string(REPLACE "/" "_" dependency ${dependency})
     target_link_libraries(zenivo_${name} ${scope} zenivo_${dependency})
@@ -30,7 +32,7 @@ function(zenivo_tests folder)
   add_executable(zenivo_${name}_tests ${sources})
   target_include_directories(zenivo_${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(zenivo_${name}_tests PRIVATE
-    zenivo_${name} ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
+    $<TARGET_NAME_IF_EXISTS:zenivo_${name}> ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
   gtest_discover_tests(zenivo_${name}_tests DISCOVERY_MODE PRE_TEST
     TEST_PREFIX ${folder}/ PROPERTIES TIMEOUT 600)
 endfunction()
@@ -42,5 +44,5 @@ function(zenivo_bench folder)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/${folder}/*.cpp)
   add_executable(zenivo_${name}_bench ${sources})
   target_link_libraries(zenivo_${name}_bench PRIVATE
-    zenivo_${name} ${ARG_LIBRARIES} benchmark::benchmark_main)
+    $<TARGET_NAME_IF_EXISTS:zenivo_${name}> ${ARG_LIBRARIES} benchmark::benchmark_main)
 endfunction()

@@ -12,10 +12,10 @@
 #include <random>
 #include <vector>
 
-#include "engine/Mjd.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
 #include "engine/Twilight.h"
+#include "time/Mjd.h"
 
 namespace zenivo::ephemeris {
 namespace {

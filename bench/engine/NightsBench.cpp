@@ -3,12 +3,12 @@
 
 #include <benchmark/benchmark.h>
 
-#include "engine/DateEphemeris.h"
 #include "engine/MilkyWay.h"
 #include "engine/MoonlessHours.h"
 #include "engine/PtMilkyWay.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

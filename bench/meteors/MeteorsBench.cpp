@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <thread>
 
-#include "engine/DateEphemeris.h"
-#include "engine/PtDateTime.h"
 #include "meteors/MeteorShowerManager.h"
 #include "meteors/MeteorSky.h"
+#include "time/DateEphemeris.h"
+#include "time/PtDateTime.h"
 
 namespace zenivo {
 namespace {

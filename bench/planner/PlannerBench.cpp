@@ -10,10 +10,10 @@
 #include <random>
 #include <vector>
 
-#include "engine/DateEphemeris.h"
-#include "engine/Mjd.h"
 #include "planner/DaySearch.h"
 #include "planner/PlannerManager.h"
+#include "time/DateEphemeris.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 namespace {

@@ -26,8 +26,8 @@
 #include "RawPlans.h"
 #include "data/stores/Models.h"
 #include "data/stores/UserEntities.h"
-#include "store/ManagedObjectContext.h"
-#include "store/PersistentStoreCoordinator.h"
+#include "store/file/PersistentStoreCoordinator.h"
+#include "store/graph/ManagedObjectContext.h"
 
 namespace zenivo::bench {
 namespace {

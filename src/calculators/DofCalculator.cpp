@@ -6,8 +6,8 @@
 namespace zenivo {
 namespace {
 
-constexpr LensKeys kLensKeys{settings::dof_focalLength, settings::dof_teleconverter,
-                             settings::dof_teleconverter2};
+constexpr LensKeys kDofLens{settings::dof_focalLength, settings::dof_teleconverter,
+                            settings::dof_teleconverter2};
 
 }  // namespace
 
@@ -20,7 +20,7 @@ void DofCalculator::load() {
   model_.setCircleOfConfusion(circleOfConfusionInUse());
   model_.setIsFixedFocalLength(isFocalLengthFixed());
   model_.setIsFixedAperture(isApertureFixed());
-  zenivo::setLens(model_, loadLens(kLensKeys));
+  zenivo::setLens(model_, loadLens(kDofLens));
   model_.setAperture(loadAperture(settings::dof_aperture));
   model_.setSubjectDistance(defaults().floatForKey(settings::dof_subjectDistance));
   model_.calculateDOFValues();
@@ -28,7 +28,7 @@ void DofCalculator::load() {
 }
 
 void DofCalculator::save() const {
-  saveLens(defaults(), kLensKeys, lensOf(model_));
+  saveLens(defaults(), kDofLens, lensOf(model_));
   defaults().setFloat(static_cast<float>(model_.aperture().fstop), settings::dof_aperture);
   defaults().setFloat(model_.subjectDistance(), settings::dof_subjectDistance);
   defaults().setInteger(selectedPage_, settings::dof_selectedPage);

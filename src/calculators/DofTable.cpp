@@ -8,11 +8,11 @@
 namespace zenivo {
 namespace {
 
-constexpr LensKeys kLensKeys{settings::dofTable_focalLength, settings::dofTable_teleconverter,
-                             settings::dofTable_teleconverter2};
-constexpr TablePositionKeys kPositionKeys{settings::dofTable_offsetX, settings::dofTable_offsetY,
-                                          settings::dofTable_selectedRow,
-                                          settings::dofTable_selectedCol};
+constexpr LensKeys kDofTableLens{settings::dofTable_focalLength, settings::dofTable_teleconverter,
+                                 settings::dofTable_teleconverter2};
+constexpr TablePositionKeys kDofTablePosition{
+    settings::dofTable_offsetX, settings::dofTable_offsetY, settings::dofTable_selectedRow,
+    settings::dofTable_selectedCol};
 
 /// Distances from one to another in equal steps.
 struct Steps {
@@ -55,19 +55,19 @@ void DofTable::load() {
   dof_ = Dof();
   dof_.setCircleOfConfusion(camera() ? camera()->coc : 0);
   dof_.setIsFixedFocalLength(isFocalLengthFixed());
-  zenivo::setLens(dof_, loadLens(kLensKeys));
+  zenivo::setLens(dof_, loadLens(kDofTableLens));
   type_ = defaults().integerForKey(settings::dofTable_tableType) == 1 ? DofTableType::totalDof
                                                                       : DofTableType::nearFar;
   distances_ = standardSubjectDistances(environment().units.currentUnits());
   stops_ = stopsOfCamera();
-  position_ = TablePosition::load(defaults(), kPositionKeys, static_cast<int>(rowCount()),
+  position_ = TablePosition::load(defaults(), kDofTablePosition, static_cast<int>(rowCount()),
                                   static_cast<int>(stops_.size()));
 }
 
 void DofTable::save() const {
-  saveLens(defaults(), kLensKeys, lens());
+  saveLens(defaults(), kDofTableLens, lens());
   defaults().setInteger(static_cast<int>(type_), settings::dofTable_tableType);
-  position_.save(defaults(), kPositionKeys);
+  position_.save(defaults(), kDofTablePosition);
   defaults().synchronize();
 }
 

@@ -7,9 +7,9 @@
 namespace zenivo {
 namespace {
 
-constexpr LensKeys kLensKeys{settings::equivalentFocalLength_FocalLength,
-                             settings::equivalentFocalLength_Teleconverter,
-                             settings::equivalentFocalLength_Teleconverter2};
+constexpr LensKeys kEquivalentLens{settings::equivalentFocalLength_FocalLength,
+                                   settings::equivalentFocalLength_Teleconverter,
+                                   settings::equivalentFocalLength_Teleconverter2};
 
 std::string focalLengthText(float metres) {
   return metres > 0 ? CameraValuesFormatter::formatFocalLength(metres) : kNoValueText;
@@ -26,7 +26,7 @@ void EquivalentFocalLengthCalculator::load() {
   camera2_ = chosenCamera(defaults(), environment().cameras, kSecondCameraKeys);
   const AbstractCamera first = camera().value_or(AbstractCamera());
   const AbstractCamera second = camera2_.value_or(AbstractCamera());
-  const LensInput lens = loadLens(kLensKeys);
+  const LensInput lens = loadLens(kEquivalentLens);
   model_ = EquivalentFocalLength(
       first.sensorSize, second.sensorSize, first.coc, second.coc, lens.focalLength,
       lens.teleconverter1, lens.teleconverter2,
@@ -40,7 +40,7 @@ void EquivalentFocalLengthCalculator::load() {
 }
 
 void EquivalentFocalLengthCalculator::save() const {
-  saveLens(defaults(), kLensKeys, lensOf(model_));
+  saveLens(defaults(), kEquivalentLens, lensOf(model_));
   defaults().setFloat(static_cast<float>(model_.aperture().fstop),
                       settings::equivalentFocalLength_Aperture);
   defaults().setFloat(model_.subjectDistance(), settings::equivalentFocalLength_SubjectDistance);

@@ -5,8 +5,8 @@
 namespace zenivo {
 namespace {
 
-constexpr LensKeys kLensKeys{settings::fov_focalLength, settings::fov_teleconverter,
-                             settings::fov_teleconverter2};
+constexpr LensKeys kFovLens{settings::fov_focalLength, settings::fov_teleconverter,
+                            settings::fov_teleconverter2};
 
 }  // namespace
 
@@ -20,7 +20,7 @@ void FovCalculator::load() {
   model_.setSensorWidth(sensor.width);
   model_.setSensorHeight(sensor.height);
   model_.setIsFixedFocalLength(isFocalLengthFixed());
-  zenivo::setLens(model_, loadLens(kLensKeys));
+  zenivo::setLens(model_, loadLens(kFovLens));
   model_.setSubjectDistance(defaults().floatForKey(settings::fov_subjectDistance));
   model_.setIsPortrait(defaults().boolForKey(settings::fov_isPortrait));
   model_.calculateFOVValues();
@@ -28,7 +28,7 @@ void FovCalculator::load() {
 }
 
 void FovCalculator::save() const {
-  saveLens(defaults(), kLensKeys, lensOf(model_));
+  saveLens(defaults(), kFovLens, lensOf(model_));
   defaults().setFloat(model_.subjectDistance(), settings::fov_subjectDistance);
   defaults().setBool(model_.isPortrait(), settings::fov_isPortrait);
   defaults().setInteger(selectedPage_, settings::fov_selectedPage);

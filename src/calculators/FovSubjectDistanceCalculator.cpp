@@ -5,9 +5,9 @@
 namespace zenivo {
 namespace {
 
-constexpr LensKeys kLensKeys{settings::fov_subjectDistanceFocalLength,
-                             settings::fov_subjectDistanceTeleconverter,
-                             settings::fov_subjectDistanceTeleconverter2};
+constexpr LensKeys kSubjectDistanceLens{settings::fov_subjectDistanceFocalLength,
+                                        settings::fov_subjectDistanceTeleconverter,
+                                        settings::fov_subjectDistanceTeleconverter2};
 
 }  // namespace
 
@@ -21,14 +21,14 @@ void FovSubjectDistanceCalculator::load() {
   model_.setSensorWidth(sensor.width);
   model_.setSensorHeight(sensor.height);
   model_.setIsFixedFocalLength(isFocalLengthFixed());
-  zenivo::setLens(model_, loadLens(kLensKeys));
+  zenivo::setLens(model_, loadLens(kSubjectDistanceLens));
   model_.setObjectWidth(defaults().floatForKey(settings::fov_subjectDistanceObjectWidth));
   model_.setObjectHeight(defaults().floatForKey(settings::fov_subjectDistanceObjectHeight));
   model_.setIsPortrait(defaults().boolForKey(settings::fov_subjectDistanceIsPortrait));
 }
 
 void FovSubjectDistanceCalculator::save() const {
-  saveLens(defaults(), kLensKeys, lensOf(model_));
+  saveLens(defaults(), kSubjectDistanceLens, lensOf(model_));
   defaults().setFloat(model_.objectWidth(), settings::fov_subjectDistanceObjectWidth);
   defaults().setFloat(model_.objectHeight(), settings::fov_subjectDistanceObjectHeight);
   defaults().setBool(model_.isPortrait(), settings::fov_subjectDistanceIsPortrait);

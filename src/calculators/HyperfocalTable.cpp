@@ -6,7 +6,7 @@
 namespace zenivo {
 namespace {
 
-constexpr TablePositionKeys kPositionKeys{
+constexpr TablePositionKeys kHyperfocalPosition{
     settings::hyperfocalTable_offsetX, settings::hyperfocalTable_offsetY,
     settings::hyperfocalTable_selectedRow, settings::hyperfocalTable_selectedCol};
 
@@ -22,12 +22,13 @@ void HyperfocalTable::load() {
   focalLengths_ = FocalLength::standardFocalLengths();
   if (isFocalLengthFixed()) focalLengths_ = {camera()->fixedFocalLengthInMetres()};
   stops_ = stopsOfCamera();
-  position_ = TablePosition::load(defaults(), kPositionKeys, static_cast<int>(focalLengths_.size()),
-                                  static_cast<int>(stops_.size()));
+  position_ =
+      TablePosition::load(defaults(), kHyperfocalPosition, static_cast<int>(focalLengths_.size()),
+                          static_cast<int>(stops_.size()));
 }
 
 void HyperfocalTable::save() const {
-  position_.save(defaults(), kPositionKeys);
+  position_.save(defaults(), kHyperfocalPosition);
   defaults().synchronize();
 }
 

@@ -11,13 +11,13 @@
 #include <string>
 #include <vector>
 
-#include "cli/calculators/Commands.h"
-#include "cli/events/Commands.h"
-#include "cli/input/InputError.h"
-#include "cli/input/Suggestions.h"
-#include "cli/input/TextFolding.h"
-#include "cli/library/Commands.h"
-#include "cli/sky/Commands.h"
+#include "commands/calculators/Commands.h"
+#include "commands/events/Commands.h"
+#include "commands/library/Commands.h"
+#include "commands/sky/Commands.h"
+#include "input/InputError.h"
+#include "input/Suggestions.h"
+#include "input/TextFolding.h"
 
 namespace zenivo::cli {
 namespace {

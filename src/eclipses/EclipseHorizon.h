@@ -6,8 +6,8 @@
 #include <optional>
 
 #include "engine/Angles.h"
-#include "engine/PtDateTime.h"
 #include "engine/PtPosition.h"
+#include "time/PtDateTime.h"
 
 namespace zenivo {
 

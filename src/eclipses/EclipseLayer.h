@@ -8,10 +8,10 @@
 #include "eclipses/EclipseRow.h"
 #include "eclipses/MoonEclipse.h"
 #include "eclipses/SunEclipse.h"
-#include "engine/Mjd.h"
 #include "engine/PtMoon.h"
 #include "engine/PtPosition.h"
 #include "engine/PtSun.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 

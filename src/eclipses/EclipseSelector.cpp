@@ -7,7 +7,7 @@
 #include "eclipses/EclipseType.h"
 #include "eclipses/MoonEclipse.h"
 #include "eclipses/SunEclipse.h"
-#include "map/lines/ZVObserver.h"
+#include "place/ZVObserver.h"
 
 namespace zenivo {
 namespace {

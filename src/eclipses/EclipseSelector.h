@@ -11,7 +11,7 @@
 #include "eclipses/EclipseRow.h"
 #include "engine/PtPosition.h"
 #include "foundation/UserDefaults.h"
-#include "map/lines/Coordinate.h"
+#include "place/Coordinate.h"
 
 namespace zenivo {
 

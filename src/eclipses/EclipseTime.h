@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "engine/Mjd.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 

@@ -2,7 +2,7 @@
 
 #include "eclipses/EclipseTime.h"
 #include "eclipses/EclipseType.h"
-#include "engine/DateEphemeris.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "engine/Mjd.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 namespace {

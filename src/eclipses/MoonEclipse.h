@@ -7,8 +7,8 @@
 #include "eclipses/EarthShadow.h"
 #include "eclipses/EclipseHorizon.h"
 #include "eclipses/EclipseRow.h"
-#include "engine/Mjd.h"
 #include "engine/PtPosition.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 

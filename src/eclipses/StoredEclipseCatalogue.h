@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "eclipses/EclipseCatalogue.h"
-#include "store/ManagedObjectContext.h"
+#include "store/graph/ManagedObjectContext.h"
 
 namespace zenivo {
 

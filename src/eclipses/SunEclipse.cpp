@@ -11,7 +11,7 @@
 namespace zenivo {
 namespace {
 
-enum class Contact { C1, C2, Max, C3, C4 };
+enum class SolarContact { C1, C2, Max, C3, C4 };
 
 // The moment `t` hours from t0, with the half second that makes whole seconds of
 // it by truncation.
@@ -27,10 +27,11 @@ double momentOf(const SolarElements& elements, double t) {
 template <class IsUp>
 std::int32_t typeAboveHorizon(std::int32_t type, IsUp isUp) {
   if (type == 0) return 0;
-  if (type == 1) return isUp(Contact::Max) || isUp(Contact::C1) || isUp(Contact::C4) ? 1 : 0;
-  if (isUp(Contact::Max) || isUp(Contact::C2) || isUp(Contact::C3)) return type;
-  const bool begins = isUp(Contact::C1);
-  const bool ends = isUp(Contact::C4);
+  if (type == 1)
+    return isUp(SolarContact::Max) || isUp(SolarContact::C1) || isUp(SolarContact::C4) ? 1 : 0;
+  if (isUp(SolarContact::Max) || isUp(SolarContact::C2) || isUp(SolarContact::C3)) return type;
+  const bool begins = isUp(SolarContact::C1);
+  const bool ends = isUp(SolarContact::C4);
   if (begins && ends) return type;
   return begins || ends ? 1 : 0;
 }
@@ -87,8 +88,9 @@ SunEclipseTimesResult calculateSunEclipseTimes(const PtPosition& observer,
   }
   const double elevations[] = {result.elevationC1, result.elevationC2, result.elevationMax,
                                result.elevationC3, result.elevationC4};
-  result.type = typeAboveHorizon(
-      seen.mid.type, [&](Contact contact) { return elevations[static_cast<int>(contact)] >= 0; });
+  result.type = typeAboveHorizon(seen.mid.type, [&](SolarContact contact) {
+    return elevations[static_cast<int>(contact)] >= 0;
+  });
   return result;
 }
 
@@ -96,7 +98,7 @@ std::int32_t sunEclipseType(const PtPosition& observer, const SolarElements& ele
   const SolarCircumstances seen = solarCircumstances(elements, EclipseObserver(observer));
   const Circumstance* contacts[] = {&seen.c1, &seen.c2, &seen.mid, &seen.c3, &seen.c4};
   std::optional<EclipsedBody<ephemeris::PtSun>> sun;
-  return typeAboveHorizon(seen.mid.type, [&](Contact contact) {
+  return typeAboveHorizon(seen.mid.type, [&](SolarContact contact) {
     const Circumstance& at = *contacts[static_cast<int>(contact)];
     if (const auto isUp = isUpForCertain(at.alt)) return *isUp;
     if (!sun) sun.emplace(observer, momentOf(elements, seen.c1.t));

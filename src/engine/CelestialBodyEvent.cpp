@@ -1,6 +1,6 @@
 #include "engine/CelestialBodyEvent.h"
 
-#include "engine/DateEphemeris.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

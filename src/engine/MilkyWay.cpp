@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "engine/DateEphemeris.h"
 #include "engine/PtMilkyWay.h"
 #include "engine/PtSun.h"
 #include "engine/Twilight.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

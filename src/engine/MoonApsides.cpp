@@ -4,9 +4,9 @@
 #include <span>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "engine/MoonApsisSeries.h"
 #include "foundation/LocalizedString.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

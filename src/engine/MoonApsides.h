@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/PtDateTime.h"
 #include "foundation/Date.h"
+#include "time/PtDateTime.h"
 
 namespace zenivo {
 

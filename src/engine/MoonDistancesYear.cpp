@@ -1,12 +1,12 @@
 #include "engine/MoonDistancesYear.h"
 
-#include "engine/DateEphemeris.h"
-#include "engine/LocalMonth.h"
 #include "engine/MoonPhase.h"
 #include "engine/MoonPhases.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
 #include "engine/Supermoon.h"
+#include "time/DateEphemeris.h"
+#include "time/LocalMonth.h"
 
 namespace zenivo {
 namespace {

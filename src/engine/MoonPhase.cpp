@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

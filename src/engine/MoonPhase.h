@@ -4,9 +4,9 @@
 
 #include <cstdint>
 
-#include "engine/LocalMonth.h"
 #include "engine/MoonPhases.h"
 #include "foundation/Date.h"
+#include "time/LocalMonth.h"
 
 namespace zenivo {
 

@@ -7,8 +7,8 @@
 #include <span>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "engine/MoonPhaseSeries.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {
@@ -16,7 +16,7 @@ namespace {
 using series::MoonPhaseTerm;
 
 /// The arguments of the periodic terms at one mean phase.
-struct Arguments {
+struct PhaseArguments {
   std::array<double, 3> eccentricity;  // E to the powers 0, 1 and 2
   double m;                            // mean anomaly of the Sun, radians
   double mp;                           // mean anomaly of the Moon
@@ -31,7 +31,7 @@ struct Arguments {
   }
 };
 
-Arguments argumentsAt(double k, double t) {
+PhaseArguments phaseArgumentsAt(double k, double t) {
   const double e = 1.0 - t * (0.002516 + 0.0000074 * t);
   const double m = 2.5534 + 29.1053567 * k - t * t * (0.0000014 + 0.00000011 * t);
   const double mp =
@@ -42,7 +42,7 @@ Arguments argumentsAt(double k, double t) {
   return {{1.0, e, e * e}, m * kDegree, mp * kDegree, f * kDegree, om * kDegree};
 }
 
-double sumOfSines(std::span<const MoonPhaseTerm> terms, const Arguments& arguments) {
+double sumOfSines(std::span<const MoonPhaseTerm> terms, const PhaseArguments& arguments) {
   double sum = 0;
   for (const MoonPhaseTerm& term : terms) {
     sum += arguments.amplitude(term) * std::sin(arguments.of(term));
@@ -51,7 +51,7 @@ double sumOfSines(std::span<const MoonPhaseTerm> terms, const Arguments& argumen
 }
 
 /// W: what the first quarter comes later and the last quarter earlier.
-double quarterCorrection(const Arguments& arguments) {
+double quarterCorrection(const PhaseArguments& arguments) {
   double sum = 0;
   for (const MoonPhaseTerm& term : series::kQuarterCorrectionTerms) {
     sum += arguments.amplitude(term) * std::cos(arguments.of(term));
@@ -68,7 +68,7 @@ double planetaryCorrection(double k, double t) {
   return sum;
 }
 
-double periodicCorrection(std::int32_t phase, const Arguments& arguments) {
+double periodicCorrection(std::int32_t phase, const PhaseArguments& arguments) {
   switch (phase) {
     case kNewMoon:
       return sumOfSines(series::kNewMoonTerms, arguments);
@@ -117,7 +117,7 @@ double moonPhaseJulianEphemerisDate(double k) {
   const double mean =
       2451550.09765 + 29.530588853 * k + t * t * (0.0001337 - t * (0.00000015 - 0.00000000073 * t));
   const auto phase = static_cast<std::int32_t>(std::lround(frac(k) * 4.0)) % 4;
-  return mean + periodicCorrection(phase, argumentsAt(k, t)) + planetaryCorrection(k, t);
+  return mean + periodicCorrection(phase, phaseArgumentsAt(k, t)) + planetaryCorrection(k, t);
 }
 
 std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start) {

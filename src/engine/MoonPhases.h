@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "engine/PtDateTime.h"
+#include "time/PtDateTime.h"
 
 namespace zenivo {
 

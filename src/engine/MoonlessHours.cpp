@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <optional>
 
-#include "engine/DateEphemeris.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
 #include "engine/Twilight.h"
 #include "foundation/Log.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

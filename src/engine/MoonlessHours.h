@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "engine/Mjd.h"
 #include "foundation/Date.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 

@@ -5,11 +5,11 @@
 #include <array>
 
 #include "engine/DaySamples.h"
-#include "engine/Mjd.h"
 #include "engine/PtPolar.h"
 #include "engine/PtPosition.h"
 #include "engine/Refraction.h"
 #include "engine/Vector3D.h"
+#include "time/Mjd.h"
 
 namespace zenivo::ephemeris {
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "engine/Mjd.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 

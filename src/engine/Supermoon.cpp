@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "engine/MoonApsides.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

@@ -1,6 +1,6 @@
 #include "engine/Twilight.h"
 
-#include "engine/DateEphemeris.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

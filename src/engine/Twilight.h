@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "engine/Mjd.h"
 #include "engine/PtSun.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 

@@ -3,11 +3,11 @@
 
 #include "find/AzimuthSolver.h"
 #include "find/MinuteSkip.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 namespace {
 
-constexpr int kMinutesPerDay = 1440;
 constexpr double kTropics = 23.0;  // degrees of latitude
 
 /// An edge of the azimuth window and when the body passes it.
@@ -50,7 +50,7 @@ double scanBetween(ephemeris::PtPlanet& body, const DirectionWindow& window, dou
   NearestMoment nearest(window);
   const double last = (to - day) * kMinutesPerDay;
   for (double minute = (from - day) * kMinutesPerDay; minute <= last;) {
-    const double mjd = day + minute / 1440.0;
+    const double mjd = day + minute / kMinutesPerDay;
     body.computePosition(false, mjd, deltaT);
     const double miss = std::abs(body.horizontal().elevation_ - window.elevation);
     int steps = 1;
@@ -70,7 +70,7 @@ double scanWholeDay(ephemeris::PtPlanet& body, const DirectionWindow& window, do
   NearestMoment nearest(window);
   bool found = false;
   for (int minute = 0; minute < kMinutesPerDay; ++minute) {
-    const double mjd = day + minute / 1440.0;
+    const double mjd = day + minute / kMinutesPerDay;
     body.computePosition(false, mjd, deltaT);
     const PtPolar& place = body.horizontal();
     const double azimuthGap = azimuthMiss(body, window.azimuth) - window.azimuthError;

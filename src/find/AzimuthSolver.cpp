@@ -4,11 +4,11 @@
 #include <cmath>
 
 #include "find/MinuteSkip.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 namespace {
 
-constexpr int kMinutesPerDay = 1440;
 constexpr double kRadiansPerHour = 0.2617993877991494;
 
 /// The hour angle that belongs to an azimuth, for one observer.
@@ -84,7 +84,7 @@ double scanMjdForAzimuth(ephemeris::PtPlanet& body, double azimuth, double day, 
   double bestDistance = 1000.0;
   bool inside = false;
   for (int minute = 0; minute < kMinutesPerDay; ++minute) {
-    body.computePosition(false, day + minute / 1440.0, deltaT);
+    body.computePosition(false, day + minute / kMinutesPerDay, deltaT);
     const double elevation = body.horizontal().elevation_;
     const double distance = azimuthMiss(body, azimuth);
     if (distance < kWindow) {
@@ -105,6 +105,6 @@ double scanMjdForAzimuth(ephemeris::PtPlanet& body, double azimuth, double day, 
     const int skip = minutesForAzimuthChange(distance - kWindow, elevation);
     minute += std::max(skip - 1, 0);
   }
-  return best < 0 ? kNoAzimuthMoment : day + best / 1440.0;
+  return best < 0 ? kNoAzimuthMoment : day + best / kMinutesPerDay;
 }
 }  // namespace zenivo

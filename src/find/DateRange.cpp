@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include "app/settings/SettingsKeys.h"
-#include "engine/DateEphemeris.h"
 #include "foundation/Calendar.h"
 #include "foundation/LocalizedString.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

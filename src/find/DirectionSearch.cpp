@@ -2,10 +2,10 @@
 
 #include <cmath>
 
-#include "engine/DateEphemeris.h"
 #include "engine/MoonPhase.h"
 #include "engine/PtMoon.h"
 #include "find/AzimuthSolver.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "engine/DateEphemeris.h"
 #include "foundation/MainQueue.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

@@ -11,7 +11,7 @@
 #include "find/DirectionSearch.h"
 #include "find/FindResult.h"
 #include "foundation/Date.h"
-#include "map/lines/ZVObserver.h"
+#include "place/ZVObserver.h"
 
 namespace zenivo {
 

@@ -1,4 +1,5 @@
 #include "find/FindResultsList.h"
+#include "time/Mjd.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,7 +10,7 @@ namespace {
 /// Days in the range, both ends included.
 int expectedSteps(const FindOperation& operation) {
   const double seconds = operation.endDate.timeIntervalSinceDate(operation.startDate) + 1.0;
-  return static_cast<int>(seconds / 86400.0);
+  return static_cast<int>(seconds / kSecondsPerDay);
 }
 
 /// The value that a column sorts by; the azimuth column of a search for azimuth

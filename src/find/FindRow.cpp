@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "foundation/DateFormatter.h"
 #include "foundation/NumberFormatter.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

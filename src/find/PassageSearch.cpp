@@ -5,14 +5,14 @@
 #include <optional>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "find/MinuteSkip.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {
 
-constexpr double kMinute = 1.0 / 1440.0;
-constexpr double kSecond = 1.0 / 86400.0;
+constexpr double kMinute = 1.0 / kMinutesPerDay;
+constexpr double kSecond = 1.0 / kSecondsPerDay;
 
 /// Days to the next sample: as far as no passage can lie between, else a minute,
 /// and less where the azimuth runs fast, near the zenith and the nadir.

@@ -1,7 +1,7 @@
 #include "meteors/LocationInfoTesselManager.h"
 
-#include "engine/DateEphemeris.h"
 #include "meteors/MeteorMoment.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

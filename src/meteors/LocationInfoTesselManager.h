@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "foundation/Date.h"
-#include "meteors/ZVLocation.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "engine/DateEphemeris.h"
 #include "engine/MilkyWay.h"
 #include "engine/PtMilkyWay.h"
 #include "engine/PtMoon.h"
@@ -11,6 +10,7 @@
 #include "meteors/LocationInfoTesselManager.h"
 #include "meteors/MeteorMoment.h"
 #include "meteors/MeteorNight.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "engine/Mjd.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 

@@ -1,7 +1,7 @@
 #include "meteors/MeteorMoment.h"
 
-#include "engine/DateEphemeris.h"
-#include "engine/ZVDateTime.h"
+#include "time/DateEphemeris.h"
+#include "time/ZVDateTime.h"
 
 namespace zenivo {
 

@@ -5,10 +5,10 @@
 #include <cmath>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "foundation/LocalizedString.h"
 #include "meteors/SkyBrightness.h"
 #include "meteors/SolarLongitude.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

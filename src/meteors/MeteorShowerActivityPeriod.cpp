@@ -6,12 +6,11 @@
 #include <array>
 #include <cmath>
 
-#include "engine/DateEphemeris.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 
 bool MeteorShowerActivityPeriod::isUpcoming(Date date) const {
-  constexpr double kSecondsPerDay = 86400.0;
   constexpr double kDaysAhead = 31.0;
   const double days = startDate.timeIntervalSinceDate(date) / kSecondsPerDay;
   return days >= 0.0 && days <= kDaysAhead;

@@ -6,11 +6,11 @@
 #include <charconv>
 #include <system_error>
 
-#include "engine/DateEphemeris.h"
 #include "foundation/Log.h"
 #include "foundation/PropertyList.h"
 #include "foundation/UserFolder.h"
-#include "map/lines/LocationUtils.h"
+#include "place/LocationUtils.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "meteors/MeteorSky.h"
 #include "meteors/SolarLongitude.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

@@ -4,9 +4,9 @@
 #include <set>
 #include <tuple>
 
-#include "engine/DateEphemeris.h"
 #include "engine/MoonlessHours.h"
 #include "meteors/MeteorShowerManager.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

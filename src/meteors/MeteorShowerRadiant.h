@@ -4,7 +4,7 @@
 
 #include "engine/PtPolar.h"
 #include "engine/PtStar.h"
-#include "meteors/ZVLocation.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 

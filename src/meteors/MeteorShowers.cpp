@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "engine/DateEphemeris.h"
 #include "foundation/AtomicFile.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

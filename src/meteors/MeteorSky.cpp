@@ -1,11 +1,11 @@
 #include "meteors/MeteorSky.h"
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "engine/MoonPhase.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
 #include "meteors/SolarLongitude.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

@@ -5,12 +5,12 @@
 #include <cmath>
 #include <future>
 
-#include "engine/DateEphemeris.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
 #include "engine/Supermoon.h"
 #include "foundation/OperationQueue.h"
 #include "meteors/MeteorNight.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {
@@ -18,8 +18,8 @@ namespace {
 using ephemeris::PtMoon;
 using ephemeris::PtSun;
 
-constexpr double kMinute = 1.0 / 1440.0;  // days
-constexpr double kFiveMinutes = 5.0 / 1440.0;
+constexpr double kMinute = 1.0 / kMinutesPerDay;  // days
+constexpr double kFiveMinutes = 5.0 / kMinutesPerDay;
 
 /// What one shower gives in one night.
 struct PeakNight {

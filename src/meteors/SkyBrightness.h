@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "meteors/ZVLocation.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 

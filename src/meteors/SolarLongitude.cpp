@@ -4,8 +4,8 @@
 #include <span>
 
 #include "engine/Angles.h"
-#include "engine/Mjd.h"
-#include "engine/ZVDateTime.h"
+#include "time/Mjd.h"
+#include "time/ZVDateTime.h"
 
 namespace zenivo {
 namespace {

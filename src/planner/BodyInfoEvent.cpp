@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "engine/DateEphemeris.h"
 #include "foundation/DateFormatter.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/LightBands.h"
-#include "engine/Mjd.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "foundation/DateFormatter.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

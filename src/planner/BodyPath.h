@@ -7,7 +7,7 @@
 #include "engine/CelestialBodyEvent.h"
 #include "engine/PtPlanet.h"
 #include "planner/BodyPathItem.h"
-#include "planner/LocalDay.h"
+#include "time/LocalDay.h"
 
 namespace zenivo {
 

@@ -1,8 +1,8 @@
 #include "planner/DaySearch.h"
 
-#include "engine/DateEphemeris.h"
 #include "engine/Supermoon.h"
 #include "engine/Twilight.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

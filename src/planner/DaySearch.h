@@ -4,9 +4,9 @@
 
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
-#include "planner/LocalDay.h"
 #include "planner/MoonEvent.h"
 #include "planner/SunEvent.h"
+#include "time/LocalDay.h"
 
 namespace zenivo {
 

@@ -10,7 +10,7 @@
 #include "foundation/UserDefaults.h"
 #include "map/lines/GeodesicCurveMapManager.h"
 #include "map/lines/Obstacle.h"
-#include "map/lines/ZVObserver.h"
+#include "place/ZVObserver.h"
 
 namespace zenivo {
 

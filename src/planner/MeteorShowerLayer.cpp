@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "engine/DateEphemeris.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

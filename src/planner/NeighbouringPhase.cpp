@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "engine/DateEphemeris.h"
-#include "engine/LocalMonth.h"
+#include "time/DateEphemeris.h"
+#include "time/LocalMonth.h"
 
 namespace zenivo {
 

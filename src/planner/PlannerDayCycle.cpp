@@ -1,10 +1,10 @@
 // The three local days around the session's moment.
 
-#include "engine/DateEphemeris.h"
-#include "engine/LocalMonth.h"
 #include "planner/BodyPath.h"
 #include "planner/NeighbouringPhase.h"
 #include "planner/PlannerManager.h"
+#include "time/DateEphemeris.h"
+#include "time/LocalMonth.h"
 
 namespace zenivo {
 namespace {

@@ -1,8 +1,8 @@
 // The session's eclipse.
 
 #include "app/settings/SettingsKeys.h"
-#include "engine/DateEphemeris.h"
 #include "planner/PlannerManager.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

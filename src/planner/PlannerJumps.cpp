@@ -1,8 +1,8 @@
 // Jumps of the session's moment from phase to phase of the Moon.
 
-#include "engine/DateEphemeris.h"
 #include "planner/NeighbouringPhase.h"
 #include "planner/PlannerManager.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "app/settings/SettingsKeys.h"
-#include "engine/DateEphemeris.h"
 #include "foundation/DateFormatter.h"
-#include "map/lines/LocationUtils.h"
+#include "place/LocationUtils.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {
@@ -78,8 +78,7 @@ void PlannerManager::setCurrentDate(Date date, bool refreshOnlyDate) {
   if (monthValue(oldDate) != monthValue(date) || yearValue(oldDate) != yearValue(date)) {
     recalculateMonthPhases();
   }
-  constexpr double kDay = 86400;
-  if (std::abs(date.timeIntervalSinceDate(oldDate)) >= kDay) resetEventArrays();
+  if (std::abs(date.timeIntervalSinceDate(oldDate)) >= kSecondsPerDay) resetEventArrays();
   if (sunEvents_.empty() || !isDateSameDayAsDate(oldDate, date)) changeDay(oldDate);
   if (meteorLayer_) meteorLayer_->updateMeteorShowerInfo(date);
   if (!refreshOnlyDate) calculatePositionsForDate(date);

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "ar/AzimuthManager.h"
+#include "ar/orientation/AzimuthManager.h"
 #include "eclipses/EclipseLayer.h"
 #include "engine/MilkyWayEvent.h"
 #include "engine/MoonPhase.h"

@@ -1,8 +1,8 @@
 // The session's meteor shower.
 
-#include "engine/DateEphemeris.h"
 #include "planner/BodyPath.h"
 #include "planner/PlannerManager.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

@@ -1,8 +1,8 @@
 // The night that concerns the session's moment.
 
-#include "engine/DateEphemeris.h"
 #include "planner/NightWindow.h"
 #include "planner/PlannerManager.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "planner/PlannerManager.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

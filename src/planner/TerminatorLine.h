@@ -5,7 +5,7 @@
 #include <array>
 #include <cstddef>
 
-#include "map/lines/Coordinate.h"
+#include "place/Coordinate.h"
 
 namespace zenivo {
 

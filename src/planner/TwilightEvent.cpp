@@ -1,6 +1,6 @@
 #include "planner/TwilightEvent.h"
 
-#include "engine/DateEphemeris.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "engine/Mjd.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 

@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "engine/DateEphemeris.h"
 #include "foundation/DateFormatter.h"
 #include "planner/SunEvent.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "engine/Mjd.h"
+#include "time/Mjd.h"
 
 namespace zenivo {
 

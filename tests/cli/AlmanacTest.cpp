@@ -7,7 +7,7 @@
 #include <string>
 
 #include "cli/Zenivo.h"
-#include "cli/input/MomentParser.h"
+#include "input/MomentParser.h"
 
 namespace zenivo::cli {
 namespace {

@@ -1,11 +1,11 @@
-#include "cli/sky/DarkNight.h"
+#include "commands/sky/DarkNight.h"
 
 #include <gtest/gtest.h>
 
-#include "cli/common/Session.h"
-#include "cli/common/Words.h"
-#include "engine/DateEphemeris.h"
+#include "answers/common/Session.h"
+#include "answers/common/Words.h"
 #include "engine/MoonlessHours.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {

@@ -7,7 +7,7 @@
 #include <cmath>
 
 #include "cli/Zenivo.h"
-#include "cli/input/MomentParser.h"
+#include "input/MomentParser.h"
 
 namespace zenivo::cli {
 namespace {

@@ -1,11 +1,11 @@
-#include "cli/events/FindSearch.h"
+#include "commands/events/FindSearch.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 
-#include "engine/DateEphemeris.h"
 #include "foundation/MainQueue.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {

@@ -8,9 +8,9 @@
 #include <csignal>
 
 #include "cli/Zenivo.h"
-#include "cli/events/MeteorReport.h"
-#include "engine/DateEphemeris.h"
+#include "commands/events/MeteorReport.h"
 #include "foundation/MainQueue.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {

@@ -8,7 +8,7 @@
 #include "eclipses/EclipseSelector.h"
 #include "eclipses/EclipseUtil.h"
 #include "eclipses/EclipseWalk.h"
-#include "map/lines/ZVObserver.h"
+#include "place/ZVObserver.h"
 
 namespace zenivo {
 namespace {

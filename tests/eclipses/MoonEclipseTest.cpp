@@ -16,12 +16,13 @@
 namespace zenivo {
 namespace {
 
-LunarElements elementsOf(const EclipseRow& row) {
+LunarElements lunarElementsOf(const EclipseRow& row) {
   return elementVector(*row.lunarEclipse, row.mjd);
 }
 
-MoonEclipseTimesResult seenFrom(const std::string& name, double latitude, double longitude) {
-  return calculateMoonEclipseTimes(PtPosition(latitude, longitude), elementsOf(eclipseNamed(name)));
+MoonEclipseTimesResult moonSeenFrom(const std::string& name, double latitude, double longitude) {
+  return calculateMoonEclipseTimes(PtPosition(latitude, longitude),
+                                   lunarElementsOf(eclipseNamed(name)));
 }
 
 std::vector<double> momentsOf(const MoonEclipseTimesResult& r) {
@@ -35,7 +36,7 @@ std::vector<double> elevationsOf(const MoonEclipseTimesResult& r) {
 
 // F. Espenak's page of the eclipse of 2014 April 15, NASA/GSFC.
 TEST(MoonEclipse, ContactsAsPublished) {
-  const auto seen = seenFrom("LE2014Apr15T", 0, -110);
+  const auto seen = moonSeenFrom("LE2014Apr15T", 0, -110);
   EXPECT_EQ(seen.type, 3);
   EXPECT_NEAR(seen.umbralMagnitude, 1.291, 0.002);
   EXPECT_NEAR(seen.penumbralMagnitude, 2.318, 0.002);
@@ -59,7 +60,7 @@ TEST(MoonEclipse, TheHorizonDecidesTheType) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.longitude);
-    const auto seen = seenFrom("LE2022May16T", 0, c.longitude);
+    const auto seen = moonSeenFrom("LE2022May16T", 0, c.longitude);
     std::string isUp;
     for (const double elevation : elevationsOf(seen)) isUp += elevation >= 0 ? '1' : '0';
     EXPECT_EQ(isUp, c.isUp);
@@ -83,8 +84,8 @@ TEST(MoonEclipse, ContactsAreInOrderEverywhere) {
       for (const double longitude : {-180.0, -77.0, 0.0, 100.0, 180.0}) {
         SCOPED_TRACE(testing::Message() << row->name << " at " << latitude << ", " << longitude);
         const PtPosition place(latitude, longitude);
-        const auto seen = calculateMoonEclipseTimes(place, elementsOf(*row));
-        EXPECT_EQ(moonEclipseType(place, elementsOf(*row)), seen.type);
+        const auto seen = calculateMoonEclipseTimes(place, lunarElementsOf(*row));
+        EXPECT_EQ(moonEclipseType(place, lunarElementsOf(*row)), seen.type);
         EXPECT_LE(seen.type, eclipseTypeAsInt(*row));
         if (seen.mjdP1 != kAlwaysBelow) {
           expectInOrder(seen, row->lunarEclipse->i5);
@@ -106,7 +107,7 @@ TEST(MoonEclipse, ContactsAreInOrderEverywhere) {
 TEST(MoonEclipse, TheShadowReachesTheMoonAtTheContacts) {
   ephemeris::PtSun sun;
   ephemeris::PtMoon moon;
-  const auto seen = seenFrom("LE2019Jan21T", 0, -80);
+  const auto seen = moonSeenFrom("LE2019Jan21T", 0, -80);
   const auto separation = [&](double mjd) {
     constexpr double kDeltaT = 71.0 / 86400, kLightTime = 499.0 / 86400;
     sun.computePosition(true, mjd, kDeltaT - kLightTime);

@@ -14,12 +14,13 @@
 namespace zenivo {
 namespace {
 
-SolarElements elementsOf(const EclipseRow& row) {
+SolarElements solarElementsOf(const EclipseRow& row) {
   return elementVector(*row.solarEclipse, row.mjd);
 }
 
-SunEclipseTimesResult seenFrom(const std::string& name, double latitude, double longitude) {
-  return calculateSunEclipseTimes(PtPosition(latitude, longitude), elementsOf(eclipseNamed(name)));
+SunEclipseTimesResult sunSeenFrom(const std::string& name, double latitude, double longitude) {
+  return calculateSunEclipseTimes(PtPosition(latitude, longitude),
+                                  solarElementsOf(eclipseNamed(name)));
 }
 
 // Where all contacts are given: PyEphem 4.1.4 (VSOP87 and ELP2000), the moments at
@@ -47,7 +48,7 @@ TEST(SunEclipse, ContactsAsPublished) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.eclipse << " at " << c.latitude);
-    const auto seen = seenFrom(c.eclipse, c.latitude, c.longitude);
+    const auto seen = sunSeenFrom(c.eclipse, c.latitude, c.longitude);
     EXPECT_EQ(seen.type, c.type);
     const bool isWhole = c.contacts[0] != ' ';
     if (isWhole) {
@@ -106,9 +107,9 @@ TEST(SunEclipse, ContactsAreInOrderEverywhere) {
     for (const EclipseRow* row : eclipsesOfKind(EclipseKind::solar)) {
       SCOPED_TRACE(testing::Message()
                    << row->name << " at " << place.latitude << ", " << place.longitude);
-      const auto seen = calculateSunEclipseTimes(place, elementsOf(*row));
+      const auto seen = calculateSunEclipseTimes(place, solarElementsOf(*row));
       expectConsistent(seen);
-      EXPECT_EQ(sunEclipseType(place, elementsOf(*row)), seen.type);
+      EXPECT_EQ(sunEclipseType(place, solarElementsOf(*row)), seen.type);
       seenCount += seen.type > 0;
       if (HasFailure()) return;
     }
@@ -121,7 +122,7 @@ TEST(SunEclipse, ContactsAreInOrderEverywhere) {
 TEST(SunEclipse, ContactsAreInOrderAtAGraze) {
   int edges = 0;
   for (const char* name : {"SE1925Jan24T", "SE1946Nov23P", "SE2013Nov03H", "SE2104Dec17A"}) {
-    const auto elements = elementsOf(eclipseNamed(name));
+    const auto elements = solarElementsOf(eclipseNamed(name));
     for (const int type : {1, 2}) {
       for (double longitude = -180; longitude < 180; longitude += 15) {
         const auto isInside = [&](double latitude) {
@@ -159,7 +160,7 @@ TEST(SunEclipse, TheHorizonDecidesTheType) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.longitude);
-    const auto seen = seenFrom("SE2026Aug12T", c.latitude, c.longitude);
+    const auto seen = sunSeenFrom("SE2026Aug12T", c.latitude, c.longitude);
     std::string isUp;
     for (const double elevation : {seen.elevationC1, seen.elevationC2, seen.elevationMax,
                                    seen.elevationC3, seen.elevationC4}) {
@@ -176,12 +177,12 @@ TEST(SunEclipse, TheHorizonDecidesTheType) {
 // umbra's vertex did not reach the ground, and total between.
 TEST(SunEclipse, AHybridEclipseIsAnnularOrTotalByPlace) {
   EXPECT_EQ(eclipseTypeAsInt(eclipseNamed("SE2005Apr08H")), 4);
-  EXPECT_EQ(seenFrom("SE2005Apr08H", 8.5, -80.35).type, 2);    // Panama
-  EXPECT_EQ(seenFrom("SE2005Apr08H", -10.6, -119.0).type, 3);  // the Pacific
+  EXPECT_EQ(sunSeenFrom("SE2005Apr08H", 8.5, -80.35).type, 2);    // Panama
+  EXPECT_EQ(sunSeenFrom("SE2005Apr08H", -10.6, -119.0).type, 3);  // the Pacific
 }
 
 TEST(SunEclipse, APlaceBesideThePenumbraHasOnlyTheGreatestMoment) {
-  const auto seen = seenFrom("SE2017Aug21T", -33.9, 18.4);  // Cape Town
+  const auto seen = sunSeenFrom("SE2017Aug21T", -33.9, 18.4);  // Cape Town
   EXPECT_EQ(seen.mjdC1, kAlwaysBelow);
   EXPECT_NEAR(seen.mjdMax, 57986.77, 0.1);
   expectConsistent(seen);
@@ -224,7 +225,7 @@ TEST(SunEclipse, ObscurationIsTheCoveredArea) {
 // partial one did.
 TEST(SunEclipse, PositionAnglesOfTheInnerContacts) {
   const auto gapBetweenFirstAndSecond = [](const char* name, double latitude, double longitude) {
-    const auto seen = solarCircumstances(elementsOf(eclipseNamed(name)),
+    const auto seen = solarCircumstances(solarElementsOf(eclipseNamed(name)),
                                          EclipseObserver(PtPosition(latitude, longitude)));
     return std::abs(angleDifference(seen.c1.p / kDegree, seen.c2.p / kDegree));
   };

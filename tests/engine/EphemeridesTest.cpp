@@ -7,9 +7,9 @@
 
 #include "engine/Angles.h"
 #include "engine/Nutation.h"
-#include "engine/PtDateTime.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
+#include "time/PtDateTime.h"
 
 namespace zenivo::ephemeris {
 namespace {

@@ -11,7 +11,7 @@
 #include <cmath>
 
 #include "engine/Angles.h"
-#include "engine/Mjd.h"
+#include "time/Mjd.h"
 
 namespace zenivo::libnova {
 

@@ -7,8 +7,8 @@
 #include <iterator>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "engine/Supermoon.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/DateEphemeris.h"
 #include "engine/PtMoon.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

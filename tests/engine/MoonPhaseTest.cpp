@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

@@ -5,8 +5,8 @@
 #include <random>
 #include <utility>
 
-#include "engine/DateEphemeris.h"
-#include "engine/LocalMonth.h"
+#include "time/DateEphemeris.h"
+#include "time/LocalMonth.h"
 
 namespace zenivo {
 namespace {

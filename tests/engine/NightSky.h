@@ -8,10 +8,10 @@
 #include <random>
 #include <string>
 
-#include "engine/DateEphemeris.h"
 #include "engine/PtMilkyWay.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

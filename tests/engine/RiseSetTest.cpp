@@ -8,10 +8,10 @@
 #include <random>
 
 #include "LibnovaPeer.h"
-#include "engine/PtDateTime.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
 #include "engine/QuadraticRoots.h"
+#include "time/PtDateTime.h"
 
 namespace zenivo::ephemeris {
 namespace {

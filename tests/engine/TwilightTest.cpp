@@ -4,8 +4,8 @@
 
 #include <tuple>
 
-#include "engine/DateEphemeris.h"
 #include "engine/LightBands.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

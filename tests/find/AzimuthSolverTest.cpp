@@ -16,7 +16,7 @@ using ephemeris::PtMoon;
 using ephemeris::PtPlanet;
 using ephemeris::PtSun;
 
-constexpr double kDeltaT = 69.2 / 86400.0;
+constexpr double kDeltaTOf2026 = 69.2 / 86400.0;
 
 /// Places that photographers do not choose are as likely as others: the poles, the
 /// equator, the antimeridian.
@@ -45,7 +45,7 @@ double everyMinuteForAzimuth(PtPlanet& body, double azimuth, double day) {
   double bestElevation = -99, bestMiss = 1000;
   bool inside = false;
   for (int i = 0; i < 1440; ++i) {
-    body.computePosition(false, day + i / 1440.0, kDeltaT);
+    body.computePosition(false, day + i / 1440.0, kDeltaTOf2026);
     const double elevation = body.horizontal().elevation_;
     const double miss = azimuthMiss(body, azimuth);
     if (miss < 0.25) {
@@ -71,11 +71,11 @@ double everyMinuteForDirection(PtPlanet& body, const DirectionWindow& w, double 
   double left = w.azimuth - w.azimuthError, right = w.azimuth + w.azimuthError;
   if (left < 0) left += 360;
   if (right >= 360) right -= 360;
-  const double t1 = mjdForAzimuth(body, left, day, kDeltaT);
-  body.computePosition(false, t1, kDeltaT);
+  const double t1 = mjdForAzimuth(body, left, day, kDeltaTOf2026);
+  body.computePosition(false, t1, kDeltaTOf2026);
   const double e1 = body.horizontal().elevation_, x1 = azimuthMiss(body, left);
-  const double t2 = mjdForAzimuth(body, right, day, kDeltaT);
-  body.computePosition(false, t2, kDeltaT);
+  const double t2 = mjdForAzimuth(body, right, day, kDeltaTOf2026);
+  body.computePosition(false, t2, kDeltaTOf2026);
   const double e2 = body.horizontal().elevation_, x2 = azimuthMiss(body, right);
   if (e1 < 0 && e2 < 0 && std::abs(body.getPosition().latitude) > 23.0) return -4;
 
@@ -91,7 +91,7 @@ double everyMinuteForDirection(PtPlanet& body, const DirectionWindow& w, double 
   if (e1 >= 0 && e2 >= 0 && std::abs(t1 - t2) < 0.25 && x1 < 1 && x2 < 1) {
     for (double i = (std::min(t1, t2) - day) * 1440; i <= (std::max(t1, t2) - day) * 1440;
          i += 1.0) {
-      body.computePosition(false, day + i / 1440.0, kDeltaT);
+      body.computePosition(false, day + i / 1440.0, kDeltaTOf2026);
       if (std::abs(body.horizontal().elevation_ - w.elevation) <= tolerance) {
         offer(day + i / 1440.0);
       }
@@ -100,7 +100,7 @@ double everyMinuteForDirection(PtPlanet& body, const DirectionWindow& w, double 
   }
   bool found = false;
   for (int i = 0; i < 1440; ++i) {
-    body.computePosition(false, day + i / 1440.0, kDeltaT);
+    body.computePosition(false, day + i / 1440.0, kDeltaTOf2026);
     const bool qualifies =
         azimuthMiss(body, w.azimuth) <= w.azimuthError &&
         std::abs(angleDifference(body.horizontal().elevation_, w.elevation)) <= tolerance;
@@ -122,7 +122,7 @@ TEST(AzimuthScan, LeavesOutNoMinuteThatCounts) {
     const auto body = bodyAt(randomPlace(random), i % 2 == 0);
     const double azimuth = randomAzimuth(random), day = when(random);
     const double expected = everyMinuteForAzimuth(*body, azimuth, day);
-    ASSERT_EQ(scanMjdForAzimuth(*body, azimuth, day, kDeltaT), expected)
+    ASSERT_EQ(scanMjdForAzimuth(*body, azimuth, day, kDeltaTOf2026), expected)
         << body->getPosition().latitude << " " << azimuth << " " << day;
     found += expected > 0 ? 1 : 0;
   }
@@ -142,12 +142,12 @@ TEST(DirectionScan, LeavesOutNoMinuteThatCounts) {
                            .elevation = elevation(random),
                            .elevationError = kErrors[random() % 5]};
     if (i % 2 == 0) {  // where the body really is at some moment of that day
-      body->computePosition(false, day + 0.3, kDeltaT);
+      body->computePosition(false, day + 0.3, kDeltaTOf2026);
       window.azimuth = body->horizontal().azimuth_;
       window.elevation = body->horizontal().elevation_;
     }
     const double expected = everyMinuteForDirection(*body, window, day);
-    ASSERT_EQ(scanMjdForAzimuthElevation(*body, window, day, kDeltaT), expected)
+    ASSERT_EQ(scanMjdForAzimuthElevation(*body, window, day, kDeltaTOf2026), expected)
         << body->getPosition().latitude << " " << window.azimuth << " " << window.azimuthError
         << " " << window.elevation << " " << window.elevationError << " " << day;
     found += expected > 0 ? 1 : 0;
@@ -161,7 +161,7 @@ TEST(AzimuthSolver, StaysInTheDayWhereverItIsAsked) {
   for (int i = 0; i < 5000; ++i) {
     const auto body = bodyAt(randomPlace(random), i % 2 == 0);
     const double day = when(random), azimuth = randomAzimuth(random);
-    const double mjd = mjdForAzimuth(*body, azimuth, day, kDeltaT);
+    const double mjd = mjdForAzimuth(*body, azimuth, day, kDeltaTOf2026);
     ASSERT_GE(mjd, day) << body->getPosition().latitude << " " << azimuth;
     ASSERT_LE(mjd, day + 1.0) << body->getPosition().latitude << " " << azimuth;
   }

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/settings/SettingsKeys.h"
-#include "engine/DateEphemeris.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

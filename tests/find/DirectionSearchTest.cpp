@@ -7,10 +7,10 @@
 #include <random>
 
 #include "engine/Angles.h"
-#include "engine/DateEphemeris.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
 #include "find/PassageSearch.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

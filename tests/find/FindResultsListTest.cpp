@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <random>
 
-#include "engine/DateEphemeris.h"
 #include "find/DateRange.h"
 #include "foundation/LocalizedString.h"
 #include "foundation/MainQueue.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {

@@ -2,19 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include "support/Times.h"
+
 namespace zenivo {
 namespace {
-
-TimeZone zone(const char* name) {
-  return TimeZone::timeZoneWithName(name).value();
-}
 
 DateComponents at(std::int64_t year, int month, int day, int hour = 0, int minute = 0) {
   return {.year = year, .month = month, .day = day, .hour = hour, .minute = minute};
 }
 
 TEST(Calendar, MomentsOfKnownCivilTimes) {
-  const Calendar gmt(zone("GMT"));
+  const Calendar gmt(zoneNamed("GMT"));
   EXPECT_EQ(gmt.dateFromComponents(at(2001, 1, 1)), Date());
   // Paris kept UT+0:09:21 until 1911, Cairo has summer time again since 2023, and
   // summer time goes on past 2037 by the rule at the end of the zone's file.
@@ -22,12 +20,12 @@ TEST(Calendar, MomentsOfKnownCivilTimes) {
                                             {"Africa/Cairo", 2026, 3 * 3600},
                                             {"America/New_York", 2150, -4 * 3600}}) {
     const Date july = gmt.dateFromComponents(at(year, 7, 1));
-    EXPECT_EQ(zone(name).secondsFromGMTForDate(july), seconds) << name;
+    EXPECT_EQ(zoneNamed(name).secondsFromGMTForDate(july), seconds) << name;
   }
 }
 
 TEST(Calendar, ClockChanges) {
-  const Calendar paris(zone("Europe/Paris"));
+  const Calendar paris(zoneNamed("Europe/Paris"));
   // 2026-03-29 has 23 hours, 2026-10-25 has 25.
   for (const auto& [month, day, hours] : {std::tuple{3, 29, 23}, {10, 25, 25}, {6, 1, 24}}) {
     const Date start = paris.dateFromComponents(at(2026, month, day));
@@ -44,7 +42,7 @@ TEST(Calendar, ClockChanges) {
 
 TEST(Calendar, ADayWithoutMidnightStartsAfterTheGap) {
   // Cairo's clocks went from 24:00 of 2026-04-23 to 01:00.
-  const Calendar cairo(zone("Africa/Cairo"));
+  const Calendar cairo(zoneNamed("Africa/Cairo"));
   EXPECT_EQ(cairo.componentsFromDate(cairo.dateFromComponents(at(2026, 4, 24))),
             at(2026, 4, 24, 1));
   const Date after = cairo.dateFromComponents(at(2026, 4, 25));
@@ -54,7 +52,7 @@ TEST(Calendar, ADayWithoutMidnightStartsAfterTheGap) {
 
 TEST(Calendar, ASkippedDayIsPassedOverBothWays) {
   // Samoa went from December 29 straight to December 31, 2011.
-  const Calendar apia(zone("Pacific/Apia"));
+  const Calendar apia(zoneNamed("Pacific/Apia"));
   const Date before = apia.dateFromComponents(at(2011, 12, 29));
   const Date after = apia.dateByAddingComponents({.day = 1}, before);
   EXPECT_EQ(apia.componentsFromDate(after), at(2011, 12, 31));
@@ -62,7 +60,7 @@ TEST(Calendar, ASkippedDayIsPassedOverBothWays) {
 }
 
 TEST(Calendar, ReformOf1582) {
-  const Calendar gmt(zone("GMT"));
+  const Calendar gmt(zoneNamed("GMT"));
   const Date last = gmt.dateFromComponents(at(1582, 10, 4));
   const Date next = gmt.dateByAddingComponents({.day = 1}, last);
   EXPECT_EQ(gmt.componentsFromDate(next), at(1582, 10, 15));
@@ -76,7 +74,7 @@ TEST(Calendar, ReformOf1582) {
 }
 
 TEST(Calendar, MonthsAndWeekdays) {
-  const Calendar gmt(zone("GMT"));
+  const Calendar gmt(zoneNamed("GMT"));
   const auto date = [&](std::int64_t y, int m, int d) {
     return gmt.dateFromComponents(at(y, m, d));
   };

@@ -5,17 +5,10 @@
 #include "foundation/Calendar.h"
 #include "foundation/DateFormatter.h"
 #include "foundation/NumberFormatter.h"
+#include "support/Times.h"
 
 namespace zenivo {
 namespace {
-
-TimeZone zone(const char* name) {
-  return TimeZone::timeZoneWithName(name).value();
-}
-
-Date utc(std::int64_t year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
-  return Calendar(zone("GMT")).dateFromComponents({year, month, day, hour, minute, second});
-}
 
 // Of the decimal that is meant: the double 1.005 is 1.00499999999999989, 2.675 is below, too.
 TEST(NumberFormatter, RoundsHalvesOfTheDecimalAwayFromZero) {
@@ -51,7 +44,7 @@ TEST(NumberFormatter, ReadsWholeTextsOnly) {
 }
 
 TEST(DateFormatter, DaysOfClockChanges) {
-  const DateFormatter paris("%Y-%m-%d %H:%M:%S %Z %Ez", zone("Europe/Paris"));
+  const DateFormatter paris("%Y-%m-%d %H:%M:%S %Z %Ez", zoneNamed("Europe/Paris"));
   const struct {
     Date date;
     const char* text;
@@ -66,25 +59,25 @@ TEST(DateFormatter, DaysOfClockChanges) {
 }
 
 TEST(DateFormatter, NamesAndDaysBeforeTheReform) {
-  const DateFormatter gmt("%a %e %B %Y, %b %d %I:%M %p 100%% %%Y", zone("GMT"));
+  const DateFormatter gmt("%a %e %B %Y, %b %d %I:%M %p 100%% %%Y", zoneNamed("GMT"));
   EXPECT_EQ(gmt.stringFromDate(utc(2026, 8, 2, 17, 5)),
             "Sun  2 August 2026, Aug 02 05:05 PM 100% %Y");
   // The day before Friday, October 15, 1582 was Thursday, October 4; the Battle of
   // Hastings was fought on Saturday, October 14, 1066; Julian 1500 was a leap year.
-  const DateFormatter day("%A %E4Y-%m-%d", zone("GMT"));
+  const DateFormatter day("%A %E4Y-%m-%d", zoneNamed("GMT"));
   EXPECT_EQ(day.stringFromDate(utc(1582, 10, 15)), "Friday 1582-10-15");
   EXPECT_EQ(day.stringFromDate(utc(1582, 10, 4, 23, 59)), "Thursday 1582-10-04");
   EXPECT_EQ(day.stringFromDate(utc(1066, 10, 14)), "Saturday 1066-10-14");
   EXPECT_EQ(day.stringFromDate(utc(1500, 2, 29)), "Saturday 1500-02-29");
-  EXPECT_EQ(DateFormatter("%E4Y", zone("GMT")).stringFromDate(utc(-4, 7, 1)), "-0004");
+  EXPECT_EQ(DateFormatter("%E4Y", zoneNamed("GMT")).stringFromDate(utc(-4, 7, 1)), "-0004");
 }
 
 TEST(DateFormatter, Iso8601TakesTheNearestSecond) {
   const Date date = utc(2026, 6, 21, 3, 46, 59);
-  EXPECT_EQ(iso8601String(date, zone("Europe/Paris")), "2026-06-21T05:46:59+02:00");
-  EXPECT_EQ(iso8601String(date.dateByAddingTimeInterval(0.5), zone("Europe/Paris")),
+  EXPECT_EQ(iso8601String(date, zoneNamed("Europe/Paris")), "2026-06-21T05:46:59+02:00");
+  EXPECT_EQ(iso8601String(date.dateByAddingTimeInterval(0.5), zoneNamed("Europe/Paris")),
             "2026-06-21T05:47:00+02:00");
-  EXPECT_EQ(iso8601String(date, zone("America/St_Johns")), "2026-06-21T01:16:59-02:30");
+  EXPECT_EQ(iso8601String(date, zoneNamed("America/St_Johns")), "2026-06-21T01:16:59-02:30");
 }
 
 }  // namespace

@@ -7,9 +7,9 @@
 #include <random>
 
 #include "engine/MoonlessHours.h"
-#include "engine/PtDateTime.h"
 #include "meteors/Places.h"
 #include "support/TemporaryFolder.h"
+#include "time/PtDateTime.h"
 
 namespace zenivo {
 namespace {

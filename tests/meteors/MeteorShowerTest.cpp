@@ -5,9 +5,9 @@
 #include <cmath>
 
 #include "engine/Angles.h"
-#include "engine/PtDateTime.h"
 #include "meteors/Places.h"
 #include "meteors/SkyBrightness.h"
+#include "time/PtDateTime.h"
 
 namespace zenivo {
 namespace {

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "engine/DateEphemeris.h"
 #include "meteors/MeteorShowers.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 

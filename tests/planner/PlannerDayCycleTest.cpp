@@ -3,8 +3,8 @@
 
 #include <set>
 
-#include "engine/LocalMonth.h"
 #include "planner/SessionFixture.h"
+#include "time/LocalMonth.h"
 
 namespace zenivo::testing {
 namespace {
@@ -13,8 +13,6 @@ using ::testing::Contains;
 using ::testing::IsSubsetOf;
 using ::testing::Not;
 using Type = TimeIntervalEventType;
-
-constexpr Coordinate kParis{48.8566, 2.3522};
 
 class PlannerDayCycle : public SessionTest {};
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <random>
 
-#include "engine/LocalMonth.h"
 #include "foundation/DateFormatter.h"
 #include "planner/SessionFixture.h"
+#include "time/LocalMonth.h"
 
 namespace zenivo::testing {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "map/lines/LocationUtils.h"
+#include "place/LocationUtils.h"
 #include "planner/SessionFixture.h"
 
 namespace zenivo {

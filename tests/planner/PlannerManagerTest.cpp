@@ -18,8 +18,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr Coordinate kParis{48.8566, 2.3522};
-
 class PlannerManagerTest : public SessionTest {
  protected:
   Session paris{ZVObserver(kParis), zoneNamed("Europe/Paris"),

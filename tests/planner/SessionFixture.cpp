@@ -104,16 +104,6 @@ std::string stateOf(const PlannerManager& session) {
   return out.text();
 }
 
-TimeZone zoneNamed(const std::string& name) {
-  return TimeZone::timeZoneWithName(name).value();
-}
-
-Date dateIn(const std::string& zone, std::int64_t year, int month, int day, int hour, int minute) {
-  return Calendar(zoneNamed(zone))
-      .dateFromComponents(
-          {.year = year, .month = month, .day = day, .hour = hour, .minute = minute});
-}
-
 Session::Session(PlannerSides sides) {
   sides.sun = std::make_unique<CountingBody<ephemeris::PtSun>>(sunWork);
   sides.moon = std::make_unique<CountingBody<ephemeris::PtMoon>>(moonWork);

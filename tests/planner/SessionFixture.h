@@ -11,19 +11,16 @@
 #include <utility>
 #include <vector>
 
-#include "engine/DateEphemeris.h"
 #include "foundation/Calendar.h"
 #include "foundation/TimeZone.h"
 #include "foundation/UserDefaults.h"
 #include "planner/PlannerManager.h"
+#include "support/Times.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo::testing {
 
-TimeZone zoneNamed(const std::string& name);
-
-/// A civil time in a zone.
-Date dateIn(const std::string& zone, std::int64_t year, int month, int day, int hour = 0,
-            int minute = 0);
+inline constexpr Coordinate kParis{48.8566, 2.3522};
 
 struct Work {
   int searches = 0;

@@ -12,7 +12,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::Pair;
 using ::testing::UnorderedElementsAre;
 
 class Context : public ::testing::Test {
@@ -104,7 +103,8 @@ TEST_F(Context, TellsChangedAndCommittedValuesAroundASave) {
   const auto first = insert("Book", "First");
   const auto second = insert("Book", "Second");
   shelf->addRelatedObject(first, "books");
-  EXPECT_THAT(first->committedValuesForKeys({"title"}), ElementsAre(Pair("title", Value())));
+  EXPECT_THAT(first->committedValuesForKeys({"title"}),
+              ElementsAre(::testing::Pair("title", Value())));
   saveOrFail(*context_);
   EXPECT_THAT(shelf->changedValues(), IsEmpty());
 
@@ -117,12 +117,12 @@ TEST_F(Context, TellsChangedAndCommittedValuesAroundASave) {
       kManagedObjectContextWillSaveNotification, context_.get(), [&](const Notification&) {
         ++saves;
         EXPECT_THAT(shelf->changedValues(),
-                    UnorderedElementsAre(Pair("rank", Value(5)),
-                                         Pair("books", Value(ObjectIDs{secondID}))));
-        EXPECT_THAT(
-            shelf->committedValuesForKeys({"rank", "books"}),
-            UnorderedElementsAre(Pair("rank", Value()), Pair("books", Value(ObjectIDs{firstID}))));
-        EXPECT_THAT(first->changedValues(), ElementsAre(Pair("shelf", Value())));
+                    UnorderedElementsAre(::testing::Pair("rank", Value(5)),
+                                         ::testing::Pair("books", Value(ObjectIDs{secondID}))));
+        EXPECT_THAT(shelf->committedValuesForKeys({"rank", "books"}),
+                    UnorderedElementsAre(::testing::Pair("rank", Value()),
+                                         ::testing::Pair("books", Value(ObjectIDs{firstID}))));
+        EXPECT_THAT(first->changedValues(), ElementsAre(::testing::Pair("shelf", Value())));
       });
   const auto didSave = defaultCenter().addObserver(
       kManagedObjectContextDidSaveNotification, context_.get(), [&](const Notification& told) {
@@ -131,8 +131,8 @@ TEST_F(Context, TellsChangedAndCommittedValuesAroundASave) {
         EXPECT_THAT(saved.updatedObjects, UnorderedElementsAre(shelf, first, second));
         EXPECT_THAT(saved.insertedObjects, IsEmpty());
         EXPECT_THAT(shelf->committedValuesForKeys({"rank", "books"}),
-                    UnorderedElementsAre(Pair("rank", Value(5)),
-                                         Pair("books", Value(ObjectIDs{secondID}))));
+                    UnorderedElementsAre(::testing::Pair("rank", Value(5)),
+                                         ::testing::Pair("books", Value(ObjectIDs{secondID}))));
         EXPECT_THAT(shelf->changedValues(), IsEmpty());
       });
   saveOrFail(*context_);

@@ -74,7 +74,7 @@ void expectWhole(ManagedObjectContext& context, int saves) {
   const auto context = contextOn(openStore(file));
   for (int number = counterOf(*context) + 1;; ++number) {
     change(*context, number);
-    const bool told = context->save() && write(pipe, &number, sizeof number) == sizeof number;
+    const bool told = context->save() && ::write(pipe, &number, sizeof number) == sizeof number;
     if (!told) _exit(1);
   }
 }

@@ -19,7 +19,7 @@ constexpr Pattern kPatterns[] = {{Fault::ioError, false},
                                  {Fault::full, true},
                                  {Fault::shortWrite, false}};
 
-void makeLibrary(const std::filesystem::path& file) {
+void makeShelves(const std::filesystem::path& file) {
   const auto context = contextOn(openStore(file));
   for (int i = 0; i < kShelves; ++i) {
     const auto shelf = insertNamed(*context, "Shelf", "old");
@@ -81,7 +81,7 @@ bool survives(int place, const Pattern& pattern) {
   bool met = false;
   std::string after;
   {
-    makeLibrary(file);
+    makeShelves(file);
     const auto context = contextOn(openStore(file, libraryModel(), {.vfs = FaultyDisk::kName}));
     context->setMergePolicy(MergePolicy::mergeByPropertyObjectTrump);
     change(*context, file);

@@ -7,10 +7,10 @@
 #include <memory>
 #include <string>
 
-#include "store/ManagedObjectContext.h"
-#include "store/ManagedObjectModel.h"
-#include "store/PersistentStore.h"
-#include "store/PersistentStoreCoordinator.h"
+#include "store/file/PersistentStore.h"
+#include "store/file/PersistentStoreCoordinator.h"
+#include "store/graph/ManagedObjectContext.h"
+#include "store/model/ManagedObjectModel.h"
 #include "support/TemporaryFolder.h"
 
 namespace zenivo::testing {

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "store/Value.h"
+#include "store/model/Value.h"
 
 namespace zenivo::testing {
 

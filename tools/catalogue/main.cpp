@@ -13,8 +13,8 @@
 #include "CsvTable.h"
 #include "data/stores/Models.h"
 #include "data/stores/StaticEntities.h"
-#include "store/ManagedObjectContext.h"
-#include "store/PersistentStoreCoordinator.h"
+#include "store/file/PersistentStoreCoordinator.h"
+#include "store/graph/ManagedObjectContext.h"
 
 namespace zenivo::catalogue {
 namespace {

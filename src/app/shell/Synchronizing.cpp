@@ -2,7 +2,7 @@
 
 #include "app/shell/ZenivoAppDelegate.h"
 #include "foundation/LocalizedString.h"
-#include "store/SaveNotification.h"
+#include "store/graph/SaveNotification.h"
 
 namespace zenivo {
 namespace {

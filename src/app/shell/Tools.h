@@ -9,7 +9,7 @@
 
 #include "app/shell/Url.h"
 #include "foundation/Error.h"
-#include "store/ManagedObjectContext.h"
+#include "store/graph/ManagedObjectContext.h"
 
 namespace zenivo {
 

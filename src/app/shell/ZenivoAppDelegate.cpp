@@ -8,7 +8,7 @@
 #include "calculators/camera/CameraChooser.h"
 #include "data/cameras/DatabaseCameraStore.h"
 #include "foundation/Log.h"
-#include "store/SaveNotification.h"
+#include "store/graph/SaveNotification.h"
 
 namespace zenivo {
 namespace {

@@ -9,7 +9,7 @@
 
 #include "data/stores/StaticEntities.h"
 #include "data/stores/UserEntities.h"
-#include "store/ManagedObjectContext.h"
+#include "store/graph/ManagedObjectContext.h"
 
 namespace zenivo {
 

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "data/stores/ManagedObjectContexts.h"
-#include "store/ManagedObjectContext.h"
-#include "store/PersistentStoreCoordinator.h"
+#include "store/file/PersistentStoreCoordinator.h"
+#include "store/graph/ManagedObjectContext.h"
 
 namespace zenivo {
 

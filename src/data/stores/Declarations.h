@@ -5,7 +5,7 @@
 #include <type_traits>
 
 #include "data/stores/TypedKeys.h"
-#include "store/ManagedObjectModel.h"
+#include "store/model/ManagedObjectModel.h"
 
 namespace zenivo {
 

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "store/ManagedObjectContext.h"
+#include "store/graph/ManagedObjectContext.h"
 
 namespace zenivo {
 

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "store/ManagedObjectModel.h"
+#include "store/model/ManagedObjectModel.h"
 
 namespace zenivo {
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "foundation/Date.h"
-#include "store/ManagedObject.h"
+#include "store/graph/ManagedObject.h"
 
 namespace zenivo {
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "map/lines/Coordinate.h"
+#include "place/Coordinate.h"
 
 namespace zenivo {
 

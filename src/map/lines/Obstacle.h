@@ -3,7 +3,7 @@
 #pragma once
 
 #include "engine/PtPolar.h"
-#include "map/lines/ZVObserver.h"
+#include "place/ZVObserver.h"
 
 namespace zenivo {
 

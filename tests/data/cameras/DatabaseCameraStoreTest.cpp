@@ -8,7 +8,7 @@
 #include "calculators/camera/CameraForm.h"
 #include "foundation/Bundle.h"
 #include "foundation/NotificationCenter.h"
-#include "store/SaveNotification.h"
+#include "store/graph/SaveNotification.h"
 #include "support/TemporaryFolder.h"
 
 namespace zenivo {

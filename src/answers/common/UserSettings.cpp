@@ -1,0 +1,48 @@
+#include "answers/common/UserSettings.h"
+
+#include <stdexcept>
+#include <string>
+
+#include "app/settings/RegisteredDefaults.h"
+#include "app/settings/SettingsKeys.h"
+
+namespace zenivo {
+namespace {
+
+PropertyList::Dictionary readFirstValues() {
+  std::string error;
+  auto values = bundledDefaults(&error);
+  if (!values) throw std::runtime_error("the first values cannot be read: " + error);
+  return *std::move(values);
+}
+
+}  // namespace
+
+UserSettings::UserSettings() : first_(readFirstValues()) {
+  copy_.registerDefaults(first_);
+  for (const std::string_view key : settings::kAllKeys) {
+    if (auto value = zenivoUserDefaults().objectForKey(key))
+      copy_.setObject(*std::move(value), key);
+  }
+}
+
+std::optional<PropertyList> UserSettings::firstValue(std::string_view key) const {
+  const auto found = first_.find(key);
+  return found != first_.end() ? std::optional(found->second) : std::nullopt;
+}
+
+void UserSettings::save() {
+  UserDefaults& user = zenivoUserDefaults();
+  bool isChanged = false;
+  for (const std::string_view key : settings::kAllKeys) {
+    auto value = copy_.objectForKey(key);
+    if (value == firstValue(key)) value.reset();
+    if (value == user.objectForKey(key)) continue;
+    user.setValue(std::move(value), key);
+    isChanged = true;
+  }
+  std::string error;
+  if (isChanged && !user.synchronize(&error)) throw std::runtime_error(error);
+}
+
+}  // namespace zenivo

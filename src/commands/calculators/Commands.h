@@ -1,0 +1,21 @@
+// The photographer's calculators and the exposure timer.
+
+#pragma once
+
+#include <memory>
+
+#include "commands/common/Command.h"
+
+namespace zenivo::cli {
+
+std::unique_ptr<Command> makeDofCommand();
+std::unique_ptr<Command> makeHyperfocalCommand();
+std::unique_ptr<Command> makeFovCommand();
+std::unique_ptr<Command> makeMatchCommand();
+std::unique_ptr<Command> makeStarsCommand();
+std::unique_ptr<Command> makeTrailsCommand();
+std::unique_ptr<Command> makeExposureCommand();
+std::unique_ptr<Command> makeTimelapseCommand();
+std::unique_ptr<Command> makeTimerCommand();
+
+}  // namespace zenivo::cli

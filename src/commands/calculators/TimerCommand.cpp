@@ -1,0 +1,230 @@
+// zenivo timer: the countdown of long exposures.
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+
+#include "answers/common/CalculatorSession.h"
+#include "app/settings/SettingsKeys.h"
+#include "calculators/ExposureCalculator.h"
+#include "calculators/SpotStarsCalculator.h"
+#include "calculators/StarTrailCalculator.h"
+#include "calculators/TimelapseCalculator.h"
+#include "calculators/camera/CameraValuesParser.h"
+#include "calculators/timer/MainQueueTicks.h"
+#include "commands/calculators/Commands.h"
+#include "commands/calculators/CountdownDisplay.h"
+#include "commands/calculators/TerminalNotifications.h"
+#include "commands/calculators/TimerStatus.h"
+#include "commands/common/Interruption.h"
+#include "commands/common/Table.h"
+#include "foundation/Log.h"
+#include "foundation/MainQueue.h"
+#include "input/InputError.h"
+
+namespace zenivo::cli {
+namespace {
+
+constexpr double kBetweenLooks = 0.1;  // seconds, at Ctrl-C
+
+/// A time to count down, and where it is a time-lapse's the time-lapse.
+struct CountdownTime {
+  double seconds = 0;
+  std::optional<Timelapse> timelapse;
+  std::vector<ResultRow> results;
+};
+
+CountdownTime timeOfCalculator(const std::string& name) {
+  CalculatorSession session;
+  if (name == "timelapse") {
+    const TimelapseCalculator calculator(session.settings());
+    return {calculator.model().eventDuration, calculator.model(), calculator.results()};
+  }
+  if (name == "trails")
+    return {StarTrailCalculator(session.settings()).model().exposureTime, {}, {}};
+  if (name == "stars") {
+    SpotStarsCalculator calculator(session.environment());
+    calculator.load();
+    return {calculator.model().maxExposureTimeWithNPFRule(), {}, {}};
+  }
+  ExposureCalculator calculator(session.environment());
+  calculator.load();
+  return {calculator.equivalentExposureModel().shutterSpeed(), {}, {}};
+}
+
+void expectCountable(double seconds) {
+  constexpr double kMost = std::numeric_limits<std::int32_t>::max();
+  if (std::round(seconds) >= 1 && seconds <= kMost) return;
+  throw InputError("a countdown takes whole seconds, from 1 to 2147483647");
+}
+
+std::string tableOf(const std::vector<ResultRow>& results, const Terminal& terminal) {
+  Table table({{""}, {""}});
+  for (const ResultRow& row : results) table.addRow({row.label(), row.text});
+  return table.text(terminal);
+}
+
+/// Throws std::runtime_error unless the file of the settings holds what the timer stored.
+void expectKept(UserDefaults& defaults) {
+  std::string error;
+  if (!defaults.synchronize(&error)) {
+    throw std::runtime_error("the countdown cannot be kept: " + error);
+  }
+}
+
+/// Whether another process has paused, reset or replaced the countdown.
+bool isChangedElsewhere(const ExposureTimer& timer, UserDefaults& defaults) {
+  if (!defaults.synchronize()) return false;  // then the countdown goes on as it was
+  return !defaults.boolForKey(settings::timer_is_running) ||
+         defaults.doubleForKey(settings::timer_timeout) != timer.timeOutTimeInterval();
+}
+
+/// Ticks are lost while the machine sleeps.
+void catchUpWithClock(ExposureTimer& timer) {
+  constexpr double kMostOff = 3;  // seconds
+  const double left = timer.timeOutTimeInterval() - Date::now().timeIntervalSince1970();
+  const double off = left - static_cast<double>(timer.secondsLeft());
+  if (std::abs(off) > kMostOff) timer.appMovedToForeground();
+}
+
+class TimerCommand : public Command {
+ public:
+  void addTo(CLI::App& program) override;
+  std::string run(const Terminal& terminal) override;
+
+ private:
+  bool isTimeGiven() const { return durationOption_->count() > 0 || !calculator_.empty(); }
+  CountdownTime timeGiven() const;
+  std::string start(const Terminal& terminal) const;
+  std::string count(ExposureTimer& timer, CountdownDisplay& display) const;
+  std::string answer(const TimerStatus& status) const {
+    return wantsJson_ ? timerJson(status).dump(2) + "\n" : timerText(status);
+  }
+
+  CLI::App* status_ = nullptr;
+  CLI::App* reset_ = nullptr;
+  std::string duration_;
+  const CLI::Option* durationOption_ = nullptr;
+  std::string calculator_;
+  bool wantsJson_ = false;
+};
+
+void TimerCommand::addTo(CLI::App& program) {
+  CLI::App* app = program.add_subcommand("timer", "Count down a long exposure");
+  CLI::Option* duration =
+      app->add_option("DURATION", duration_, "The time, as in 90, 90s, 2min 30s, 1:30:00 or 1h")
+          ->type_name("");
+  app->add_option("--from", calculator_,
+                  "Take the time from a calculator as it is saved: the exposure, the event of a "
+                  "time-lapse, the trail of stars, or the longest time that keeps stars points")
+      ->type_name("CALCULATOR")
+      ->check(CLI::IsMember({"exposure", "timelapse", "trails", "stars"}))
+      ->excludes(duration);
+  app->add_flag("--json", wantsJson_, "Print JSON, at the end");
+  durationOption_ = duration;
+  status_ = app->add_subcommand("status", "How the countdown stands; changes nothing");
+  reset_ = app->add_subcommand("reset", "End the countdown; the time stays set");
+  for (CLI::App* each : {status_, reset_}) {
+    each->add_flag("--json", wantsJson_, "Print JSON");
+    each->footer("A countdown is started, and goes on, with zenivo timer.");
+  }
+  app->footer(
+      "Ctrl-C pauses.  Without a time a paused countdown goes on, one whose program has gone is\n"
+      "shown again, and else the last time is counted once more.  A countdown runs on while no\n"
+      "program shows it.  The end is told by the desktop if it takes notifications, and by the\n"
+      "bell of the terminal.\n"
+      "\n"
+      "Examples:\n"
+      "  zenivo timer 2s\n"
+      "  zenivo timer status --json\n"
+      "  zenivo timer reset");
+}
+
+std::string TimerCommand::run(const Terminal& terminal) {
+  setLogThreshold(LogLevel::none);  // failures are thrown with what the log would say
+  if (!status_->parsed() && !reset_->parsed()) return start(terminal);
+  if (isTimeGiven()) throw InputError("a time is counted without status and reset; leave one out");
+  if (status_->parsed()) return answer(keptTimerStatus());
+  MainQueueTicks ticks;
+  TerminalNotifications notifications([](const std::string&) {}, [] {});
+  ExposureTimer timer(zenivoUserDefaults(), ticks, notifications);
+  timer.cancelTimer();
+  expectKept(zenivoUserDefaults());
+  return answer(statusOf(timer));
+}
+
+CountdownTime TimerCommand::timeGiven() const {
+  CountdownTime time;
+  if (!calculator_.empty()) {
+    time = timeOfCalculator(calculator_);
+  } else if (const auto seconds = CameraValuesParser::parseTimeDuration(duration_)) {
+    time.seconds = *seconds;
+  } else {
+    throw InputError(fmt::format("{} is no duration; write it as in 90s, 2min 30s or 1:30:00",
+                                 inQuotes(duration_)));
+  }
+  expectCountable(time.seconds);
+  return time;
+}
+
+std::string TimerCommand::start(const Terminal& terminal) const {
+  const TimerStatus before = keptTimerStatus();
+  const CountdownTime time = isTimeGiven() ? timeGiven() : CountdownTime();
+  if (!isTimeGiven() && before.seconds == 0) {
+    throw InputError("no time is set; write one as in zenivo timer 90s");
+  }
+  CountdownDisplay display(terminal, wantsJson_);
+  TerminalNotifications notifications(
+      [&display](const std::string& line) { display.say(line + "\n"); },
+      [&display] { display.ring(); });
+  MainQueueTicks ticks;
+  UserDefaults& defaults = zenivoUserDefaults();
+  ExposureTimer timer(defaults, ticks, notifications);
+  if (!isTimeGiven() && before.hasEnded) {
+    expectKept(defaults);
+    return answer(before);
+  }
+  if (time.timelapse) {
+    timer.setTimeWithTimelapseModel(*time.timelapse);
+    display.say(tableOf(time.results, terminal));
+  } else if (isTimeGiven()) {
+    timer.setTimeWithExposureTime(static_cast<float>(time.seconds));
+  }
+  return count(timer, display);
+}
+
+std::string TimerCommand::count(ExposureTimer& timer, CountdownDisplay& display) const {
+  UserDefaults& defaults = zenivoUserDefaults();
+  const Interruption interruption;
+  if (!timer.isTimerRunning()) timer.doStartTimer();
+  expectKept(defaults);
+  std::int64_t shown = -1;
+  while (timer.isTimerRunning() && !interruption.hasCome()) {
+    if (timer.secondsLeft() != shown) {
+      if (isChangedElsewhere(timer, defaults)) return answer(keptTimerStatus());
+      shown = timer.secondsLeft();
+      display.show(statusOf(timer));
+    }
+    mainQueue().runFor(kBetweenLooks);
+    catchUpWithClock(timer);
+  }
+  if (timer.isTimerRunning() && timer.secondsLeft() > 0) {
+    timer.doStartTimer();
+    expectKept(defaults);
+    throw Interrupted(wantsJson_ ? answer(statusOf(timer)) : "",
+                      fmt::format("paused with {} left; zenivo timer goes on", timer.label()));
+  }
+  timer.cancelTimer();
+  expectKept(defaults);
+  return answer(statusOf(timer, true));
+}
+
+}  // namespace
+
+std::unique_ptr<Command> makeTimerCommand() {
+  return std::make_unique<TimerCommand>();
+}
+
+}  // namespace zenivo::cli

@@ -1,0 +1,240 @@
+// zenivo find: when the Sun or the Moon stands in a direction.
+
+#include <fmt/format.h>
+
+#include "answers/common/Session.h"
+#include "answers/common/Words.h"
+#include "commands/common/SceneOptions.h"
+#include "commands/common/Table.h"
+#include "commands/events/Commands.h"
+#include "commands/events/FindSearch.h"
+#include "commands/events/PeriodOptions.h"
+#include "engine/Angles.h"
+#include "foundation/DateFormatter.h"
+#include "foundation/LocalizedString.h"
+#include "input/InputError.h"
+#include "time/DateEphemeris.h"
+
+namespace zenivo::cli {
+namespace {
+
+constexpr double kDefaultTolerance = 1;  // degrees
+
+bool isMoon(const FindRequest& request) {
+  return request.body == FindBody::moon;
+}
+
+Json resultJson(const ZVFindResultBodyAtAzimuth& result, const FindRequest& request,
+                const TimeZone& zone) {
+  Json json{{"time", momentJson(result.date, zone)},
+            {"azimuth", result.azimuth},
+            {"elevation", result.elevation},
+            {"positive", isPositive(result, request.body)}};
+  if (isMoon(request)) {
+    json["phase"] = result.phase;
+    json["waxing"] = result.waxing;
+    json["zenithAngle"] = normalizeAngle180(result.zenithAngle / kDegree);
+    json["sunElevation"] = result.sunElevation;
+  }
+  return json;
+}
+
+Json findJson(const Scene& scene, const FindRequest& request, const FindOutcome& found) {
+  const auto localDate = [&](Date date) {
+    return isoDate(Calendar(scene.zone).componentsFromDate(date));
+  };
+  Json results = Json::array();
+  for (const auto& result : found.results) {
+    results.push_back(resultJson(result, request, scene.zone));
+  }
+  return {{"body", isMoon(request) ? "moon" : "sun"},
+          {"from", localDate(request.period.start)},
+          {"to", localDate(request.period.end)},
+          {"zone", scene.zone.name()},
+          {"place", placeJson(scene.location)},
+          {"results", std::move(results)},
+          {"message", found.message ? Json(*found.message) : Json(nullptr)},
+          {"complete", found.isComplete}};
+}
+
+std::string asGiven(float angle) {
+  return fmt::format("{:.6g}°", angle);
+}
+
+std::string directionText(const FindRequest& request) {
+  std::string text =
+      fmt::format("{} at azimuth {}", isMoon(request) ? "Moon" : "Sun", asGiven(request.azimuth));
+  if (!request.elevation) return text;
+  const ElevationWindow& window = *request.elevation;
+  return text + fmt::format(" ± {}, elevation {} ± {}", asGiven(window.azimuthError),
+                            asGiven(window.elevation), asGiven(window.elevationError));
+}
+
+Table rowsTable(const FindRequest& request, const FindOutcome& found, const TimeZone& zone) {
+  std::vector<Column> columns{
+      {""}, {"date"}, {"time"}, {"azimuth", Align::right}, {"elevation", Align::right}};
+  if (isMoon(request)) {
+    columns.push_back({"lit", Align::right});
+    columns.push_back({"Sun", Align::right});
+  }
+  Table table(columns);
+  const DateFormatter weekday("%a", zone);
+  const DateFormatter day("%E4Y-%m-%d", zone);
+  const DateFormatter time(request.allPassages ? "%H:%M:%S" : "%H:%M", zone);
+  const Date now = Date::now();
+  for (const auto& result : found.rows) {
+    std::vector<std::string> cells{
+        weekday.stringFromDate(result.date), day.stringFromDate(result.date),
+        time.stringFromDate(result.date), bearing(double{result.azimuth}, 2),
+        degrees(double{result.elevation}, 2)};
+    if (isMoon(request)) {
+      cells.push_back(percent(double{result.phase}));
+      cells.push_back(degrees(double{result.sunElevation}));
+    }
+    table.addRow(std::move(cells), result.date < now ? Style::faint : Style::plain);
+  }
+  return table;
+}
+
+std::string findText(const Scene& scene, const FindRequest& request, const FindOutcome& found,
+                     const Terminal& terminal) {
+  const std::string period = fmt::format("{} to {}", dayTitle(request.period.start, scene.zone),
+                                         dayTitle(request.period.end, scene.zone));
+  std::string text =
+      heading(scene, period, "local time", terminal) + directionText(request) + "\n\n";
+  const Table table = rowsTable(request, found, scene.zone);
+  if (!table.isEmpty()) text += table.text(terminal);
+  if (found.message) {
+    text += (table.isEmpty() ? "" : "\n") + localizedString(*found.message, "Ephemeris") + "\n";
+  }
+  const std::size_t left = found.results.size() - found.rows.size();
+  if (left > 0) text += fmt::format("\nBelow the horizon {} more.\n", left);
+  return text;
+}
+
+void expectBetween(const char* option, double value, double least, double most) {
+  if (value >= least && value <= most) return;
+  throw InputError(fmt::format("{} must be {} to {} degrees", option, least, most));
+}
+
+void expectTolerance(const char* option, double value) {
+  constexpr double kMost = 45;
+  if (value > 0 && value <= kMost) return;
+  throw InputError(fmt::format("{} must be more than 0 and at most {} degrees", option, kMost));
+}
+
+class FindCommand : public Command {
+ public:
+  void addTo(CLI::App& program) override {
+    CLI::App* app = program.add_subcommand(
+        "find", "When the Sun or the Moon stands at an azimuth, or at a point of the sky");
+    app->add_option("body", body_, "sun or moon")
+        ->required()
+        ->type_name("BODY")
+        ->check(CLI::IsMember({"sun", "moon"}));
+    scene_.addTo(*app);
+    addDirectionTo(*app);
+    period_.addTo(*app);
+    app->add_option("--sort", sort_, "date (default), elevation, or for the Moon phase")
+        ->type_name("COLUMN")
+        ->check(CLI::IsMember({"date", "elevation", "phase"}));
+    app->add_flag("--descending", isDescending_, "Sort the other way round");
+    app->add_flag("--all-passages", allPassages_,
+                  "Of an azimuth: every passage, to the second, where the search itself tells at "
+                  "most one moment a day");
+    app->footer(
+        "A period is five years at most.  Of the moments at an azimuth only those above the\n"
+        "horizon are listed, if there are any; --json has all of them.  In the tropics a body\n"
+        "can pass an azimuth twice a day, or run through it high in the sky: --all-passages\n"
+        "finds these, too.  Ctrl-C ends a search and prints what it has found.\n"
+        "\n"
+        "Examples:\n"
+        "  zenivo find sun --at 48.8584,2.2945 --azimuth 295.5 --range 1y\n"
+        "  zenivo find moon --at Paris --azimuth 120 --elevation 10 --range 6m --sort phase\n"
+        "  zenivo find sun --at Quito --azimuth 80 --from 2026-03-01 --to 2026-03-31 "
+        "--all-passages");
+  }
+
+  std::string run(const Terminal& terminal) override {
+    const Scene scene = scene_.resolve();
+    setCachedCalendarTimeZone(scene.zone);
+    const FindRequest request = requestFor(scene);
+    const FindOutcome found = findDirection(request);
+    std::string answer = scene_.wantsJson() ? findJson(scene, request, found).dump(2) + "\n"
+                                            : findText(scene, request, found, terminal);
+    if (!found.isComplete) throw Interrupted(std::move(answer));
+    return answer;
+  }
+
+ private:
+  void addDirectionTo(CLI::App& app) {
+    app.add_option("--azimuth", azimuth_, "Degrees from true north through east, 0 to 360")
+        ->required()
+        ->type_name("DEGREES");
+    app.add_option("--elevation", elevation_, "Degrees above the horizon as seen, -90 to 90")
+        ->type_name("DEGREES");
+    app.add_option("--azimuth-tolerance", azimuthTolerance_,
+                   "With --elevation: how far off it may be (default: 1); the search for an "
+                   "azimuth alone has a tolerance of its own")
+        ->type_name("DEGREES");
+    app.add_option("--elevation-tolerance", elevationTolerance_,
+                   "How far off the elevation may be (default: 1)")
+        ->type_name("DEGREES");
+  }
+
+  FindRequest requestFor(const Scene& scene) const {
+    expectGoodOptions();
+    FindRequest request;
+    request.body = body_ == "moon" ? FindBody::moon : FindBody::sun;
+    request.observer = pinAt(scene.location);
+    request.period = period_.resolve(scene.zone);
+    request.azimuth = static_cast<float>(azimuth_);
+    if (elevation_) {
+      request.elevation = ElevationWindow{
+          .azimuthError = static_cast<float>(azimuthTolerance_),
+          .elevation = static_cast<float>(*elevation_),
+          .elevationError = static_cast<float>(elevationTolerance_.value_or(kDefaultTolerance))};
+    }
+    request.allPassages = allPassages_;
+    request.column = sort_ == "elevation" ? FindColumn::elevation
+                     : sort_ == "phase"   ? FindColumn::phase
+                                          : FindColumn::date;
+    request.ascending = !isDescending_;
+    return request;
+  }
+
+  void expectGoodOptions() const {
+    expectBetween("--azimuth", azimuth_, 0, 360);
+    expectTolerance("--azimuth-tolerance", azimuthTolerance_);
+    if (elevation_) expectBetween("--elevation", *elevation_, -90, 90);
+    if (elevationTolerance_) {
+      if (!elevation_) throw InputError("--elevation-tolerance needs --elevation");
+      expectTolerance("--elevation-tolerance", *elevationTolerance_);
+    }
+    if (elevation_ && allPassages_) {
+      throw InputError("--all-passages is of an azimuth alone; leave out --elevation");
+    }
+    if (sort_ == "phase" && body_ == "sun") {
+      throw InputError("--sort phase is of the Moon; the Sun has none");
+    }
+  }
+
+  std::string body_;
+  SceneOptions scene_;
+  double azimuth_ = 0;
+  double azimuthTolerance_ = kDefaultTolerance;
+  std::optional<double> elevation_;
+  std::optional<double> elevationTolerance_;
+  PeriodOptions period_;
+  std::string sort_ = "date";
+  bool isDescending_ = false;
+  bool allPassages_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> makeFindCommand() {
+  return std::make_unique<FindCommand>();
+}
+
+}  // namespace zenivo::cli

@@ -1,0 +1,116 @@
+#include "commands/library/CameraFormOptions.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "calculators/camera/CameraValuesParser.h"
+#include "calculators/camera/TextScanner.h"
+#include "input/InputError.h"
+
+namespace zenivo::cli {
+namespace {
+
+constexpr const char* kAutomatic = "auto";
+constexpr const char* kNone = "none";
+
+[[noreturn]] void refuse(std::string_view option, std::string_view text, std::string_view form) {
+  throw InputError(fmt::format("{} cannot be {}: write it as in {}", option, inQuotes(text), form));
+}
+
+/// A number with or without its unit.  Whether 0 will do is the form's business.
+std::optional<float> scanNumber(TextScanner& scanner, std::string_view unit) {
+  const auto number = scanner.number();
+  scanner.scan(unit);
+  if (!number || !std::isfinite(static_cast<float>(*number))) return std::nullopt;
+  return static_cast<float>(*number);
+}
+
+float numberFrom(std::string_view option, const std::string& text, std::string_view unit,
+                 std::string_view form) {
+  TextScanner scanner(text);
+  const auto number = scanNumber(scanner, unit);
+  if (!number || !scanner.atEnd()) refuse(option, text, form);
+  return *number;
+}
+
+SensorSize sensorFrom(const std::string& text) {
+  TextScanner scanner(text);
+  const auto width = scanNumber(scanner, "mm");
+  const bool isCrossed = scanner.scan("x") || scanner.scan("×");
+  const auto height = scanNumber(scanner, "mm");
+  if (!width || !isCrossed || !height || !scanner.atEnd()) refuse("--sensor", text, "36x24");
+  return {*width, *height};
+}
+
+}  // namespace
+
+void CameraFormOptions::addTo(CLI::App& command) {
+  command.add_option("--sensor", sensor_, "Size of the sensor or the frame, in millimetres")
+      ->type_name("WxH");
+  CLI::Option* megapixels =
+      command.add_option("--megapixels", megapixels_, "Its resolution")->type_name("N");
+  CLI::Option* film = command.add_flag("--film", isFilm_, "It takes film")->excludes(megapixels);
+  command.add_flag("--digital", isDigital_, "It does not (as at first)")->excludes(film);
+  command
+      .add_option("--coc", coc_,
+                  "Circle of confusion in millimetres, or auto (as at first): from the sensor")
+      ->type_name("MM");
+  command
+      .add_option("--focal", focalLength_,
+                  "Focal length in millimetres of a lens that cannot be changed, or none")
+      ->type_name("MM");
+  command.add_option("--aperture", aperture_, "Its aperture where that cannot be changed, or none")
+      ->type_name("F");
+}
+
+void CameraFormOptions::fill(CameraForm& form) const {
+  if (sensor_) form.setSensorSize(sensorFrom(*sensor_));
+  if (isFilm_ || isDigital_) form.setIsFilm(isFilm_);
+  if (megapixels_) form.setMegapixels(numberFrom("--megapixels", *megapixels_, "MP", "24.2"));
+  if (coc_) {
+    form.setCocAutomatic(*coc_ == kAutomatic);
+    if (*coc_ != kAutomatic) form.setCoc(numberFrom("--coc", *coc_, "mm", "0.03 or auto"));
+  }
+  if (focalLength_) {
+    form.setHasFixedFocalLength(*focalLength_ != kNone);
+    if (*focalLength_ != kNone) {
+      form.setFocalLength(numberFrom("--focal", *focalLength_, "mm", "35mm or none"));
+    }
+  }
+  if (aperture_) {
+    form.setHasFixedAperture(*aperture_ != kNone);
+    if (*aperture_ != kNone) {
+      const auto aperture = CameraValuesParser::parseAperture(*aperture_);
+      if (!aperture) refuse("--aperture", *aperture_, "f/2.8 or none");
+      form.setAperture(aperture);
+    }
+  }
+}
+
+std::string textOfFault(const CameraFormFault& fault) {
+  const char* option = nullptr;
+  switch (fault.field) {
+    using enum CameraFormField;
+    case name:
+      break;
+    case sensorWidth:
+    case sensorHeight:
+      option = "--sensor";
+      break;
+    case megapixels:
+      option = "--megapixels";
+      break;
+    case coc:
+      option = "--coc";
+      break;
+    case focalLength:
+      option = "--focal";
+      break;
+  }
+  std::string text = fault.message();
+  if (text.ends_with('.')) text.pop_back();
+  return option != nullptr ? fmt::format("{}; see {}", text, option) : text;
+}
+
+}  // namespace zenivo::cli

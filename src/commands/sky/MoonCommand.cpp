@@ -1,0 +1,101 @@
+// zenivo moon: a year of the Moon's distances.
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "answers/common/Session.h"
+#include "answers/common/Words.h"
+#include "commands/common/SceneOptions.h"
+#include "commands/common/Table.h"
+#include "commands/sky/Commands.h"
+#include "engine/MoonDistancesYear.h"
+#include "foundation/LocalizedString.h"
+#include "input/MomentParser.h"
+#include "time/DateEphemeris.h"
+
+namespace zenivo::cli {
+namespace {
+
+Json moonJson(const Scene& scene, const MoonDistancesYear& year) {
+  const auto list = [&](const std::vector<MoonPhaseDistance>& distances) {
+    Json json = Json::array();
+    for (const MoonPhaseDistance& d : distances) {
+      json.push_back({{"time", momentJson(d.mjd, scene.zone)}, {"distance", d.distanceToEarth}});
+    }
+    return json;
+  };
+  return {{"year", year.year()},
+          {"zone", scene.zone.name()},
+          {"place", placeJson(scene.location)},
+          {"apogees", list(year.apogees())},
+          {"perigees", list(year.perigees())},
+          {"supermoons", list(year.supermoons())}};
+}
+
+std::string moonText(const Scene& scene, const MoonDistancesYear& year, const Terminal& terminal) {
+  struct Row {
+    const MoonPhaseDistance* distance;
+    const char* key;
+    Style style;
+  };
+  std::vector<Row> rows;
+  const auto add = [&](const std::vector<MoonPhaseDistance>& list, const char* key, Style style) {
+    for (const MoonPhaseDistance& distance : list) rows.push_back({&distance, key, style});
+  };
+  add(year.apogees(), "moon_apogee", Style::plain);
+  add(year.perigees(), "moon_perigee", Style::plain);
+  add(year.supermoons(), "moon_supermoon", Style::moon);
+  std::ranges::stable_sort(rows, {}, [](const Row& row) { return row.distance->mjd; });
+
+  Table table({{"time"}, {""}, {"distance", Align::right}, {"lit", Align::right}});
+  for (const Row& row : rows) {
+    table.addRow({momentTitle(row.distance->mjd, scene.zone), localizedString(row.key, "Ephemeris"),
+                  kilometres(row.distance->distanceToEarth), percent(row.distance->phase)},
+                 row.style);
+  }
+  return heading(scene, fmt::format("{}", year.year()), "local time", terminal) + "\n" +
+         table.text(terminal);
+}
+
+class MoonCommand : public Command {
+ public:
+  void addTo(CLI::App& program) override {
+    CLI::App* app =
+        program.add_subcommand("moon", "The Moon's apogees, perigees and supermoons of a year");
+    scene_.addTo(*app);
+    app->add_option("--year", year_, "The year (default: this year)")
+        ->type_name("[YEAR]")
+        ->expected(0, 1);
+    app->footer(
+        "A full Moon is a supermoon nearer than 360,000 km, or nearer than 361,000 km and within\n"
+        "a day and a half of a perigee.\n"
+        "\n"
+        "Examples:\n"
+        "  zenivo moon --at Paris --year\n"
+        "  zenivo moon --at \"Portland, US\" --year 2027 --json");
+  }
+
+  std::string run(const Terminal& terminal) override {
+    const Scene scene = scene_.resolve();
+    const std::int64_t wanted = year_.empty()
+                                    ? Calendar(scene.zone).componentsFromDate(Date::now()).year
+                                    : parseYear(year_);
+    setCachedCalendarTimeZone(scene.zone);
+    const MoonDistancesYear year(observerOf(scene.location), wanted);
+    return scene_.wantsJson() ? moonJson(scene, year).dump(2) + "\n"
+                              : moonText(scene, year, terminal);
+  }
+
+ private:
+  SceneOptions scene_;
+  std::string year_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> makeMoonCommand() {
+  return std::make_unique<MoonCommand>();
+}
+
+}  // namespace zenivo::cli

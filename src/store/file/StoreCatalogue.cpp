@@ -1,0 +1,114 @@
+#include "store/file/StoreCatalogue.h"
+
+#include <algorithm>
+
+#include "store/file/StoreSchema.h"
+#include "store/model/ModelText.h"
+#include "store/model/StoreError.h"
+#include "store/sqlite/StoreFile.h"
+
+namespace zenivo {
+namespace {
+
+Value readAny(const sqlite::Statement& row, int column) {
+  switch (row.columnType(column)) {
+    case SQLITE_INTEGER:
+      return row.integer(column);
+    case SQLITE_FLOAT:
+      return row.real(column);
+    case SQLITE_TEXT:
+      return row.text(column);
+    case SQLITE_BLOB:
+      return readAttribute(row, column, AttributeType::binary);
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+const CatalogueEntity* StoreCatalogue::entityNamed(std::string_view name) const {
+  const auto found = std::ranges::find(entities, name, &CatalogueEntity::name);
+  return found != entities.end() ? &*found : nullptr;
+}
+
+std::map<std::string, Data> StoreCatalogue::entityVersionHashes() const {
+  std::map<std::string, Data> hashes;
+  for (const CatalogueEntity& entity : entities) hashes[entity.name] = entity.versionHash;
+  return hashes;
+}
+
+bool isEmptyDatabase(sqlite::Connection& connection) {
+  return connection.integerOf("SELECT count(*) FROM sqlite_schema") == 0;
+}
+
+StoreCatalogue readCatalogue(sqlite::Connection& connection) {
+  if (connection.integerOf("PRAGMA user_version") > kStoreFormat) {
+    throw StoreFailure(StoreErrorCode::incompatibleModel,
+                       "the store was written by a later version of the program");
+  }
+  StoreCatalogue catalogue;
+  catalogue.identifier = connection.textOf("SELECT value FROM _metadata WHERE key = 'identifier'");
+  if (catalogue.identifier.empty()) {
+    throw StoreFailure(StoreErrorCode::damagedFile, "the store has no identifier");
+  }
+  const sqlite::Connection::Lease entities =
+      connection.prepare("SELECT number, name, hash, description FROM _entities ORDER BY number");
+  while (entities->step()) {
+    const auto hash = entities->bytes(2);
+    catalogue.entities.push_back({.number = entities->integer(0),
+                                  .name = std::string(entities->text(1)),
+                                  .versionHash = Data(hash.begin(), hash.end()),
+                                  .description = std::string(entities->text(3))});
+  }
+  const sqlite::Connection::Lease values = connection.prepare("SELECT key, value FROM _values");
+  while (values->step()) catalogue.values[std::string(values->text(0))] = readAny(*values, 1);
+  return catalogue;
+}
+
+void makeStore(sqlite::Connection& connection, const ManagedObjectModel& model,
+               const std::string& identifier) {
+  connection.execute("PRAGMA application_id=" + std::to_string(sqlite::kApplicationId));
+  connection.execute("PRAGMA user_version=" + std::to_string(kStoreFormat));
+  connection.execute("CREATE TABLE _metadata(key TEXT PRIMARY KEY, value) WITHOUT ROWID");
+  connection.execute(
+      "CREATE TABLE _entities(number INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, hash BLOB "
+      "NOT NULL, description TEXT NOT NULL)");
+  connection.execute("CREATE TABLE _values(key TEXT PRIMARY KEY, value) WITHOUT ROWID");
+  {
+    const sqlite::Connection::Lease statement = connection.prepare(
+        "INSERT INTO _metadata(key, value) VALUES('identifier', ?1), ('nextKey', 1)");
+    statement->bind(1, std::string_view(identifier));
+    statement->run();
+  }
+  writeEntities(connection, model);
+  const SchemaStatements statements = schemaStatements(model);
+  for (const auto& [name, sql] : statements.tables) connection.execute(sql);
+  for (const auto& [name, sql] : statements.indices) connection.execute(sql);
+}
+
+void writeEntities(sqlite::Connection& connection, const ManagedObjectModel& model) {
+  for (const auto& entity : model.entities()) {
+    const sqlite::Connection::Lease statement = connection.prepare(
+        "INSERT INTO _entities(name, hash, description) VALUES(?1, ?2, ?3) ON CONFLICT(name) DO "
+        "UPDATE SET hash = excluded.hash, description = excluded.description");
+    const std::string description = formatEntityRecord(recordOfEntity(*entity));
+    statement->bind(1, std::string_view(entity->name()));
+    statement->bind(2, std::span(entity->versionHash()));
+    statement->bind(3, std::string_view(description));
+    statement->run();
+  }
+}
+
+void writeValues(sqlite::Connection& connection, const std::map<std::string, Value>& values) {
+  connection.execute("DELETE FROM _values");
+  for (const auto& [key, value] : values) {
+    const sqlite::Connection::Lease statement =
+        connection.prepare("INSERT INTO _values(key, value) VALUES(?1, ?2)");
+    statement->bind(1, std::string_view(key));
+    bindValue(*statement, 2, value);
+    statement->run();
+  }
+}
+
+}  // namespace zenivo

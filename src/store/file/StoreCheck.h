@@ -1,0 +1,21 @@
+// Looking a store file over for damage.
+
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "store/model/StoreError.h"
+
+namespace zenivo {
+
+/// What is wrong with the store's file, a line for each fault, at most a hundred:
+/// broken pages, indexes that do not fit their tables, rows that refer to missing
+/// ones.  Empty for a sound store.  Nullopt with the reason in `error` when the file is
+/// no store or cannot be read.  The file is not changed.
+std::optional<std::vector<std::string>> faultsOfStore(const std::filesystem::path& file,
+                                                      Error* error = nullptr);
+
+}  // namespace zenivo

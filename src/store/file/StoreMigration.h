@@ -1,0 +1,19 @@
+// Bringing a store of an older model up to date.
+
+#pragma once
+
+#include "store/file/StoreCatalogue.h"
+#include "store/model/ManagedObjectModel.h"
+#include "store/sqlite/Connection.h"
+
+namespace zenivo {
+
+/// Rebuilds the tables that differ and writes the model's catalogue; within a
+/// transaction in which foreign keys are not enforced.  Entities, attributes and
+/// relationships may have been added, removed and made optional, and indices and delete
+/// rules changed.  Rows keep their keys and everything that both models have; added
+/// attributes take their default.  Throws StoreFailure for any other difference.
+void migrateStore(sqlite::Connection& connection, const StoreCatalogue& catalogue,
+                  const ManagedObjectModel& model);
+
+}  // namespace zenivo

@@ -1,0 +1,253 @@
+// Saving, permanent identities, and rolling back.
+
+#include "foundation/NotificationCenter.h"
+#include "store/graph/ManagedObjectContext.h"
+#include "store/graph/ObjectGraph.h"
+
+namespace zenivo {
+
+namespace {
+
+/// Of the two ends of a many-to-many relationship the one that tells of its changes.
+bool tellsMembers(const RelationshipDescription& relationship) {
+  const RelationshipDescription& inverse = *relationship.inverseRelationship;
+  return std::pair(relationship.entity->name(), relationship.name) <
+         std::pair(inverse.entity->name(), inverse.name);
+}
+
+ObjectIDs identitiesOf(const ManagedObjects& objects) {
+  ObjectIDs ids;
+  ids.reserve(objects.size());
+  for (const ManagedObjectPtr& object : objects) ids.push_back(object->objectID());
+  return ids;
+}
+
+}  // namespace
+
+bool ObjectGraph::save(Error* error) {
+  adoptPermanentIDs();
+  if (!context_.hasChanges()) return true;
+  defaultCenter().postNotificationName(kManagedObjectContextWillSaveNotification, &context_,
+                                       notification());
+  if (!validate(error)) return false;
+  SaveOutcome outcome = ground_()->save(request());
+  SaveNotification saved = notification();
+  const ObjectIDs cascaded = std::move(outcome.cascaded);
+  settle(std::move(outcome));
+  saved.insertedObjectIDs = identitiesOf(saved.insertedObjects);
+  addCascaded(saved, cascaded);
+  const ManagedObjects deleted = saved.deletedObjects;
+  defaultCenter().postNotificationName(kManagedObjectContextDidSaveNotification, &context_,
+                                       std::move(saved));
+  for (const ManagedObjectPtr& object : deleted) object->context_ = nullptr;
+  return true;
+}
+
+bool ObjectGraph::validate(Error* error) const {
+  std::vector<Error> failures;
+  const ManagedObjects objects = tracked_;  // a validation may change other objects
+  for (const ManagedObjectPtr& object : objects) {
+    Error failure;
+    bool valid = true;
+    if (object->state_ == State::inserted) valid = object->validateForInsert(&failure);
+    if (object->isUpdated()) valid = object->validateForUpdate(&failure);
+    if (object->state_ == State::deleted) valid = object->validateForDelete(&failure);
+    if (!valid) failures.push_back(std::move(failure));
+  }
+  if (failures.empty()) return true;
+  if (failures.size() == 1) return fail(error, failures.front());
+  Error several = makeStoreError(StoreErrorCode::validationMultiple,
+                                 std::to_string(failures.size()) + " objects are not valid");
+  several.underlying = std::move(failures);
+  return fail(error, std::move(several));
+}
+
+SaveNotification ObjectGraph::notification() const {
+  SaveNotification about{.insertedObjects = context_.insertedObjects(),
+                         .updatedObjects = context_.updatedObjects(),
+                         .deletedObjects = context_.deletedObjects(),
+                         .insertedObjectIDs = {},
+                         .updatedObjectIDs = {},
+                         .deletedObjectIDs = {}};
+  about.insertedObjectIDs = identitiesOf(about.insertedObjects);
+  about.updatedObjectIDs = identitiesOf(about.updatedObjects);
+  about.deletedObjectIDs = identitiesOf(about.deletedObjects);
+  return about;
+}
+
+/// What the store deleted along, without this context's knowing.
+void ObjectGraph::addCascaded(SaveNotification& saved, const ObjectIDs& cascaded) {
+  for (const ObjectID& id : cascaded) {
+    const ManagedObjectPtr object = objectFor(id);
+    if (object->state_ != State::gone) vanish(*object);
+    registry_.erase(id);
+    std::erase(saved.updatedObjects, object);
+    std::erase(saved.updatedObjectIDs, id);
+    saved.deletedObjects.push_back(object);
+    saved.deletedObjectIDs.push_back(id);
+  }
+}
+
+std::vector<PropertyChange> ObjectGraph::rowChanges(const ManagedObject& object) {
+  std::vector<PropertyChange> changes;
+  for (const ManagedObject::OldValue& old : object.oldValues_) {
+    changes.push_back({old.property, old.value, object.values_[old.property->index]});
+  }
+  return changes;
+}
+
+SaveRequest ObjectGraph::request() {
+  SaveRequest request{.mergePolicy = context_.mergePolicy()};
+  const ManagedObjects objects = tracked_;
+  for (const ManagedObjectPtr& object : objects) {
+    switch (object->state_) {
+      case State::inserted:
+        request.inserted.push_back({object->id_, &object->values_});
+        addRelationshipChanges(*object, request);
+        break;
+      case State::updated:
+        if (!object->oldValues_.empty()) {
+          request.updated.push_back(
+              {object->id_, object->version_, rowChanges(*object), &object->values_});
+        }
+        addRelationshipChanges(*object, request);
+        break;
+      case State::deleted:
+        request.deleted.push_back(
+            {object->id_, object->isFault() ? kAnyVersion : object->version_, rowChanges(*object)});
+        break;
+      case State::clean:
+      case State::gone:
+        break;
+    }
+  }
+  return request;
+}
+
+void ObjectGraph::addRelationshipChanges(ManagedObject& object, SaveRequest& request) {
+  if (object.derived_.empty()) return;
+  for (const RelationshipDescription* each : object.entity_->derivedRelationships()) {
+    DerivedRelationship& derived = object.derived(*each);
+    if (!derived.hasChanges()) continue;
+    const auto isDeleted = [this](const ObjectID& id) {
+      const ManagedObjectPtr member = registered(id);
+      return member != nullptr && member->isDeleted();
+    };
+    if (each->storage == RelationshipStorage::joinTable && tellsMembers(*each)) {
+      MemberChange change{object.id_, each, derived.added.ids(), derived.removed.ids()};
+      std::erase_if(change.removed, isDeleted);  // goes with the row
+      request.members.push_back(std::move(change));
+    }
+    const bool placesMembers = !derived.added.empty() || derived.order.has_value();
+    if (each->isOrdered() && placesMembers) {
+      request.orders.push_back({object.id_, each, members(object, *each)});
+    }
+  }
+}
+
+void ObjectGraph::settle(SaveOutcome outcome) {
+  renumber(outcome.permanentIDs);
+  const ManagedObjects objects = std::move(tracked_);
+  tracked_.clear();
+  for (const ManagedObjectPtr& object : objects) {
+    object->isTracked_ = false;
+    settleObject(*object, outcome);
+  }
+  for (const ObjectID& id : outcome.vanished) {
+    if (const ManagedObjectPtr object = registered(id)) vanish(*object);
+  }
+  for (Row& row : outcome.merged) {
+    if (const ManagedObjectPtr object = registered(row.id)) takeOver(*object, std::move(row));
+  }
+}
+
+void ObjectGraph::settleObject(ManagedObject& object, const SaveOutcome& outcome) {
+  if (object.state_ == State::deleted) {
+    registry_.erase(object.id_);
+    object.state_ = State::gone;
+  }
+  if (object.state_ == State::gone) return;
+  const bool wasInserted = object.state_ == State::inserted;
+  for (DerivedRelationship& derived : object.derived_) {
+    if (wasInserted && !derived.stored) derived.stored.emplace();
+    if (derived.stored && derived.hasChanges()) derived.stored = ObjectIDSet(derived.members());
+    derived.dropChanges();
+  }
+  object.oldValues_.clear();
+  object.state_ = State::clean;
+  const auto version = outcome.versions.find(object.id_);
+  if (version != outcome.versions.end()) object.version_ = version->second;
+  // Saved to a parent, the object gets its permanent identity later.
+  if (wasInserted && object.id_.isTemporaryID()) saved_.push_back(object.weak_from_this());
+}
+
+void ObjectGraph::renumber(const IDMap& permanentIDs) {
+  if (permanentIDs.empty()) return;
+  if (remembersIDs_) permanentIDs_.insert(permanentIDs.begin(), permanentIDs.end());
+  for (const auto& [temporary, permanent] : permanentIDs) {
+    const ManagedObjectPtr object = registered(temporary);
+    if (object == nullptr) continue;
+    registry_.erase(temporary);
+    object->id_ = permanent;
+    enroll(object);
+  }
+  for (const ManagedObjectPtr& object : tracked_) renumberReferences(*object, permanentIDs);
+}
+
+void ObjectGraph::renumberReferences(ManagedObject& object, const IDMap& permanentIDs) {
+  if (!object.isFault()) {
+    for (const RelationshipDescription* each : object.entity_->relationships()) {
+      if (each->storage != RelationshipStorage::column) continue;
+      Value& value = object.values_[each->index];
+      const auto found = permanentIDs.find(value.objectID());
+      if (found != permanentIDs.end()) value = found->second;
+    }
+  }
+  for (DerivedRelationship& derived : object.derived_) derived.replace(permanentIDs);
+}
+
+void ObjectGraph::obtainPermanentIDs(const ManagedObjects& objects) {
+  ObjectIDSet wanted;
+  for (const ManagedObjectPtr& object : objects) {
+    if (object->id_.isTemporaryID()) wanted.insert(object->id_);
+  }
+  const ObjectIDs& temporary = wanted.ids();
+  if (temporary.empty()) return;
+  const ObjectIDs permanent = ground_()->obtainPermanentIDs(temporary);
+  IDMap permanentIDs;
+  for (std::size_t i = 0; i < temporary.size(); ++i) permanentIDs[temporary[i]] = permanent[i];
+  renumber(permanentIDs);
+}
+
+void ObjectGraph::adoptPermanentIDs() {
+  ObjectIDs temporary;
+  std::erase_if(saved_, [&](const std::weak_ptr<ManagedObject>& weak) {
+    const ManagedObjectPtr object = weak.lock();
+    const bool isWaiting = object != nullptr && object->id_.isTemporaryID();
+    if (isWaiting) temporary.push_back(object->id_);
+    return !isWaiting;
+  });
+  if (temporary.empty()) return;
+  const IDMap permanentIDs = ground_()->permanentIDsFor(temporary);
+  if (permanentIDs.empty()) return;
+  renumber(permanentIDs);
+  for (const ManagedObjectPtr& object : allRegistered()) renumberReferences(*object, permanentIDs);
+}
+
+void ObjectGraph::rollback() {
+  const ManagedObjects objects = std::move(tracked_);
+  tracked_.clear();
+  for (const ManagedObjectPtr& object : objects) {
+    object->isTracked_ = false;
+    for (DerivedRelationship& derived : object->derived_) derived.dropChanges();
+    if (object->state_ == State::inserted) leave(*object);
+    if (object->state_ == State::gone) continue;
+    for (ManagedObject::OldValue& old : object->oldValues_) {
+      object->values_[old.property->index] = std::move(old.value);
+    }
+    object->oldValues_.clear();
+    object->state_ = State::clean;
+  }
+}
+
+}  // namespace zenivo

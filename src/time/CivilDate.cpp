@@ -1,0 +1,53 @@
+#include "time/CivilDate.h"
+#include "time/Mjd.h"
+
+#include <cmath>
+
+namespace zenivo {
+
+double mjdFromCivilDate(const CivilDate& date) {
+  std::int64_t year = date.year;
+  std::int64_t month = date.month;
+  if (month < 3) {
+    month += 12;
+    --year;
+  }
+  constexpr std::int64_t kLastJulianDay = 15821004;
+  const bool julian = 10000 * year + 100 * month + date.day <= kLastJulianDay;
+  const std::int64_t leapDays =
+      julian ? (year + 4716) / 4 - 1181 : year / 400 - year / 100 + year / 4;
+  const auto monthDays = static_cast<std::int64_t>(30.6001 * static_cast<double>(month + 1));
+  const std::int64_t midnight = 365 * year - 679004 + leapDays + monthDays + date.day;
+  return static_cast<double>(midnight) + static_cast<double>(date.hour) / 24.0 +
+         date.minutes / kMinutesPerDay;
+}
+
+CivilDate civilDateFromJd(double jd) {
+  constexpr double kFirstGregorianDay = 2299161;
+  const double x = jd + 0.5;
+  const double dayNumber = std::trunc(x);
+  double a = dayNumber;
+  if (a >= kFirstGregorianDay) {
+    const double alpha = std::trunc((a - 1867216.25) / 36524.25);
+    a = a + 1.0 + alpha - std::floor(alpha * 0.25);
+  }
+  const double b = a + 1524.0;
+  const double c = std::trunc((b - 122.1) / 365.25);
+  const double d = b - std::trunc(c * 365.25);
+  const double e = std::trunc(d / 30.6001);
+  const double month = e < 14.0 ? e - 1.0 : e - 13.0;
+  const double seconds = (x - std::floor(x)) * kSecondsPerDay;
+  return {
+      .year = static_cast<std::int64_t>(month < 3.0 ? c - 4715.0 : c - 4716.0),
+      .month = static_cast<std::int64_t>(month),
+      .day = static_cast<std::int64_t>(x - dayNumber + d - std::floor(e * 30.6001)),
+      .hour = static_cast<std::int64_t>(std::floor(seconds / 3600.0)),
+      .minutes = std::fmod(seconds / 60.0, 60.0),
+  };
+}
+
+bool isGregorianLeapYear(std::int64_t year) {
+  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
+}  // namespace zenivo
