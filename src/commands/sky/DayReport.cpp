@@ -98,14 +98,14 @@ DayReport computeDay(const Scene& scene, Date moment) {
   DayReport report(scene, DayClock(day, scene.zone));
   report.sun = *planner.getCurrentSunEvent();
   report.moon = *planner.getCurrentMoonEvent();
-  report.moonAge = static_cast<double>(moonAgeAt(moment));
+  report.moonAge = static_cast<double>(moonAgeAt(moment, cachedCalendar()));
   report.milkyWay = planner.getCurrentMilkyWayEvent();
   report.events = eventsOf(planner);
   report.night = nightBeginningOnDay(planner);
   const PtPosition observer = planner.getObserver()->getPtPosition();
   ephemeris::PtSun sun(observer);
   ephemeris::PtMoon moon(observer);
-  report.moonlessHours = moonlessHoursForNightAtDate(moment, sun, moon);
+  report.moonlessHours = moonlessHoursForNightAtDate(moment, sun, moon, cachedCalendar());
   return report;
 }
 
