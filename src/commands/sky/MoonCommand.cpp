@@ -76,7 +76,7 @@ class MoonCommand : public Command {
         "  zenivo moon --at \"Portland, US\" --year 2027 --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
     const std::int64_t wanted = year_.empty()
                                     ? Calendar(scene.zone).componentsFromDate(Date::now()).year

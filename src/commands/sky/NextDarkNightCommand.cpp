@@ -121,7 +121,7 @@ class NextDarkNightCommand : public Command {
         "  zenivo next-dark-night --at 28.76,-17.88,2396 --date 2026-08-01 --hours 5 --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     if (hours_ && !(*hours_ > 0 && *hours_ <= 24)) {
       throw InputError("--hours must be more than 0 and at most 24");
     }

@@ -96,7 +96,7 @@ class NextMilkyWayCommand : public Command {
         "  zenivo next-milky-way --at -24.6272,-70.4042,2635 --date 2026-01-10 --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
     const Date moment = moment_.resolve(scene.zone);
     setCachedCalendarTimeZone(scene.zone);
