@@ -18,6 +18,12 @@ float floatForKey(const PropertyList& archive, std::string_view key, float absen
 
 }  // namespace
 
+ZVObserver::ZVObserver(const ZVLocation& location) : PinLocation(location.coordinate) {
+  if (!location.isAltitudeKnown()) return;
+  altitude = static_cast<float>(location.altitude);
+  altitudeAccuracy = kAltitudeSetManually;
+}
+
 bool ZVObserver::isAltitudeAtHorizonValid() const {
   return altitudeAtHorizon != kNoAltitudeAtHorizon && altitudeAtHorizon != kUnknownAltitude &&
          std::isfinite(altitudeAtHorizon);

@@ -46,12 +46,12 @@ EclipseRow eclipseOfDay(const std::vector<EclipseRow>& eclipses, const DateCompo
 }
 
 /// The first eclipse, one in progress included, of which something is seen.
-EclipseReport nextEclipse(const std::vector<EclipseRow>& eclipses, const Location& location,
+EclipseReport nextEclipse(const std::vector<EclipseRow>& eclipses, const ZVLocation& location,
                           double mjd) {
   constexpr double kHalfDay = 0.5;  // no eclipse is longer
   for (const EclipseRow& row : eclipses) {
     if (mjdOfGreatestEclipse(row) < mjd - kHalfDay) continue;
-    if (eclipseTypeAt(observerOf(location), row) == 0) continue;
+    if (eclipseTypeAt(location.getPtPosition(), row) == 0) continue;
     EclipseReport report = reportEclipse(location, row);
     if (report.mjdOfEnd() > mjd) return report;
   }

@@ -90,10 +90,10 @@ double EclipseReport::mjdOfEnd() const {
   return last == contacts.rend() ? kAlwaysBelow : last->mjd;
 }
 
-EclipseReport reportEclipse(const Location& location, const EclipseRow& eclipse) {
+EclipseReport reportEclipse(const ZVLocation& location, const EclipseRow& eclipse) {
   EclipseReport report;
   report.eclipse = eclipse;
-  const PtPosition observer = observerOf(location);
+  const PtPosition observer = location.getPtPosition();
   if (eclipse.isSolarEclipse() && eclipse.solarEclipse) {
     fillSolar(report, observer);
   } else if (!eclipse.isSolarEclipse() && eclipse.lunarEclipse) {

@@ -37,7 +37,7 @@ struct EclipseReport {
   double mjdOfEnd() const;
 };
 
-EclipseReport reportEclipse(const Location& location, const EclipseRow& eclipse);
+EclipseReport reportEclipse(const ZVLocation& location, const EclipseRow& eclipse);
 
 Json eclipseJson(const EclipseReport& report, const Scene& scene);
 std::string eclipseText(const EclipseReport& report, const Scene& scene, const Terminal& terminal);

@@ -106,7 +106,7 @@ class EclipsesCommand : public Command {
       const Date date = dateOfMjd(mjd);
       if ((from && date < *from) || (to && date >= *to)) continue;
       const std::int32_t type =
-          list.scene ? eclipseTypeAt(observerOf(list.scene->location), row) : 0;
+          list.scene ? eclipseTypeAt(list.scene->location.getPtPosition(), row) : 0;
       list.eclipses.push_back({std::move(row), mjd, type});
     }
   }

@@ -186,7 +186,7 @@ class FindCommand : public Command {
     expectGoodOptions();
     FindRequest request;
     request.body = body_ == "moon" ? FindBody::moon : FindBody::sun;
-    request.observer = pinAt(scene.location);
+    request.observer = ZVObserver(scene.location);
     request.period = period_.resolve(scene.zone);
     request.azimuth = static_cast<float>(azimuth_);
     if (elevation_) {

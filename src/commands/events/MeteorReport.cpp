@@ -13,7 +13,7 @@ namespace {
 
 LocationInfoData dataFor(const MeteorQuestion& question) {
   LocationInfoData data{question.moment, std::nullopt};
-  if (question.scene) data.location = locationOfPin(pinAt(question.scene->location));
+  if (question.scene) data.location = question.scene->location;
   return data;
 }
 

@@ -100,7 +100,7 @@ Json interestJson(const Interest& interest) {
           {"distance", interest.kilometres ? Json(*interest.kilometres) : Json(nullptr)}};
 }
 
-Location placeFrom(const std::string& text) {
+ZVLocation placeFrom(const std::string& text) {
   return looksLikeCoordinates(text) ? parseCoordinates(text) : findPlace(GeoNames(), text).location;
 }
 
@@ -126,7 +126,7 @@ class PoisCommand : public Command {
   }
 
   std::string run(const Terminal& terminal, const GoOn&) override {
-    std::optional<Location> near;
+    std::optional<ZVLocation> near;
     if (!near_.empty()) near = placeFrom(near_);
     const std::vector<Interest> interests = find(near);
     if (!wantsJson_) return text(interests, terminal);
@@ -136,15 +136,15 @@ class PoisCommand : public Command {
   }
 
  private:
-  std::vector<Interest> find(const std::optional<Location>& near) const {
+  std::vector<Interest> find(const std::optional<ZVLocation>& near) const {
     Stores stores;
     std::vector<Interest> interests;
     addOwn(stores, text_, interests);
     addCatalogue(stores, text_, interests);
     if (near) {
       for (Interest& each : interests) {
-        each.kilometres =
-            greatCircleKilometres(near->latitude, near->longitude, each.latitude, each.longitude);
+        each.kilometres = greatCircleKilometres(
+            near->coordinate.latitude, near->coordinate.longitude, each.latitude, each.longitude);
       }
       std::ranges::stable_sort(interests, {}, &Interest::kilometres);
     }
