@@ -31,7 +31,8 @@ std::int64_t idOfShower(std::string_view name) {
 /// The day in whose evening the night begins.
 Date eveningOf(const MeteorShowerManager& manager) {
   const bool isLastNight = manager.currentMjdDate() < manager.meteorMjdPeakThreshold();
-  return isLastNight ? dateByAddingNumberOfDays(manager.currentDate(), -1) : manager.currentDate();
+  return isLastNight ? dateByAddingNumberOfDays(manager.currentDate(), -1, cachedCalendar())
+                     : manager.currentDate();
 }
 
 ListedShower listed(const MeteorShower& shower, const MeteorShowerActivityPeriod& period,

@@ -81,8 +81,7 @@ class MoonCommand : public Command {
     const std::int64_t wanted = year_.empty()
                                     ? Calendar(scene.zone).componentsFromDate(Date::now()).year
                                     : parseYear(year_);
-    setCachedCalendarTimeZone(scene.zone);
-    const MoonDistancesYear year(observerOf(scene.location), wanted);
+    const MoonDistancesYear year(observerOf(scene.location), wanted, Calendar(scene.zone));
     return scene_.wantsJson() ? moonJson(scene, year).dump(2) + "\n"
                               : moonText(scene, year, terminal);
   }

@@ -57,10 +57,11 @@ std::optional<FoundNight> findNight(const Scene& scene, Date moment, const Wish&
   const double mjd = modifiedJulianDay(moment);
   if (const auto night = nightEndingOnDay(planner)) {
     const auto rest = remainder(*night, mjd);
-    if (rest && wish.isMetBy(*rest)) return FoundNight{dateByAddingNumberOfDays(moment, -1), *rest};
+    if (rest && wish.isMetBy(*rest))
+      return FoundNight{dateByAddingNumberOfDays(moment, -1, cachedCalendar()), *rest};
   }
   for (int days = 0; days < kMostDays; ++days) {
-    planner.setCurrentDate(dateByAddingNumberOfDays(moment, days));
+    planner.setCurrentDate(dateByAddingNumberOfDays(moment, days, cachedCalendar()));
     const auto night = nightBeginningOnDay(planner);
     const auto rest = night ? remainder(*night, mjd) : std::nullopt;
     if (rest && wish.isMetBy(*rest)) return FoundNight{planner.currentDate(), *rest};

@@ -46,7 +46,7 @@ Sky computeSky(const Scene& scene, Date moment) {
   sky.moon = {planner.getMoonPosition(), planner.getMoonAngularDiameter(),
               planner.getMoonShadowRatio()};
   sky.phase = planner.getMoonPhase();
-  sky.moonAge = static_cast<double>(moonAgeAt(moment));
+  sky.moonAge = static_cast<double>(moonAgeAt(moment, cachedCalendar()));
   sky.milkyWay = planner.getMilkyWayPosition();
   return sky;
 }
