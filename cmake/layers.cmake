@@ -70,12 +70,14 @@ layer(answers/common
     data/cameras planner input
   PACKAGES cctz fmt json)
 
+layer(answers/events USES engine find answers/common)
+
 layer(commands/common USES foundation input answers/common PACKAGES cli11 fmt)
 layer(commands/sky
   USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
 layer(commands/events
   USES foundation time data/stores engine eclipses meteors find input answers/common
-    commands/common
+    answers/events commands/common
   PACKAGES cli11 fmt)
 layer(commands/calculators
   USES foundation app/settings calculators/camera calculators/models calculators
