@@ -54,6 +54,7 @@ layer(calculators/models USES foundation app/settings calculators/camera)
 layer(calculators USES foundation app/settings calculators/camera calculators/models PACKAGES fmt)
 layer(calculators/timer
   USES foundation app/settings calculators/camera calculators/models PACKAGES fmt)
+layer(data/pois USES foundation data/stores place)
 layer(data/cameras USES foundation data/stores calculators/camera)
 
 layer(planner
@@ -71,6 +72,10 @@ layer(answers/common
   PACKAGES cctz fmt json)
 
 layer(answers/events USES engine find answers/common)
+layer(answers/library
+  USES foundation app/settings store/file data/stores place calculators/camera data/pois app/shell
+    input answers/common
+  PACKAGES fmt)
 
 layer(commands/common USES foundation input answers/common PACKAGES cli11 fmt)
 layer(commands/sky
@@ -84,9 +89,8 @@ layer(commands/calculators
     calculators/timer input answers/common commands/common
   PACKAGES cli11 fmt)
 layer(commands/library
-  USES foundation app/settings store/file data/stores place calculators/camera app/shell input
-    answers/common commands/common
+  USES foundation calculators/camera input answers/common answers/library commands/common
   PACKAGES cli11 fmt)
 layer(cli
-  USES input commands/common commands/sky commands/events commands/calculators commands/library
+  USES foundation answers/common input commands/common commands/sky commands/events commands/calculators commands/library
   PACKAGES cli11 fmt)
