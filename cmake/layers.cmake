@@ -74,6 +74,7 @@ layer(answers/common
     data/cameras planner input
   PACKAGES cctz fmt json)
 
+layer(answers/events USES engine find answers/common)
 layer(answers/library
   USES foundation app/settings store/file data/stores place calculators/camera data/pois app/shell
     input answers/common
@@ -84,7 +85,7 @@ layer(commands/sky
   USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
 layer(commands/events
   USES foundation time data/stores engine eclipses meteors find input answers/common
-    commands/common
+    answers/events commands/common
   PACKAGES cli11 fmt)
 layer(commands/calculators
   USES foundation app/settings calculators/camera calculators/models calculators
