@@ -70,6 +70,11 @@ layer(answers/common
     data/cameras planner input
   PACKAGES cctz fmt json)
 
+layer(answers/calculators
+  USES foundation app/settings calculators/camera calculators/models calculators
+    calculators/timer input answers/common
+  PACKAGES fmt)
+
 layer(commands/common USES foundation input answers/common PACKAGES cli11 fmt)
 layer(commands/sky
   USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
@@ -78,13 +83,17 @@ layer(commands/events
     commands/common
   PACKAGES cli11 fmt)
 layer(commands/calculators
-  USES foundation app/settings calculators/camera calculators/models calculators
-    calculators/timer input answers/common commands/common
+  USES calculators/camera input answers/common answers/calculators commands/common
   PACKAGES cli11 fmt)
+layer(commands/timer
+  USES foundation app/settings calculators/camera calculators/timer input answers/common
+    answers/calculators commands/common commands/calculators
+  PACKAGES fmt)
 layer(commands/library
   USES foundation app/settings store/file data/stores place calculators/camera app/shell input
     answers/common commands/common
   PACKAGES cli11 fmt)
 layer(cli
-  USES input commands/sky commands/events commands/calculators commands/library
+  USES input commands/sky commands/events commands/calculators commands/timer
+    commands/library
   PACKAGES cli11 fmt)

@@ -15,6 +15,7 @@
 #include "commands/events/Commands.h"
 #include "commands/library/Commands.h"
 #include "commands/sky/Commands.h"
+#include "commands/timer/Commands.h"
 #include "input/InputError.h"
 #include "input/Suggestions.h"
 #include "input/TextFolding.h"
