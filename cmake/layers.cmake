@@ -54,6 +54,7 @@ layer(calculators/models USES foundation app/settings calculators/camera)
 layer(calculators USES foundation app/settings calculators/camera calculators/models PACKAGES fmt)
 layer(calculators/timer
   USES foundation app/settings calculators/camera calculators/models PACKAGES fmt)
+layer(data/pois USES foundation data/stores place)
 layer(data/cameras USES foundation data/stores calculators/camera)
 
 layer(planner
@@ -75,6 +76,11 @@ layer(answers/calculators
     calculators/timer input answers/common
   PACKAGES fmt)
 
+layer(answers/library
+  USES foundation app/settings store/file data/stores place calculators/camera data/pois app/shell
+    input answers/common
+  PACKAGES fmt)
+
 layer(commands/common USES foundation input answers/common PACKAGES cli11 fmt)
 layer(commands/sky
   USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
@@ -90,10 +96,9 @@ layer(commands/timer
     answers/calculators commands/common commands/calculators
   PACKAGES fmt)
 layer(commands/library
-  USES foundation app/settings store/file data/stores place calculators/camera app/shell input
-    answers/common commands/common
+  USES foundation calculators/camera input answers/common answers/library commands/common
   PACKAGES cli11 fmt)
 layer(cli
-  USES input commands/sky commands/events commands/calculators commands/timer
-    commands/library
+  USES foundation input answers/common commands/common commands/sky commands/events
+    commands/calculators commands/timer commands/library
   PACKAGES cli11 fmt)

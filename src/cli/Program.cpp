@@ -8,14 +8,20 @@
 #include <cstdio>
 #include <exception>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "answers/common/Home.h"
+#include "cli/Interruption.h"
+#include "cli/ProgressLine.h"
 #include "commands/calculators/Commands.h"
+#include "commands/common/Command.h"
 #include "commands/events/Commands.h"
 #include "commands/library/Commands.h"
 #include "commands/sky/Commands.h"
 #include "commands/timer/Commands.h"
+#include "foundation/UserFolder.h"
 #include "input/InputError.h"
 #include "input/Suggestions.h"
 #include "input/TextFolding.h"
@@ -55,6 +61,24 @@ int fail(int code, std::string message) {
   return code;
 }
 
+/// The user before a long piece of work, who sees how far it is and may press Ctrl-C.
+class Attention {
+ public:
+  /// From the first call on, and not before, Ctrl-C asks the work to end.
+  bool goOn(double done) {
+    if (!watch_) watch_.emplace();
+    watch_->line.show(done);
+    return !watch_->interruption.hasCome();
+  }
+
+ private:
+  struct Watch {
+    Interruption interruption;
+    ProgressLine line;
+  };
+  std::optional<Watch> watch_;
+};
+
 /// The command or subcommand whose help was asked for, or whose arguments were wrong.
 const CLI::App& chosenApp(const CLI::App& app) {
   const auto chosen = app.get_subcommands();
@@ -75,7 +99,7 @@ std::string helpCommand(const CLI::App& program) {
   return (prefix.empty() ? "" : prefix + " ") + chosen.get_name() + " --help";
 }
 
-std::vector<Entry> addCommands(CLI::App& program) {
+std::vector<Entry> addCommands(CLI::App& program, Home& home) {
   std::vector<std::unique_ptr<Command>> commands;
   commands.push_back(makeSkyCommand());
   commands.push_back(makeDayCommand());
@@ -89,8 +113,8 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeEclipseCommand());
   commands.push_back(makeEclipsesCommand());
   commands.push_back(makeMeteorsCommand());
-  commands.push_back(makeCamerasCommand());
-  commands.push_back(makeCameraCommand());
+  commands.push_back(makeCamerasCommand(home));
+  commands.push_back(makeCameraCommand(home));
   commands.push_back(makeDofCommand());
   commands.push_back(makeHyperfocalCommand());
   commands.push_back(makeFovCommand());
@@ -100,10 +124,10 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeExposureCommand());
   commands.push_back(makeTimelapseCommand());
   commands.push_back(makeTimerCommand());
-  commands.push_back(makePoisCommand());
-  commands.push_back(makeSettingsCommand());
-  commands.push_back(makeOpenCommand());
-  commands.push_back(makeStoreCommand());
+  commands.push_back(makePoisCommand(home));
+  commands.push_back(makeSettingsCommand(home));
+  commands.push_back(makeOpenCommand(home));
+  commands.push_back(makeStoreCommand(home));
   std::vector<Entry> entries;
   for (auto& command : commands) {
     command->addTo(program);
@@ -145,7 +169,9 @@ std::string answer(CLI::App& program, const std::vector<Entry>& entries, int arg
   }
   const auto chosen = std::ranges::find_if(entries, [](const Entry& e) { return e.app->parsed(); });
   if (chosen == entries.end()) throw InputError("a command is missing; see zenivo --help");
-  return chosen->command->run(Terminal::ofStandardOutput());
+  Attention attention;
+  return chosen->command->run(Terminal::ofStandardOutput(),
+                              [&attention](double done) { return attention.goOn(done); });
 }
 
 }  // namespace
@@ -157,7 +183,8 @@ int runProgram(int argc, const char* const* argv) {
     CLI::App program(kDescription, "zenivo");
     program.set_version_flag("--version", "zenivo " ZENIVO_VERSION);
     program.footer(kFooter);
-    const std::vector<Entry> entries = addCommands(program);
+    Home home(userFolder());
+    const std::vector<Entry> entries = addCommands(program, home);
     try {
       writeToStandardOutput(answer(program, entries, argc, argv));
       return kSuccess;

@@ -54,10 +54,10 @@ void CommandWithSubcommand::addSubcommand(CLI::App& app, std::unique_ptr<Command
   subcommand_ = std::move(subcommand);
 }
 
-std::string CommandWithSubcommand::run(const Terminal& terminal) {
+std::string CommandWithSubcommand::run(const Terminal& terminal, const GoOn& goOn) {
   if (!subcommand_ || !subcommandApp_->parsed()) return runItself(terminal);
   expectNoOptions(*subcommandApp_->get_parent(), *subcommandApp_);
-  return subcommand_->run(terminal);
+  return subcommand_->run(terminal, goOn);
 }
 
 std::string textOf(const Readout& readout, const Terminal& terminal) {

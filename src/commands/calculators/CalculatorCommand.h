@@ -39,7 +39,7 @@ class CalculatorOptions {
 /// A calculator's command may have a subcommand, which is a command like any other.
 class CommandWithSubcommand : public Command {
  public:
-  std::string run(const Terminal& terminal) final;
+  std::string run(const Terminal& terminal, const GoOn& goOn) final;
 
  protected:
   /// To be called where the subcommand is to stand in the help.

@@ -13,7 +13,6 @@
 #include "calculators/camera/CameraValuesParser.h"
 #include "calculators/timer/MainQueueTicks.h"
 #include "commands/calculators/Options.h"
-#include "commands/common/Interruption.h"
 #include "commands/common/Table.h"
 #include "commands/timer/Commands.h"
 #include "commands/timer/CountdownDisplay.h"
@@ -76,13 +75,13 @@ void catchUpWithClock(ExposureTimer& timer) {
 class TimerCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn& goOn) override;
 
  private:
   bool isTimeGiven() const { return durationOption_->count() > 0 || calculator_.value(); }
   CountdownReport timeGiven() const;
-  std::string start(const Terminal& terminal) const;
-  std::string count(ExposureTimer& timer, CountdownDisplay& display) const;
+  std::string start(const Terminal& terminal, const GoOn& goOn) const;
+  std::string count(ExposureTimer& timer, CountdownDisplay& display, const GoOn& goOn) const;
   std::string print(const TimerReport& report) const {
     return wantsJson_ ? json(report, TimeZone::systemTimeZone()).dump(2) + "\n" : timerText(report);
   }
@@ -129,9 +128,9 @@ void TimerCommand::addTo(CLI::App& program) {
       "  zenivo timer reset");
 }
 
-std::string TimerCommand::run(const Terminal& terminal) {
+std::string TimerCommand::run(const Terminal& terminal, const GoOn& goOn) {
   setLogThreshold(LogLevel::none);  // failures are thrown with what the log would say
-  if (!status_->parsed() && !reset_->parsed()) return start(terminal);
+  if (!status_->parsed() && !reset_->parsed()) return start(terminal, goOn);
   if (isTimeGiven()) throw InputError("a time is counted without status and reset; leave one out");
   if (status_->parsed()) return print(keptTimer());
   MainQueueTicks ticks;
@@ -157,7 +156,7 @@ CountdownReport TimerCommand::timeGiven() const {
   return time;
 }
 
-std::string TimerCommand::start(const Terminal& terminal) const {
+std::string TimerCommand::start(const Terminal& terminal, const GoOn& goOn) const {
   const TimerReport before = keptTimer();
   const CountdownReport time = isTimeGiven() ? timeGiven() : CountdownReport();
   if (!isTimeGiven() && before.seconds == 0) {
@@ -180,16 +179,17 @@ std::string TimerCommand::start(const Terminal& terminal) const {
   } else if (isTimeGiven()) {
     timer.setTimeWithExposureTime(static_cast<float>(time.seconds));
   }
-  return count(timer, display);
+  return count(timer, display, goOn);
 }
 
-std::string TimerCommand::count(ExposureTimer& timer, CountdownDisplay& display) const {
+std::string TimerCommand::count(ExposureTimer& timer, CountdownDisplay& display,
+                                const GoOn& goOn) const {
   UserDefaults& defaults = zenivoUserDefaults();
-  const Interruption interruption;
+  bool isWanted = goOn(0);  // before the start, so that what stops it later can pause it
   if (!timer.isTimerRunning()) timer.doStartTimer();
   expectKept(defaults);
   std::int64_t shown = -1;
-  while (timer.isTimerRunning() && !interruption.hasCome()) {
+  while (timer.isTimerRunning() && isWanted) {
     if (timer.secondsLeft() != shown) {
       if (isChangedElsewhere(timer, defaults)) return print(keptTimer());
       shown = timer.secondsLeft();
@@ -197,6 +197,7 @@ std::string TimerCommand::count(ExposureTimer& timer, CountdownDisplay& display)
     }
     mainQueue().runFor(kBetweenLooks);
     catchUpWithClock(timer);
+    isWanted = goOn(0);
   }
   if (timer.isTimerRunning() && timer.secondsLeft() > 0) {
     timer.doStartTimer();
