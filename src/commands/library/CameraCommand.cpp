@@ -126,8 +126,9 @@ std::string CameraCommand::show(CalculatorSession& session, const Terminal& term
 void CameraCommand::keep(CameraForm& form, CalculatorSession& session) const {
   expectPrintable(form.camera().model, "the name of a camera");
   if (const auto fault = form.validate(session.cameras())) throw InputError(textOfFault(*fault));
-  std::string error;
-  if (!chooserOf(session).saveCustomCamera(form.camera(), &error)) throw std::runtime_error(error);
+  Error error;
+  if (!chooserOf(session).saveCustomCamera(form.camera(), &error))
+    throw std::runtime_error(error.description);
   session.save();
 }
 
@@ -151,8 +152,9 @@ std::string CameraCommand::remove(CalculatorSession& session) const {
   const CustomCameraRecord record = ownCamera(session, name_);
   const AbstractCamera camera = AbstractCamera::fromRecord(record);
   const bool wasChosen = camera == chosenCamera(session);
-  std::string error;
-  if (!chooserOf(session).deleteCustomCamera(record, &error)) throw std::runtime_error(error);
+  Error error;
+  if (!chooserOf(session).deleteCustomCamera(record, &error))
+    throw std::runtime_error(error.description);
   session.save();
   const auto chosen = chosenCamera(session);
   if (wantsJson_) {

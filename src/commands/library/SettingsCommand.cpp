@@ -186,14 +186,14 @@ std::string SettingsCommand::after(const Settings& settings, std::string_view ke
 }
 
 std::string SettingsCommand::set(Settings& settings) const {
-  std::string error;
+  Error error;
   const auto value = settingFromText(settings.type(key_), value_, &error);
   const std::string choices = settingChoicesText(key_);
   if (!choices.empty() && !(value && isSettingChoice(key_, value->integer().value_or(-1)))) {
-    error = "write " + choices;
+    error.description = "write " + choices;
   }
-  if (!error.empty()) {
-    throw InputError(fmt::format("{} cannot be {}: {}", key_, inQuotes(value_), error));
+  if (!error.description.empty()) {
+    throw InputError(fmt::format("{} cannot be {}: {}", key_, inQuotes(value_), error.description));
   }
   expectPrintable(value_, "a setting");
   settings.set(key_, value);
