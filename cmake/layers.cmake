@@ -86,5 +86,5 @@ layer(commands/library
     answers/common commands/common
   PACKAGES cli11 fmt)
 layer(cli
-  USES input commands/sky commands/events commands/calculators commands/library
+  USES input commands/common commands/sky commands/events commands/calculators commands/library
   PACKAGES cli11 fmt)

@@ -116,7 +116,7 @@ void Day(benchmark::State& state) {
     const PtPosition place(c.latitude, c.longitude);
     sun.setPosition(place);
     moon.setPosition(place);
-    benchmark::DoNotOptimize(calculateTwilightsForMjd(c.mjdAt0, kDeltaT, sun));
+    benchmark::DoNotOptimize(calculateTwilightsForMjd(c.mjdAt0, kDeltaT, sun, cachedCalendar()));
     azimuths(sun, sun.riseSet(EventKind::riseSet, c.mjdAt0, kDeltaT));
     benchmark::DoNotOptimize(sun.transit(c.mjdAt0, kDeltaT));
     azimuths(moon, moon.riseSet(EventKind::riseSet, c.mjdAt0, kDeltaT));

@@ -22,13 +22,13 @@ void BM_ApsidesOfAYear(benchmark::State& state) {
   std::int64_t year = 2000;
   for (auto _ : state) {
     year = 2000 + (year + 1) % 100;
-    benchmark::DoNotOptimize(apogeePerigeesForYear(year));
+    benchmark::DoNotOptimize(apogeePerigeesForYear(year, cachedCalendar()));
   }
 }
 BENCHMARK(BM_ApsidesOfAYear)->Unit(benchmark::kMicrosecond);
 
 void BM_MoonDistancesOfAYear(benchmark::State& state) {
-  MoonDistancesYear year(PtPosition(46.5, 8.0), 2000);
+  MoonDistancesYear year(PtPosition(46.5, 8.0), 2000, gmtCachedCalendar());
   for (auto _ : state) {
     year.nextYear();
     benchmark::DoNotOptimize(year.supermoons());

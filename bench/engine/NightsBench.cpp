@@ -20,8 +20,8 @@ void BM_MoonlessHours(benchmark::State& state) {
   ephemeris::PtMoon moon(kPlace);
   Date date;
   for (auto _ : state) {
-    date = dateByAddingNumberOfDays(date, 1);
-    benchmark::DoNotOptimize(moonlessHoursForNightAtDate(date, sun, moon));
+    date = dateByAddingNumberOfDays(date, 1, cachedCalendar());
+    benchmark::DoNotOptimize(moonlessHoursForNightAtDate(date, sun, moon, cachedCalendar()));
   }
 }
 BENCHMARK(BM_MoonlessHours)->Iterations(2000)->Unit(benchmark::kMicrosecond);
@@ -31,8 +31,9 @@ void BM_GalacticCenterVisibility(benchmark::State& state) {
   ephemeris::PtMilkyWay milkyWay(kPlace);
   Date date;
   for (auto _ : state) {
-    date = dateByAddingNumberOfDays(date, 1);
-    benchmark::DoNotOptimize(calculateGalacticCenterVisibility(milkyWay, sun, date));
+    date = dateByAddingNumberOfDays(date, 1, cachedCalendar());
+    benchmark::DoNotOptimize(
+        calculateGalacticCenterVisibility(milkyWay, sun, date, cachedCalendar()));
   }
 }
 BENCHMARK(BM_GalacticCenterVisibility)->Iterations(2000)->Unit(benchmark::kMicrosecond);
@@ -43,7 +44,8 @@ void BM_NextDateOfGalacticCenter(benchmark::State& state) {
   ephemeris::PtMilkyWay milkyWay(kPlace);
   const Date date = dateWithPtDateTime({2025, 11, 20, 12, 0});
   for (auto _ : state) {
-    benchmark::DoNotOptimize(nextDateGalacticCenterIsVisible(milkyWay, sun, date));
+    benchmark::DoNotOptimize(
+        nextDateGalacticCenterIsVisible(milkyWay, sun, date, cachedCalendar()));
   }
 }
 BENCHMARK(BM_NextDateOfGalacticCenter)->Unit(benchmark::kMillisecond);

@@ -79,7 +79,7 @@ void YearOfDays(benchmark::State& state) {
   for (auto _ : state) {
     const LocalDay first(dateFromModifiedJulianDay(61041));
     for (int i = 0; i < 365; ++i) {
-      const LocalDay day = first.dayAfter(i);
+      const LocalDay day = first.dayAfter(i, cachedCalendar());
       benchmark::DoNotOptimize(sunEventOfDay(sun, day));
       benchmark::DoNotOptimize(moonEventOfDay(moon, day, nullptr));
     }

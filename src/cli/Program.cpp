@@ -8,10 +8,14 @@
 #include <cstdio>
 #include <exception>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "cli/Interruption.h"
+#include "cli/ProgressLine.h"
 #include "commands/calculators/Commands.h"
+#include "commands/common/Command.h"
 #include "commands/events/Commands.h"
 #include "commands/library/Commands.h"
 #include "commands/sky/Commands.h"
@@ -53,6 +57,24 @@ int fail(int code, std::string message) {
   std::fputs(fmt::format("zenivo: {}\n", message).c_str(), stderr);  // which may be lost
   return code;
 }
+
+/// The user before a long piece of work, who sees how far it is and may press Ctrl-C.
+class Attention {
+ public:
+  /// From the first call on, and not before, Ctrl-C asks the work to end.
+  bool goOn(double done) {
+    if (!watch_) watch_.emplace();
+    watch_->line.show(done);
+    return !watch_->interruption.hasCome();
+  }
+
+ private:
+  struct Watch {
+    Interruption interruption;
+    ProgressLine line;
+  };
+  std::optional<Watch> watch_;
+};
 
 /// The command or subcommand whose help was asked for, or whose arguments were wrong.
 const CLI::App& chosenApp(const CLI::App& app) {
@@ -144,7 +166,9 @@ std::string answer(CLI::App& program, const std::vector<Entry>& entries, int arg
   }
   const auto chosen = std::ranges::find_if(entries, [](const Entry& e) { return e.app->parsed(); });
   if (chosen == entries.end()) throw InputError("a command is missing; see zenivo --help");
-  return chosen->command->run(Terminal::ofStandardOutput());
+  Attention attention;
+  return chosen->command->run(Terminal::ofStandardOutput(),
+                              [&attention](double done) { return attention.goOn(done); });
 }
 
 }  // namespace

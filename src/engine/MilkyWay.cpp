@@ -24,19 +24,23 @@ struct DarkNight {
 /// The local days around a moment, with one deltaT for all.
 class DaysAround {
  public:
-  DaysAround(PtSun& sun, Date moment)
-      : sun_(sun), noon_(dateWithNoonDateTime(moment)), deltaT_(deltaTAt(midnight(0))) {}
+  DaysAround(PtSun& sun, Date moment, const Calendar& calendar)
+      : sun_(sun),
+        calendar_(calendar),
+        noon_(dateWithNoonDateTime(moment, calendar)),
+        deltaT_(deltaTAt(midnight(0))) {}
 
   double deltaT() const { return deltaT_; }
 
   /// 00:00 of the local day `days` after the moment's.
   Date midnight(int days) const {
-    return dateWithStartDateTime(dateByAddingNumberOfDays(noon_, days));
+    return dateWithStartDateTime(dateByAddingNumberOfDays(noon_, days, calendar_), calendar_);
   }
 
   AstronomicalTwilight twilight(int days) const {
     const Date start = midnight(days);
-    return calculateAstronomicalTwilight(sun_, modifiedJulianDay(start), deltaT_, dayValue(start));
+    return calculateAstronomicalTwilight(sun_, modifiedJulianDay(start), deltaT_,
+                                         dayValue(start, calendar_), calendar_);
   }
 
   double morningNauticalTwilight() const {
@@ -47,6 +51,7 @@ class DaysAround {
   static double deltaTAt(Date date) { return getDeltaT(ptDateTimeForDate(date)); }
 
   PtSun& sun_;
+  const Calendar& calendar_;
   Date noon_;
   double deltaT_;
 };
@@ -72,8 +77,9 @@ DarkNight comingNight(const DaysAround& days, const AstronomicalTwilight& today)
 
 }  // namespace
 
-MilkyWayEvent calculateGalacticCenterVisibility(PtMilkyWay& milkyWay, PtSun& withSun, Date atDate) {
-  const DaysAround days(withSun, atDate);
+MilkyWayEvent calculateGalacticCenterVisibility(PtMilkyWay& milkyWay, PtSun& withSun, Date atDate,
+                                                const Calendar& calendar) {
+  const DaysAround days(withSun, atDate, calendar);
   MilkyWayEvent event;
   event.date = days.midnight(0).timeIntervalSinceReferenceDate();
   event.setMjdRise(kAlwaysBelow);
@@ -93,14 +99,15 @@ MilkyWayEvent calculateGalacticCenterVisibility(PtMilkyWay& milkyWay, PtSun& wit
   return event;
 }
 
-std::optional<Date> nextDateGalacticCenterIsVisible(PtMilkyWay& milkyWay, PtSun& sun, Date atDate) {
+std::optional<Date> nextDateGalacticCenterIsVisible(PtMilkyWay& milkyWay, PtSun& sun, Date atDate,
+                                                    const Calendar& calendar) {
   constexpr double kNorthernLimit = 58.0;  // degrees of latitude
   constexpr int kMostDays = 180;
   if (milkyWay.getPosition().latitude > kNorthernLimit) return std::nullopt;
   for (int days = 1; days <= kMostDays; ++days) {
     // Counted from the first date: a gap of the clocks on the way shifts nothing.
-    const Date date = dateByAddingNumberOfDays(atDate, days);
-    const MilkyWayEvent event = calculateGalacticCenterVisibility(milkyWay, sun, date);
+    const Date date = dateByAddingNumberOfDays(atDate, days, calendar);
+    const MilkyWayEvent event = calculateGalacticCenterVisibility(milkyWay, sun, date, calendar);
     if (event.mjdVisibilityFrom != kAlwaysBelow) return date;
   }
   return std::nullopt;

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "engine/MilkyWayEvent.h"
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 
 namespace zenivo {
@@ -16,18 +17,20 @@ class PtMilkyWay;
 
 /// From when to when the galactic centre is seen in the night that concerns a
 /// moment: before the morning's nautical twilight the night that is ending, else
-/// the coming one.  Local days are those of cachedCalendar.  kAlwaysBelow where it
+/// the coming one.  Local days are those of the calendar.  kAlwaysBelow where it
 /// is not seen, and where the night has no dusk at all.
 ///
 /// The event has the centre's rise and set, too; azimuths and elevations are left
 /// to who needs them.
 MilkyWayEvent calculateGalacticCenterVisibility(ephemeris::PtMilkyWay& milkyWay,
-                                                ephemeris::PtSun& withSun, Date atDate);
+                                                ephemeris::PtSun& withSun, Date atDate,
+                                                const Calendar& calendar);
 
 /// The first of the 180 local days after `atDate`, at the same time of the day, in
 /// whose night the galactic centre is seen.  nullopt when there is none, and
 /// north of 58 degrees, where it barely clears the horizon.
 std::optional<Date> nextDateGalacticCenterIsVisible(ephemeris::PtMilkyWay& milkyWay,
-                                                    ephemeris::PtSun& sun, Date atDate);
+                                                    ephemeris::PtSun& sun, Date atDate,
+                                                    const Calendar& calendar);
 
 }  // namespace zenivo

@@ -122,24 +122,23 @@ std::vector<MoonDistance> calculateApogeePerigeesForYear(
   }
 }
 
-std::vector<MoonDistance> apogeePerigeesForYear(std::int64_t year) {
-  const Calendar local = cachedCalendar();
+std::vector<MoonDistance> apogeePerigeesForYear(std::int64_t year, const Calendar& calendar) {
   return calculateApogeePerigeesForYear(year, [&](const MoonDistance& apsis) {
-    return local.componentsFromDate(apsis.date).year == year;
+    return calendar.componentsFromDate(apsis.date).year == year;
   });
 }
 
-std::vector<MoonDistance> apogeePerigeesForYear(std::int64_t year, int andMonth) {
-  const Calendar local = cachedCalendar();
+std::vector<MoonDistance> apogeePerigeesForYear(std::int64_t year, int andMonth,
+                                                const Calendar& calendar) {
   return calculateApogeePerigeesForYear(year, [&](const MoonDistance& apsis) {
-    const DateComponents c = local.componentsFromDate(apsis.date);
+    const DateComponents c = calendar.componentsFromDate(apsis.date);
     return c.year == year && c.month == andMonth;
   });
 }
 
-std::vector<MoonDistance> apogeePerigeesForDate(Date date) {
-  return calculateApogeePerigeesForYear(yearValue(date), [&](const MoonDistance& apsis) {
-    return isDateSameDayAsDate(apsis.date, date);
+std::vector<MoonDistance> apogeePerigeesForDate(Date date, const Calendar& calendar) {
+  return calculateApogeePerigeesForYear(yearValue(date, calendar), [&](const MoonDistance& apsis) {
+    return isDateSameDayAsDate(apsis.date, date, calendar);
   });
 }
 

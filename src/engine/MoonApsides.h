@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 #include "time/PtDateTime.h"
 
@@ -49,11 +50,12 @@ std::string nameForType(MoonDistanceType type);
 /// first edition.
 PtApogeePerigee moonApsis(double k);
 
-/// The apsides of a year, a month, or a day of the observer's time zone, in time
+/// The apsides of a year, a month, or a day of the calendar's time zone, in time
 /// order.  None for years outside -4712 to 6000.
-std::vector<MoonDistance> apogeePerigeesForYear(std::int64_t year);
-std::vector<MoonDistance> apogeePerigeesForYear(std::int64_t year, int andMonth);
-std::vector<MoonDistance> apogeePerigeesForDate(Date date);
+std::vector<MoonDistance> apogeePerigeesForYear(std::int64_t year, const Calendar& calendar);
+std::vector<MoonDistance> apogeePerigeesForYear(std::int64_t year, int andMonth,
+                                                const Calendar& calendar);
+std::vector<MoonDistance> apogeePerigeesForDate(Date date, const Calendar& calendar);
 
 /// Those of the apsides of `year` and of the months around it that
 /// `compareFunc` accepts.

@@ -12,12 +12,11 @@ namespace zenivo {
 namespace {
 
 /// The full Moons of one local month, in time order.
-std::vector<PtDateTime> fullMoonsOfMonth(std::int64_t year, int month) {
-  const Calendar local = cachedCalendar();
+std::vector<PtDateTime> fullMoonsOfMonth(std::int64_t year, int month, const Calendar& calendar) {
   std::vector<PtDateTime> fullMoons;
-  for (const PtMoonPhaseWithDate& item : phasesFromDate(startOfMonth(year, month))) {
+  for (const PtMoonPhaseWithDate& item : phasesFromDate(startOfMonth(year, month, calendar))) {
     if (item.phase != kFullMoon) continue;
-    const DateComponents c = local.componentsFromDate(dateWithPtDateTime(item.date));
+    const DateComponents c = calendar.componentsFromDate(dateWithPtDateTime(item.date));
     if (c.year == year && c.month == month) fullMoons.push_back(item.date);
   }
   return fullMoons;
@@ -25,8 +24,11 @@ std::vector<PtDateTime> fullMoonsOfMonth(std::int64_t year, int month) {
 
 }  // namespace
 
-MoonDistancesYear::MoonDistancesYear(const PtPosition& location, std::int64_t year)
-    : location_(location.latitude, location.longitude), year_(year) {
+MoonDistancesYear::MoonDistancesYear(const PtPosition& location, std::int64_t year,
+                                     Calendar calendar)
+    : location_(location.latitude, location.longitude),
+      calendar_(std::move(calendar)),
+      year_(year) {
   recalculateDistances();
 }
 
@@ -37,15 +39,15 @@ void MoonDistancesYear::recalculateDistances() {
   ephemeris::PtMoon moon(location_);
   ephemeris::PtSun sun(location_);
 
-  for (const MoonDistance& apsis : apogeePerigeesForYear(year_)) {
+  for (const MoonDistance& apsis : apogeePerigeesForYear(year_, calendar_)) {
     MoonPhaseDistance record = moonDistanceWithMoon(moon, sun, apsis.mjd);
     record.type = apsis.type;
     (apsis.type == MoonDistanceType::apogee ? apogees_ : perigees_).push_back(record);
   }
   for (int month = 1; month <= 12; ++month) {
-    for (const PtDateTime& fullMoon : fullMoonsOfMonth(year_, month)) {
+    for (const PtDateTime& fullMoon : fullMoonsOfMonth(year_, month, calendar_)) {
       MoonPhaseDistance record = moonDistanceWithMoon(moon, sun, getMjd(fullMoon));
-      if (!isFullMoonDateASupermoonDay(record.date, record.distanceToEarth)) continue;
+      if (!isFullMoonDateASupermoonDay(record.date, record.distanceToEarth, calendar_)) continue;
       record.type = MoonDistanceType::supermoon;
       supermoons_.push_back(record);
     }

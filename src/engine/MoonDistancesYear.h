@@ -7,6 +7,7 @@
 
 #include "engine/MoonApsides.h"
 #include "engine/PtPosition.h"
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 
 namespace zenivo {
@@ -29,13 +30,13 @@ struct MoonPhaseDistance {
   double moonElevation = 0;  ///< degrees
 };
 
-/// The Moon's remarkable distances of one year of the observer's time zone, each
+/// The Moon's remarkable distances of one year of the calendar's time zone, each
 /// list in time order.  The lists are current after construction and after every
-/// call; recalculateDistances follows a change of the time zone.
+/// call.
 class MoonDistancesYear {
  public:
   /// Altitude and horizon of the location are not taken into account.
-  MoonDistancesYear(const PtPosition& location, std::int64_t year);
+  MoonDistancesYear(const PtPosition& location, std::int64_t year, Calendar calendar);
 
   void recalculateDistances();
   void nextYear();
@@ -54,6 +55,7 @@ class MoonDistancesYear {
 
  private:
   PtPosition location_;
+  Calendar calendar_;
   std::int64_t year_;
   std::vector<MoonPhaseDistance> supermoons_;
   std::vector<MoonPhaseDistance> apogees_;

@@ -39,16 +39,17 @@ double illuminationNearPhase(double computed, double timeInterval, double mjdPha
 
 MoonPhaseResult moonPhaseDataForMjd(double mjd, double deltaT, ephemeris::PtSun& sun,
                                     ephemeris::PtMoon& moon, Date currentDate,
-                                    bool withHighPrecision) {
+                                    const Calendar& calendar, bool withHighPrecision) {
   sun.computePosition(true, mjd, deltaT);
   moon.computePosition(true, mjd, deltaT);
   const MoonPhase geometry = moon.moonPhaseGeometry(
       moon.ecliptic(), moon.equatorial(), sun.ecliptic(), sun.equatorial(), moon.hourAngle());
   MoonPhaseResult result;
   if (withHighPrecision) {
-    const std::vector<PtMoonPhaseWithDate> phases = phasesFromDate(startOfMonthOfDate(currentDate));
-    const PtMoonPhaseWithDate* ofDay =
-        phaseOfDay(phases, dayValue(currentDate), monthValue(currentDate));
+    const std::vector<PtMoonPhaseWithDate> phases =
+        phasesFromDate(startOfMonthOfDate(currentDate, calendar));
+    const PtMoonPhaseWithDate* ofDay = phaseOfDay(phases, dayValue(currentDate, calendar),
+                                                  monthValue(currentDate, calendar), calendar);
     result.mjdPhase = ofDay ? getMjd(ofDay->date) : kNotThisDay;
     if (ofDay) result.phase = ofDay->phase;
   }
@@ -61,14 +62,14 @@ MoonPhaseResult moonPhaseDataForMjd(double mjd, double deltaT, ephemeris::PtSun&
   return result;
 }
 
-float moonAgeAt(Date date) {
+float moonAgeAt(Date date, const Calendar& calendar) {
   // The first of a month may come before its new Moon, and February may have
   // none; January then has one at its end.
   constexpr int kMostMonthsBack = 2;
   const double mjd = modifiedJulianDay(date);
-  const DateComponents c = cachedCalendar().componentsFromDate(date);
+  const DateComponents c = calendar.componentsFromDate(date);
   for (int back = 0; back <= kMostMonthsBack; ++back) {
-    const auto phases = phasesFromDate(startOfMonth(c.year, c.month - back));
+    const auto phases = phasesFromDate(startOfMonth(c.year, c.month - back, calendar));
     if (const auto newMoon = lastNewMoonBefore(mjd, phases)) {
       return static_cast<float>(mjd - *newMoon);
     }

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "engine/MoonPhases.h"
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 #include "time/LocalMonth.h"
 
@@ -45,7 +46,7 @@ struct MoonPhaseResult {
 /// for and, within 150 s of it, the illumination is exactly its own.
 MoonPhaseResult moonPhaseDataForMjd(double mjd, double deltaT, ephemeris::PtSun& sun,
                                     ephemeris::PtMoon& moon, Date currentDate,
-                                    bool withHighPrecision = true);
+                                    const Calendar& calendar, bool withHighPrecision = true);
 
 /// Illuminated fraction to be shown at a moment (seconds since the reference
 /// date): that of the principal phase within 150 s of it, else the `computed`
@@ -56,6 +57,6 @@ double illuminationNearPhase(double computed, double timeInterval, double mjdPha
 
 /// Days since the new Moon before the moment, above 0 and up to 29.9.  Not a
 /// number where the series of the phases does not reach, years beyond 6000.
-float moonAgeAt(Date date);
+float moonAgeAt(Date date, const Calendar& calendar);
 
 }  // namespace zenivo

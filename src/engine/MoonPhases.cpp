@@ -131,10 +131,9 @@ std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start) {
 }
 
 const PtMoonPhaseWithDate* phaseOfDay(std::span<const PtMoonPhaseWithDate> phases, int day,
-                                      int month) {
-  const Calendar local = cachedCalendar();
+                                      int month, const Calendar& calendar) {
   const auto found = std::find_if(phases.rbegin(), phases.rend(), [&](const auto& item) {
-    const DateComponents c = local.componentsFromDate(dateWithPtDateTime(item.date));
+    const DateComponents c = calendar.componentsFromDate(dateWithPtDateTime(item.date));
     return c.day == day && c.month == month;
   });
   return found == phases.rend() ? nullptr : &*found;

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "foundation/Calendar.h"
 #include "time/PtDateTime.h"
 
 namespace zenivo {
@@ -43,8 +44,8 @@ double moonPhaseJulianEphemerisDate(double k);
 std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start);
 
 /// The last of `phases` that falls on that day of that month in the zone of
-/// cachedCalendar, or nullptr.  The list spans less than a year.
+/// the calendar, or nullptr.  The list spans less than a year.
 const PtMoonPhaseWithDate* phaseOfDay(std::span<const PtMoonPhaseWithDate> phases, int day,
-                                      int month);
+                                      int month, const Calendar& calendar);
 
 }  // namespace zenivo

@@ -21,10 +21,10 @@ using ephemeris::RiseSet;
 
 /// A local day: its midnight and the deltaT there.
 struct Day {
-  explicit Day(Date midnight)
+  Day(Date midnight, const Calendar& calendar)
       : mjdAt0(modifiedJulianDay(midnight)),
         deltaT(getDeltaT(ptDateTimeForDate(midnight))),
-        dayOfMonth(dayValue(midnight)) {}
+        dayOfMonth(dayValue(midnight, calendar)) {}
 
   double mjdAt0;
   double deltaT;
@@ -38,8 +38,8 @@ struct Night {
   double hours() const { return (end - start) * 24.0; }
 };
 
-AstronomicalTwilight twilightOf(const Day& day, PtSun& sun) {
-  return calculateAstronomicalTwilight(sun, day.mjdAt0, day.deltaT, day.dayOfMonth);
+AstronomicalTwilight twilightOf(const Day& day, PtSun& sun, const Calendar& calendar) {
+  return calculateAstronomicalTwilight(sun, day.mjdAt0, day.deltaT, day.dayOfMonth, calendar);
 }
 
 bool isPolarDay(const Day& day, PtSun& sun) {
@@ -54,10 +54,11 @@ double eveningDusk(const AstronomicalTwilight& twilight, double mjdAt0, double n
 }
 
 /// The night that begins in the evening of `day`.
-std::optional<Night> nightOf(const Day& day, const Day& next, PtSun& sun) {
+std::optional<Night> nightOf(const Day& day, const Day& next, PtSun& sun,
+                             const Calendar& calendar) {
   if (isPolarDay(day, sun) || isPolarDay(next, sun)) return std::nullopt;
-  const AstronomicalTwilight first = twilightOf(day, sun);
-  const AstronomicalTwilight second = twilightOf(next, sun);
+  const AstronomicalTwilight first = twilightOf(day, sun, calendar);
+  const AstronomicalTwilight second = twilightOf(next, sun, calendar);
 
   double start = eveningDusk(first, day.mjdAt0, next.mjdAt0);
   double end = second.start;
@@ -93,11 +94,12 @@ std::vector<MoonRiseSet> moonUp(const RiseSet& first, const RiseSet& second) {
 
 }  // namespace
 
-double moonlessHoursForNightAtDate(Date date, PtSun& sun, PtMoon& moon) {
-  const Date noon = dateWithNoonDateTime(date);
-  const Day day(dateWithStartDateTime(noon));
-  const Day next(dateWithStartDateTime(dateByAddingNumberOfDays(noon, 1)));
-  const std::optional<Night> night = nightOf(day, next, sun);
+double moonlessHoursForNightAtDate(Date date, PtSun& sun, PtMoon& moon, const Calendar& calendar) {
+  const Date noon = dateWithNoonDateTime(date, calendar);
+  const Day day(dateWithStartDateTime(noon, calendar), calendar);
+  const Day next(dateWithStartDateTime(dateByAddingNumberOfDays(noon, 1, calendar), calendar),
+                 calendar);
+  const std::optional<Night> night = nightOf(day, next, sun, calendar);
   if (!night) return 0.0;
 
   const RiseSet first = moon.riseSet(EventKind::riseSet, day.mjdAt0, day.deltaT);

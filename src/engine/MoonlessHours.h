@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 #include "time/Mjd.h"
 
@@ -28,7 +29,8 @@ struct MoonRiseSet {
 /// is up.  From 0 to the length of the night; 0 where the night has no dusk or no
 /// dawn (no darkness at all, or the polar night), and where the Moon stays up
 /// through the date's day.  The bodies hold the observer and serve as scratch pads.
-double moonlessHoursForNightAtDate(Date date, ephemeris::PtSun& sun, ephemeris::PtMoon& moon);
+double moonlessHoursForNightAtDate(Date date, ephemeris::PtSun& sun, ephemeris::PtMoon& moon,
+                                   const Calendar& calendar);
 
 /// Hours of a night that fall within one time that the Moon is up.
 double nightHoursAffectedWithMoon(const MoonRiseSet& moon, double nightStart, double nightEnd);

@@ -10,7 +10,7 @@
 
 namespace zenivo {
 
-bool isFullMoonDateASupermoonDay(Date date, double moonDistance) {
+bool isFullMoonDateASupermoonDay(Date date, double moonDistance, const Calendar& calendar) {
   constexpr double kAlwaysNear = 360000.0;     // kilometres
   constexpr double kNearAtPerigee = 361000.0;  // kilometres
   constexpr double kMostDaysToPerigee = 1.5;
@@ -19,7 +19,7 @@ bool isFullMoonDateASupermoonDay(Date date, double moonDistance) {
 
   const double mjd = modifiedJulianDay(date);
   const std::vector<MoonDistance> apsides =
-      apogeePerigeesForYear(yearValue(date), monthValue(date));
+      apogeePerigeesForYear(yearValue(date, calendar), monthValue(date, calendar), calendar);
   return std::ranges::any_of(apsides, [&](const MoonDistance& apsis) {
     return apsis.type == MoonDistanceType::perigee &&
            std::abs(apsis.mjd - mjd) <= kMostDaysToPerigee;

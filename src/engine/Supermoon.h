@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 
 namespace zenivo {
@@ -10,9 +11,9 @@ namespace zenivo {
 /// 361,000 km and within a day and a half of a perigee of the same month.
 ///
 /// `date` is the moment of the full Moon and `moonDistance` the Moon's distance
-/// then, kilometres.  The month is that of the observer's time zone; a perigee
+/// then, kilometres.  The month is that of the calendar; a perigee
 /// in the month after does not count, however near.
-bool isFullMoonDateASupermoonDay(Date date, double moonDistance);
+bool isFullMoonDateASupermoonDay(Date date, double moonDistance, const Calendar& calendar);
 
 /// How much bigger than the mean (0.517836 degrees) the Moon looks at a distance
 /// in kilometres, as a fraction: 0.07 is 7 % bigger, negative is smaller.

@@ -8,24 +8,27 @@ using ephemeris::EventKind;
 using ephemeris::RiseSet;
 
 AstronomicalTwilight calculateAstronomicalTwilight(ephemeris::PtSun& sun, double atMjd,
-                                                   double deltaT, int localDay) {
+                                                   double deltaT, int localDay,
+                                                   const Calendar& calendar) {
   const RiseSet day = sun.riseSet(EventKind::astronomical, atMjd, deltaT);
   AstronomicalTwilight twilight{.start = day.rise, .end = day.set};
   if (mjdIsBefore(day.set, day.rise)) {
     const double dusk = sun.riseSet(EventKind::astronomical, atMjd + 0.5, deltaT).set;
-    if (drawEventAtMjd(dusk) && dayValue(dateFromModifiedJulianDay(dusk, true)) == localDay) {
+    if (drawEventAtMjd(dusk) &&
+        dayValue(dateFromModifiedJulianDay(dusk, true), calendar) == localDay) {
       twilight.end2 = dusk;
     }
   }
   return twilight;
 }
 
-Twilights calculateTwilightsForMjd(double mjdAt0, double deltaT, ephemeris::PtSun& sun) {
+Twilights calculateTwilightsForMjd(double mjdAt0, double deltaT, ephemeris::PtSun& sun,
+                                   const Calendar& calendar) {
   const RiseSet civil = sun.riseSet(EventKind::civil, mjdAt0, deltaT);
   const RiseSet nautical = sun.riseSet(EventKind::nautical, mjdAt0, deltaT);
-  const int localDay = dayValue(dateFromModifiedJulianDay(mjdAt0));
+  const int localDay = dayValue(dateFromModifiedJulianDay(mjdAt0), calendar);
   const AstronomicalTwilight astronomical =
-      calculateAstronomicalTwilight(sun, mjdAt0, deltaT, localDay);
+      calculateAstronomicalTwilight(sun, mjdAt0, deltaT, localDay, calendar);
   const RiseSet blue = sun.riseSet(EventKind::blueHour, mjdAt0, deltaT);
   const RiseSet golden = sun.riseSet(EventKind::goldenHour, mjdAt0, deltaT);
   return {.mjdCivilTwStart = civil.rise,

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "engine/PtSun.h"
+#include "foundation/Calendar.h"
 #include "time/Mjd.h"
 
 namespace zenivo {
@@ -39,11 +40,13 @@ struct AstronomicalTwilight {
 };
 
 /// `localDay` is the local day of the month at `atMjd`, the local midnight that
-/// opens the day; a second dusk counts when it falls on it (in cachedCalendar).
+/// opens the day; a second dusk counts when it falls on it (in the zone of the calendar).
 AstronomicalTwilight calculateAstronomicalTwilight(ephemeris::PtSun& sun, double atMjd,
-                                                   double deltaT, int localDay);
+                                                   double deltaT, int localDay,
+                                                   const Calendar& calendar);
 
 /// All twilights of the day that local midnight `mjdAt0` opens, for sun's observer.
-Twilights calculateTwilightsForMjd(double mjdAt0, double deltaT, ephemeris::PtSun& sun);
+Twilights calculateTwilightsForMjd(double mjdAt0, double deltaT, ephemeris::PtSun& sun,
+                                   const Calendar& calendar);
 
 }  // namespace zenivo

@@ -62,7 +62,8 @@ Date DateRange::addToDate(Date date) const {
 }
 
 DatePeriod wholeDays(Date first, Date last) {
-  return {dateWithStartDateTime(first), dateWithEndDateTime(last)};
+  return {dateWithStartDateTime(first, cachedCalendar()),
+          dateWithEndDateTime(last, cachedCalendar())};
 }
 
 DatePeriod periodForRow(std::int64_t row, Date start) {

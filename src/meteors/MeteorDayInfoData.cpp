@@ -23,8 +23,8 @@ using ephemeris::RiseSet;
 
 void calculateGalacticCenter(MeteorDayInfoData& day, PtSun& sun) {
   PtMilkyWay milkyWay(sun.getPosition());
-  const MilkyWayEvent event =
-      calculateGalacticCenterVisibility(milkyWay, sun, dateFromModifiedJulianDay(day.middle()));
+  const MilkyWayEvent event = calculateGalacticCenterVisibility(
+      milkyWay, sun, dateFromModifiedJulianDay(day.middle()), cachedCalendar());
   day.mjdGcVisibilityStart = event.mjdVisibilityFrom;
   day.mjdGcVisibilityEnd = event.mjdVisibilityTo;
   const auto tiltAt = [&](double mjd) {
@@ -81,9 +81,9 @@ void calculateTwilightAndNightIntervals(MeteorDayInfoData& day, PtSun& sun, PtMo
   day.mjdMoonRise = moonCrossings.rise;
   day.mjdMoonSet = moonCrossings.set;
 
-  const int localDay = dayValue(dateFromModifiedJulianDay(day.middle()));
+  const int localDay = dayValue(dateFromModifiedJulianDay(day.middle()), cachedCalendar());
   const AstronomicalTwilight twilight =
-      calculateAstronomicalTwilight(sun, day.mjdStart, deltaT, localDay);
+      calculateAstronomicalTwilight(sun, day.mjdStart, deltaT, localDay, cachedCalendar());
   day.nightIntervals = darkIntervals(day, {twilight.start}, {twilight.end, twilight.end2});
 
   if (day.mjdSunRise == kAlwaysBelow) {

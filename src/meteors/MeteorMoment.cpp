@@ -13,8 +13,9 @@ double deltaTAtMjd(double mjd) {
 
 double mjdAtLocalMidnight(Date date, int days) {
   // From noon, so that no clock change near midnight can lose or repeat a day.
-  const Date noon = dateByAddingNumberOfDays(dateWithNoonDateTime(date), days);
-  return modifiedJulianDay(dateWithStartDateTime(noon));
+  const Date noon = dateByAddingNumberOfDays(dateWithNoonDateTime(date, cachedCalendar()), days,
+                                             cachedCalendar());
+  return modifiedJulianDay(dateWithStartDateTime(noon, cachedCalendar()));
 }
 
 MeteorMoment momentOfDay(double mjdStart) {
@@ -22,8 +23,8 @@ MeteorMoment momentOfDay(double mjdStart) {
   const Date morning = dateFromModifiedJulianDay(mjdStart + 0.25);
   return {.mjd = mjdStart,
           .deltaT = deltaTAtMjd(mjdStart),
-          .year = yearValue(morning),
-          .month = monthValue(morning)};
+          .year = yearValue(morning, cachedCalendar()),
+          .month = monthValue(morning, cachedCalendar())};
 }
 
 }  // namespace zenivo

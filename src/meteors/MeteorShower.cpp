@@ -95,8 +95,9 @@ void MeteorShower::calculateActivitiesWithYear(std::int64_t activityYear) {
     const std::int64_t endYear = acrossNewYear ? startYear + 1 : startYear;
     MeteorShowerActivityPeriod period;
     period.year = acrossNewYear && month > endMonth ? startYear : endYear;
-    period.startDate = dateWithStartDateTime(noonOfDay(startYear, startMonth, startDay));
-    period.endDate = dateWithEndDateTime(noonOfDay(endYear, endMonth, endDay));
+    period.startDate =
+        dateWithStartDateTime(noonOfDay(startYear, startMonth, startDay), cachedCalendar());
+    period.endDate = dateWithEndDateTime(noonOfDay(endYear, endMonth, endDay), cachedCalendar());
     period.peakMjd = predictedPeakMjd(solarLongitudeAtPeak, period.year, month);
     activityPeriods.push_back(period);
   }
@@ -104,7 +105,8 @@ void MeteorShower::calculateActivitiesWithYear(std::int64_t activityYear) {
 
 bool MeteorShower::isActiveOrNextDayOfEndAtDate(Date date) const {
   return firstPeriod(*this, [&](const auto& period) {
-           return date >= period.startDate && date <= dateByAddingNumberOfDays(period.endDate, 1);
+           return date >= period.startDate &&
+                  date <= dateByAddingNumberOfDays(period.endDate, 1, cachedCalendar());
          }) != nullptr;
 }
 

@@ -172,7 +172,7 @@ void MeteorShowerCache::resize() {
   if (cacheData_.activityPeriods.size() <= kYearsKept || accessedYears_.size() <= kYearsKept) {
     return;
   }
-  const std::int64_t present = yearValue(Date::now());
+  const std::int64_t present = yearValue(Date::now(), cachedCalendar());
   const std::vector<std::int64_t> oldestLast = accessedYears_;
   for (auto year = oldestLast.rbegin(); year != oldestLast.rend(); ++year) {
     if (cacheData_.activityPeriods.size() <= kYearsKept) return;

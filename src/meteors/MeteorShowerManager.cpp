@@ -30,7 +30,7 @@ MeteorShowerManager::MeteorShowerManager(const LocationInfoData& data, std::int6
       meteorShowers_(location()) {
   createBodies();
   if (cache_) cache_->setLocation(location());
-  setActivitiesYear(yearValue(currentDate()));
+  setActivitiesYear(yearValue(currentDate(), cachedCalendar()));
   if (!inCalendarMode_) recalculateAll();
 }
 
@@ -84,7 +84,7 @@ void MeteorShowerManager::updateLocation(const std::optional<ZVLocation>& newLoc
 
 void MeteorShowerManager::timeZoneUpdated() {
   setCurrentMjdDate(currentMjdDate());
-  setActivitiesYear(yearValue(currentDate()));
+  setActivitiesYear(yearValue(currentDate(), cachedCalendar()));
   if (!inCalendarMode_) recalculateAll();
 }
 
@@ -97,8 +97,8 @@ bool MeteorShowerManager::jumpToMjdDate(double mjd) {
   const double yesterday = mjdAtMidnightWithOffsetDays(-1);
   const double dayAfterTomorrow = mjdAtMidnightWithOffsetDays(2);
   setCurrentMjdDate(mjd);
-  if (yearValue(currentDate()) != activitiesYear_) {
-    setActivitiesYear(yearValue(currentDate()));
+  if (yearValue(currentDate(), cachedCalendar()) != activitiesYear_) {
+    setActivitiesYear(yearValue(currentDate(), cachedCalendar()));
     calculateMeteorShowerRealPeaks();
   } else {
     calculateMajorShowersPeaks();
@@ -138,13 +138,14 @@ void MeteorShowerManager::calculateRealTimeData() {
     shower->updateMeteorsPerHourWithSolarLongitude(sky.solarLongitude, radiant.elevation_ * kDegree,
                                                    sky.limitingMagnitude);
   }
-  moonPhase_ = moonPhaseDataForMjd(sky.mjd, sky.deltaT, *sun_, *moon_, currentDate());
+  moonPhase_ =
+      moonPhaseDataForMjd(sky.mjd, sky.deltaT, *sun_, *moon_, currentDate(), cachedCalendar());
   moonPosition_ = moon_->horizontal();
   isSupermoon_ = isSupermoonAtPhase(moonPhase_, *moon_);
 }
 
 void MeteorShowerManager::calculateMeteorShowerActivitesForYear(std::int64_t year, bool updates) {
-  setCurrentMjdDate(modifiedJulianDay(firstDayOfYear(year)));
+  setCurrentMjdDate(modifiedJulianDay(firstDayOfYear(year, cachedCalendar())));
   recalculateTwilightsAndNightTimes(DayShift::all);
   if (activitiesYear_ != year) setActivitiesYear(year);
   {

@@ -108,8 +108,10 @@ void MeteorShowerManager::calculateMoonlessHours() {
   moonlessHours_ = 0;
   if (!hasBodies() || (inCalendarMode_ && meteorShowerIdToCalculate_ < 0)) return;
   const bool lastNight = currentMjdDate() < meteorMjdPeakThreshold_;
-  const Date evening = lastNight ? dateByAddingNumberOfDays(currentDate(), -1) : currentDate();
-  moonlessHours_ = static_cast<float>(moonlessHoursForNightAtDate(evening, *sun_, *moon_));
+  const Date evening =
+      lastNight ? dateByAddingNumberOfDays(currentDate(), -1, cachedCalendar()) : currentDate();
+  moonlessHours_ =
+      static_cast<float>(moonlessHoursForNightAtDate(evening, *sun_, *moon_, cachedCalendar()));
 }
 
 void MeteorShowerManager::recalculateDataOnThresholdCross(DayShift shift) {

@@ -23,7 +23,8 @@ MeteorSkyModel::MeteorSkyModel(const ZVLocation& location, std::int64_t year, in
 MeteorSky MeteorSkyModel::skyAt(double mjd, double deltaT, ephemeris::PtSun& sun,
                                 ephemeris::PtMoon& moon) const {
   // The phase's moment, too; a rate needs no principal phase looked up.
-  const MoonPhaseResult phase = moonPhaseDataForMjd(mjd, deltaT, sun, moon, Date(), false);
+  const MoonPhaseResult phase =
+      moonPhaseDataForMjd(mjd, deltaT, sun, moon, Date(), cachedCalendar(), false);
   SkyLights lights{.sunAzimuth = sun.horizontal().azimuth_ * kDegree,
                    .sunElevation = sun.horizontal().elevation_ * kDegree,
                    .moonAzimuth = moon.horizontal().azimuth_ * kDegree,

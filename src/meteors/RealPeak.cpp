@@ -90,8 +90,9 @@ void refineBetter(std::array<PeakNight, 2>& nights, PeakSearch& search) {
 }
 
 void fillMoon(MeteorShowerActivityPeriod& period, PtSun& sun, PtMoon& moon) {
-  const MoonPhaseResult phase = moonPhaseDataForMjd(
-      period.realPeakMjd, deltaTAtMjd(period.realPeakMjd), sun, moon, *period.realPeakDate);
+  const MoonPhaseResult phase =
+      moonPhaseDataForMjd(period.realPeakMjd, deltaTAtMjd(period.realPeakMjd), sun, moon,
+                          *period.realPeakDate, cachedCalendar());
   period.moonPhaseAtPeak = static_cast<double>(phase.phaseIllumination);
   period.moonPhaseZenithAngle = static_cast<double>(phase.zenithAngle);
   period.moonPhaseMoonElevation = static_cast<double>(phase.moonElevation);
@@ -125,7 +126,7 @@ bool isSupermoonAtPhase(const MoonPhaseResult& phase, PtMoon& moon) {
   if (phase.phase != kFullMoon) return false;
   moon.computePosition(true, phase.mjdPhase, deltaTAtMjd(phase.mjdPhase));
   return isFullMoonDateASupermoonDay(dateFromModifiedJulianDay(phase.mjdPhase),
-                                     moon.horizontal().distance_);
+                                     moon.horizontal().distance_, cachedCalendar());
 }
 
 void calculateRealPeaks(std::vector<RealPeakTask> tasks, PeakSamples& samples, int threads,

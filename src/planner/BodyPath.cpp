@@ -68,14 +68,16 @@ int stepsUpTo(double from, double to) {
 /// Samples after a rise: the first at most a step after it, on the grid of the next
 /// whole hour, up to `last`.
 void addSamplesAfterRise(PathBuilder& builder, double mjdRise, double last) {
-  const double mainHour = modifiedJulianDay(nextMainHour(dateFromModifiedJulianDay(mjdRise)));
+  const double mainHour =
+      modifiedJulianDay(nextMainHour(dateFromModifiedJulianDay(mjdRise), cachedCalendar()));
   builder.addSamples(mainHour, stepsUpTo(mainHour, mjdRise) + 1, stepsUpTo(mainHour, last));
 }
 
 /// Samples from the start of the day up to a set, on the grid of the whole hour
 /// before it.
 void addSamplesBeforeSet(PathBuilder& builder, double mjdAt0, double mjdSet) {
-  const double mainHour = modifiedJulianDay(previousMainHour(dateFromModifiedJulianDay(mjdSet)));
+  const double mainHour =
+      modifiedJulianDay(previousMainHour(dateFromModifiedJulianDay(mjdSet), cachedCalendar()));
   builder.addSamples(mainHour, -stepsUpTo(mjdAt0 - kTolerance, mainHour),
                      stepsUpTo(mainHour, mjdSet));
 }
@@ -84,7 +86,7 @@ void addSamplesBeforeSet(PathBuilder& builder, double mjdAt0, double mjdSet) {
 
 std::optional<BodyPath> positionPerHourForBody(ephemeris::PtPlanet& body, const LocalDay& day,
                                                const CelestialBodyEvent& event) {
-  const double midnight = day.dayAfter(1).mjdAt0 + kTolerance;
+  const double midnight = day.dayAfter(1, cachedCalendar()).mjdAt0 + kTolerance;
   const double rise = event.mjdRise();
   const double set = event.mjdSet();
   const bool rises = drawEventAtMjd(rise);

@@ -20,7 +20,8 @@ double azimuthAt(PtPlanet& body, double mjd, double deltaT) {
 bool isSupermoon(ephemeris::PtMoon& moon, const PtMoonPhaseWithDate& phase) {
   if (phase.phase != kFullMoon) return false;
   moon.computePosition(true, getMjd(phase.date), getDeltaT(phase.date));
-  return isFullMoonDateASupermoonDay(dateWithPtDateTime(phase.date), moon.horizontal().distance_);
+  return isFullMoonDateASupermoonDay(dateWithPtDateTime(phase.date), moon.horizontal().distance_,
+                                     cachedCalendar());
 }
 
 }  // namespace
@@ -46,8 +47,8 @@ SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day) {
   };
   event.civilTwilight = twilight(search(EventKind::civil));
   event.nauticalTwilight = twilight(search(EventKind::nautical));
-  const AstronomicalTwilight astronomical =
-      calculateAstronomicalTwilight(sun, day.mjdAt0, day.deltaT, dayValue(day.date));
+  const AstronomicalTwilight astronomical = calculateAstronomicalTwilight(
+      sun, day.mjdAt0, day.deltaT, dayValue(day.date, cachedCalendar()), cachedCalendar());
   event.astronomicalTwilight = TwilightEvent(astronomical.start, astronomical.end);
   if (astronomical.end2 != kAlwaysBelow && astronomical.end2 != astronomical.end) {
     event.astronomicalTwilight2 = TwilightEvent(kAlwaysBelow, astronomical.end2);

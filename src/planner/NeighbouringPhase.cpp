@@ -12,7 +12,7 @@ const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDat
                                               int month) {
   const auto found = std::ranges::find_if(phases, [&](const PtMoonPhaseWithDate& phase) {
     const Date date = dateWithPtDateTime(phase.date);
-    return dayValue(date) == day && monthValue(date) == month;
+    return dayValue(date, cachedCalendar()) == day && monthValue(date, cachedCalendar()) == month;
   });
   return found != phases.end() ? &*found : nullptr;
 }
@@ -22,14 +22,15 @@ std::optional<PtMoonPhaseWithDate> neighbouringPhase(Date date, bool forward, st
     const Date moment = dateWithPtDateTime(candidate.date);
     if (forward ? moment <= date : moment >= date) return false;
     return phase == kNoMoonPhase ||
-           (candidate.phase == phase && !isDateSameDayAsDate(moment, date));
+           (candidate.phase == phase && !isDateSameDayAsDate(moment, date, cachedCalendar()));
   };
   // A list reaches from the start of its month over nearly two lunations.  Two months
   // back there is a phase of each kind even when February has none.
   constexpr int kMonths = 2;
   for (int i = 0; i <= kMonths; ++i) {
-    const std::vector<PtMoonPhaseWithDate> phases =
-        phasesFromDate(startOfMonth(yearValue(date), monthValue(date) + (forward ? i : -i)));
+    const std::vector<PtMoonPhaseWithDate> phases = phasesFromDate(
+        startOfMonth(yearValue(date, cachedCalendar()),
+                     monthValue(date, cachedCalendar()) + (forward ? i : -i), cachedCalendar()));
     if (forward) {
       const auto found = std::ranges::find_if(phases, qualifies);
       if (found != phases.end()) return *found;

@@ -31,7 +31,8 @@ void shiftRightArray(std::vector<Event>& events) {
 }  // namespace
 
 void PlannerManager::recalculateRiseSetValuesNewDate(Date newDate, std::optional<Date> oldDate) {
-  const LocalDay today(newDate), yesterday = today.dayAfter(-1), tomorrow = today.dayAfter(1);
+  const LocalDay today(newDate), yesterday = today.dayAfter(-1, cachedCalendar()),
+                                 tomorrow = today.dayAfter(1, cachedCalendar());
   const bool hasEvents = oldDate && !sunEvents_.empty();
   if (hasEvents && *oldDate == newDate) return;
   // A day may be so short that a change of less than 24 hours leaps over it.
@@ -105,7 +106,7 @@ void PlannerManager::sortEvents() {
 }
 
 void PlannerManager::recalculateMonthPhases() {
-  moonMonthStart_ = startOfMonthOfDate(currentDate_);
+  moonMonthStart_ = startOfMonthOfDate(currentDate_, cachedCalendar());
   moonMonthPhases_ = phasesFromDate(moonMonthStart_);
 }
 
@@ -116,12 +117,14 @@ const PtMoonPhaseWithDate* PlannerManager::getPhaseForDay(int day, int ofMonth) 
 std::optional<PtMoonPhaseWithDate> PlannerManager::phaseOfDay(const LocalDay& day) const {
   // The list of the month in which the day before lies holds the day's phase also
   // where rounding carries a phase over the midnight between two months.
-  const PtDateTime start = startOfMonthOfDate(day.dayAfter(-1).date);
+  const PtDateTime start =
+      startOfMonthOfDate(day.dayAfter(-1, cachedCalendar()).date, cachedCalendar());
   const bool isListed = start == moonMonthStart_ && !moonMonthPhases_.empty();
   const std::vector<PtMoonPhaseWithDate> otherMonth =
       isListed ? std::vector<PtMoonPhaseWithDate>() : phasesFromDate(start);
   const PtMoonPhaseWithDate* phase = phaseForDayOfMonth(isListed ? moonMonthPhases_ : otherMonth,
-                                                        dayValue(day.date), monthValue(day.date));
+                                                        dayValue(day.date, cachedCalendar()),
+                                                        monthValue(day.date, cachedCalendar()));
   return phase != nullptr ? std::optional(*phase) : std::nullopt;
 }
 

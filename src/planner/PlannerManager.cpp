@@ -75,11 +75,13 @@ void PlannerManager::setCurrentDate(Date date, bool refreshOnlyDate) {
   if (date == currentDate_ && !sunEvents_.empty() && hasPositions) return;
   const Date oldDate = std::exchange(currentDate_, date);
   resetMjdEclipseEvent();
-  if (monthValue(oldDate) != monthValue(date) || yearValue(oldDate) != yearValue(date)) {
+  if (monthValue(oldDate, cachedCalendar()) != monthValue(date, cachedCalendar()) ||
+      yearValue(oldDate, cachedCalendar()) != yearValue(date, cachedCalendar())) {
     recalculateMonthPhases();
   }
   if (std::abs(date.timeIntervalSinceDate(oldDate)) >= kSecondsPerDay) resetEventArrays();
-  if (sunEvents_.empty() || !isDateSameDayAsDate(oldDate, date)) changeDay(oldDate);
+  if (sunEvents_.empty() || !isDateSameDayAsDate(oldDate, date, cachedCalendar()))
+    changeDay(oldDate);
   if (meteorLayer_) meteorLayer_->updateMeteorShowerInfo(date);
   if (!refreshOnlyDate) calculatePositionsForDate(date);
   recalculateMilkyWayDataIfNeededWithOldDate(oldDate, date);
@@ -88,8 +90,8 @@ void PlannerManager::setCurrentDate(Date date, bool refreshOnlyDate) {
 void PlannerManager::changeDay(Date oldDate) {
   const bool wasEmpty = sunEvents_.empty();
   const bool updatesNight = shouldUpdateNightDataWithOldDate(oldDate, currentDate_);
-  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_),
-                                  dateWithStartDateTime(oldDate));
+  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_, cachedCalendar()),
+                                  dateWithStartDateTime(oldDate, cachedCalendar()));
   updateMilkyWayThreshold();
   sortEvents();
   notify(&PlannerManagerDelegate::refreshRiseSetData);
@@ -106,7 +108,8 @@ void PlannerManager::setCurrentPosition(const Coordinate& position, bool updateA
     moveObserver(position, resetHorizonIfNecessary);
   }
   resetEventArrays();
-  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_), std::nullopt);
+  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_, cachedCalendar()),
+                                  std::nullopt);
   calculatePositionsForDate(currentDate_);
   updateMeteorShowerLocation();
   updateMilkyWayThreshold();
@@ -182,7 +185,8 @@ void PlannerManager::restoreTimeZone() const {
 void PlannerManager::timeZoneChanged() {
   resetEventArrays();
   if (!observer_) return;
-  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_), std::nullopt);
+  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_, cachedCalendar()),
+                                  std::nullopt);
   if (positionsDate_ == currentDate_) updatePhaseOfToday();
   updateMilkyWayThreshold();
   recalculateNightData();

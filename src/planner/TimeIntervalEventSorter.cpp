@@ -53,7 +53,7 @@ std::string timeIntervalEventTypeToString(TimeIntervalEventType type) {
 
 void TimeIntervalEventSorter::addEventToArray(double mjd, double eventInterval,
                                               TimeIntervalEventType eventType) {
-  if (drawEventAtMjd(mjd)) sortedEvents_.push_back({eventInterval, eventType});
+  if (drawEventAtMjd(mjd)) sortedEvents_.push_back({eventInterval, eventType, mjd});
 }
 
 void TimeIntervalEventSorter::addTwilight(const TwilightEvent& twilight,

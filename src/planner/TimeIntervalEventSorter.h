@@ -32,10 +32,12 @@ enum class TimeIntervalEventType {
   goldenHourEnd = 15,    ///< in the morning
 };
 
-/// An event of the day at a moment in seconds since the reference date.
+/// An event of the day at a moment in seconds since the reference date, on the nearest
+/// whole minute, and the same moment as the search found it.
 struct TimeIntervalEventWithType {
   double interval = 0;
   TimeIntervalEventType type = TimeIntervalEventType::sunRise;
+  double mjd = kNotThisDay;  ///< unrounded
 
   /// The whole seconds from `other` to this event.  Events less than a second
   /// apart compare as equal; this is no order that could be sorted by.

@@ -40,23 +40,18 @@ SharedCalendar& sharedCalendar() {
   return calendar;
 }
 
-CalendarPointer local() {
-  return sharedCalendar().get();
-}
-
-Date atTimeOfLocalDay(Date date, int hour, int minute, int second) {
-  const CalendarPointer calendar = local();
-  DateComponents c = calendar->componentsFromDate(date);
+Date atTimeOfLocalDay(Date date, const Calendar& calendar, int hour, int minute, int second) {
+  DateComponents c = calendar.componentsFromDate(date);
   c.hour = hour;
   c.minute = minute;
   c.second = second;
-  return calendar->dateFromComponents(c);
+  return calendar.dateFromComponents(c);
 }
 
 }  // namespace
 
 Calendar cachedCalendar() {
-  return *local();
+  return *sharedCalendar().get();
 }
 
 void setCachedCalendarTimeZone(const TimeZone& zone) {
@@ -103,77 +98,74 @@ double mjdToTimeInterval(double mjd) {
   return dateFromModifiedJulianDay(mjd).timeIntervalSinceReferenceDate();
 }
 
-Date dateWithStartDateTime(Date date) {
-  return atTimeOfLocalDay(date, 0, 0, 0);
+Date dateWithStartDateTime(Date date, const Calendar& calendar) {
+  return atTimeOfLocalDay(date, calendar, 0, 0, 0);
 }
 
-Date dateWithNoonDateTime(Date date) {
-  return atTimeOfLocalDay(date, 12, 0, 0);
+Date dateWithNoonDateTime(Date date, const Calendar& calendar) {
+  return atTimeOfLocalDay(date, calendar, 12, 0, 0);
 }
 
-Date dateWithEndDateTime(Date date) {
-  return atTimeOfLocalDay(date, 23, 59, 59);
+Date dateWithEndDateTime(Date date, const Calendar& calendar) {
+  return atTimeOfLocalDay(date, calendar, 23, 59, 59);
 }
 
-Date dateByAddingNumberOfDays(Date date, int days) {
-  return local()->dateByAddingComponents({.day = days}, date);
+Date dateByAddingNumberOfDays(Date date, int days, const Calendar& calendar) {
+  return calendar.dateByAddingComponents({.day = days}, date);
 }
 
-Date firstDayOfYear(std::int64_t year) {
+Date firstDayOfYear(std::int64_t year, const Calendar& calendar) {
   return dateWithStartDateTime(
-      local()->dateFromComponents({.year = year, .month = 1, .day = 1, .hour = 12}));
+      calendar.dateFromComponents({.year = year, .month = 1, .day = 1, .hour = 12}), calendar);
 }
 
-Date nextMainHour(Date date) {
-  const CalendarPointer calendar = local();
-  DateComponents c = calendar->componentsFromDate(date);
+Date nextMainHour(Date date, const Calendar& calendar) {
+  DateComponents c = calendar.componentsFromDate(date);
   ++c.hour;
   c.minute = 0;
   c.second = 0;
-  return calendar->dateFromComponents(c);
+  return calendar.dateFromComponents(c);
 }
 
-Date previousMainHour(Date date) {
-  const CalendarPointer calendar = local();
-  DateComponents c = calendar->componentsFromDate(date);
+Date previousMainHour(Date date, const Calendar& calendar) {
+  DateComponents c = calendar.componentsFromDate(date);
   c.minute = 0;
-  return calendar->dateFromComponents(c);
+  return calendar.dateFromComponents(c);
 }
 
-bool isDateSameDayAsDate(Date date, Date other) {
-  const CalendarPointer calendar = local();
-  const DateComponents a = calendar->componentsFromDate(date);
-  const DateComponents b = calendar->componentsFromDate(other);
+bool isDateSameDayAsDate(Date date, Date other, const Calendar& calendar) {
+  const DateComponents a = calendar.componentsFromDate(date);
+  const DateComponents b = calendar.componentsFromDate(other);
   return a.day == b.day && a.month == b.month && a.year == b.year;
 }
 
-std::int64_t yearValue(Date date) {
-  return local()->componentsFromDate(date).year;
+std::int64_t yearValue(Date date, const Calendar& calendar) {
+  return calendar.componentsFromDate(date).year;
 }
 
-int monthValue(Date date) {
-  return local()->componentsFromDate(date).month;
+int monthValue(Date date, const Calendar& calendar) {
+  return calendar.componentsFromDate(date).month;
 }
 
-int dayValue(Date date) {
-  return local()->componentsFromDate(date).day;
+int dayValue(Date date, const Calendar& calendar) {
+  return calendar.componentsFromDate(date).day;
 }
 
-int hourValue(Date date) {
-  return local()->componentsFromDate(date).hour;
+int hourValue(Date date, const Calendar& calendar) {
+  return calendar.componentsFromDate(date).hour;
 }
 
-int minuteValue(Date date) {
-  return local()->componentsFromDate(date).minute;
+int minuteValue(Date date, const Calendar& calendar) {
+  return calendar.componentsFromDate(date).minute;
 }
 
-float floatHour(Date date) {
-  const DateComponents c = local()->componentsFromDate(date);
+float floatHour(Date date, const Calendar& calendar) {
+  const DateComponents c = calendar.componentsFromDate(date);
   return static_cast<float>(c.hour) + static_cast<float>(c.minute) / 24.0F;
 }
 
-double timeAsFractionOfDay(Date date) {
-  const DateComponents c = local()->componentsFromDate(date);
+double timeAsFractionOfDay(Date date, const Calendar& calendar) {
+  const DateComponents c = calendar.componentsFromDate(date);
   return (c.hour + c.minute / 60.0 + c.second / 3600.0) / 24.0;
 }
 
@@ -212,13 +204,13 @@ std::string gmtOffsetStringValueForDate(const TimeZone& zone, Date date) {
                       : fmt::format("GMT{}{}:{:02d}", sign, hours, minutes);
 }
 
-float hoursBetweenStartMjd(double start, double andEndMjd) {
+float hoursBetweenStartMjd(double start, double andEndMjd, const Calendar& calendar) {
   if (start == kAlwaysAbove) return 24.0F;
   if (start == kAlwaysBelow || start == kNotThisDay) return 0.0F;
   double end = andEndMjd;
   if (end == kAlwaysAbove || end == kNotThisDay) {
     // To the second: a start at 23:59:40 must not round into the next day.
-    end = modifiedJulianDay(dateWithEndDateTime(dateFromModifiedJulianDay(start, true)));
+    end = modifiedJulianDay(dateWithEndDateTime(dateFromModifiedJulianDay(start, true), calendar));
   }
   return static_cast<float>((end - start) * 24.0);
 }

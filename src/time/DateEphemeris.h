@@ -13,9 +13,9 @@
 
 namespace zenivo {
 
-/// The calendar of all local reckoning below: the device's, fetched once and
-/// kept for the life of the process, in the zone last set.  A copy; may be
-/// called and set from any thread.
+/// The calendar that the screens of the process share: the device's, fetched once and
+/// kept for the life of the process, in the zone last set.  A copy; may be called and
+/// set from any thread.  Nothing below reckons by it unless it is handed in.
 Calendar cachedCalendar();
 void setCachedCalendarTimeZone(const TimeZone& zone);
 
@@ -40,39 +40,39 @@ double modifiedJulianDay(Date date);
 /// meaning for a sentinel: test with drawEventAtMjd first.
 double mjdToTimeInterval(double mjd);
 
-// Local days.
+// Local days, in the zone of the calendar.
 
 /// 00:00:00, 12:00:00 and 23:59:59 of the date's local day.  A time that a clock
 /// change skips is the moment after the gap.
-Date dateWithStartDateTime(Date date);
-Date dateWithNoonDateTime(Date date);
-Date dateWithEndDateTime(Date date);
+Date dateWithStartDateTime(Date date, const Calendar& calendar);
+Date dateWithNoonDateTime(Date date, const Calendar& calendar);
+Date dateWithEndDateTime(Date date, const Calendar& calendar);
 
 /// Adds local calendar days and keeps the wall-clock time.
-Date dateByAddingNumberOfDays(Date date, int days);
+Date dateByAddingNumberOfDays(Date date, int days, const Calendar& calendar);
 
 /// 00:00:00 of January 1.
-Date firstDayOfYear(std::int64_t year);
+Date firstDayOfYear(std::int64_t year, const Calendar& calendar);
 
 /// The next whole hour on the clock.
-Date nextMainHour(Date date);
+Date nextMainHour(Date date, const Calendar& calendar);
 /// The same hour with minute 0; the seconds stay as they are.
-Date previousMainHour(Date date);
+Date previousMainHour(Date date, const Calendar& calendar);
 
-bool isDateSameDayAsDate(Date date, Date other);
+bool isDateSameDayAsDate(Date date, Date other, const Calendar& calendar);
 
 // Components of the local date and time.
 
-std::int64_t yearValue(Date date);
-int monthValue(Date date);
-int dayValue(Date date);
-int hourValue(Date date);
-int minuteValue(Date date);
+std::int64_t yearValue(Date date, const Calendar& calendar);
+int monthValue(Date date, const Calendar& calendar);
+int dayValue(Date date, const Calendar& calendar);
+int hourValue(Date date, const Calendar& calendar);
+int minuteValue(Date date, const Calendar& calendar);
 
 /// hour + minute / 24.  The divisor is what the readers of this value expect.
-float floatHour(Date date);
+float floatHour(Date date, const Calendar& calendar);
 /// 0 up to 1, down to the whole second.
-double timeAsFractionOfDay(Date date);
+double timeAsFractionOfDay(Date date, const Calendar& calendar);
 
 /// 1 (Sunday) to 7, and 28 to 31; both in the device's zone, not the observer's.
 int weekday(Date date);
@@ -98,6 +98,6 @@ std::string gmtOffsetStringValueForDate(const TimeZone& zone, Date date);
 /// kAlwaysAbove gives 24, another sentinel there 0; an end of kAlwaysAbove or
 /// kNotThisDay counts to the end of the start's local day.  An end of
 /// kAlwaysBelow has no meaning: do not ask.
-float hoursBetweenStartMjd(double start, double andEndMjd);
+float hoursBetweenStartMjd(double start, double andEndMjd, const Calendar& calendar);
 
 }  // namespace zenivo

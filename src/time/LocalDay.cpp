@@ -10,8 +10,8 @@ LocalDay::LocalDay(Date midnight) : date(midnight) {
   deltaT = getDeltaT(record);
 }
 
-LocalDay LocalDay::dayAfter(int days) const {
-  return LocalDay(dateWithStartDateTime(dateByAddingNumberOfDays(date, days)));
+LocalDay LocalDay::dayAfter(int days, const Calendar& calendar) const {
+  return LocalDay(dateWithStartDateTime(dateByAddingNumberOfDays(date, days, calendar), calendar));
 }
 
 }  // namespace zenivo

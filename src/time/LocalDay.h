@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 
 namespace zenivo {
@@ -11,8 +12,8 @@ namespace zenivo {
 struct LocalDay {
   explicit LocalDay(Date midnight);
 
-  /// That of a midnight `days` later, counted on the local calendar.
-  LocalDay dayAfter(int days) const;
+  /// That of a midnight `days` later, counted on the calendar.
+  LocalDay dayAfter(int days, const Calendar& calendar) const;
 
   Date date;
   double mjdAt0;

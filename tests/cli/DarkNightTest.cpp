@@ -35,7 +35,7 @@ TEST(DarkNight, MoonlessSpansAddUpToTheMoonlessHours) {
     const Date noon = noonOf(scene, 2026, 1, day);
     planner.setCurrentDate(noon);
     const auto night = nightBeginningOnDay(planner);
-    const double hours = moonlessHoursForNightAtDate(noon, sun, moon);
+    const double hours = moonlessHoursForNightAtDate(noon, sun, moon, cachedCalendar());
     EXPECT_NEAR(night ? night->moonlessHours() : 0, hours, 0.02) << day;
   }
 }

@@ -43,7 +43,7 @@ class TimerCommand : public Home {
 
   /// Starts the command, waits until the countdown shows, and then sends it the signal.
   Outcome interrupt(const std::string& arguments, const std::string& signal) const {
-    return lines("rm -f out; '" ZENIVO_PROGRAM "' " + arguments +
+    return lines(": >out; '" ZENIVO_PROGRAM "' " + arguments +
                  " >out & p=$!\n"
                  "until grep -q until out; do sleep 0.02; done\n"
                  "kill -" +

@@ -10,7 +10,7 @@ namespace {
 class MilkyWay : public NightSky {
  protected:
   MilkyWayEvent visibilityAt(Date date) {
-    return calculateGalacticCenterVisibility(milkyWay, sun, date);
+    return calculateGalacticCenterVisibility(milkyWay, sun, date, cachedCalendar());
   }
   bool visible(Date date) { return visibilityAt(date).mjdVisibilityFrom != kAlwaysBelow; }
 
@@ -85,27 +85,27 @@ TEST_F(MilkyWay, AWinterWithoutNauticalTwilight) {
 // of January, before dawn.
 TEST_F(MilkyWay, NextDateItIsVisible) {
   const Date start = observe({"", 46.5, 8.0, "Europe/Zurich", {2025, 11, 20}});
-  const Date next = nextDateGalacticCenterIsVisible(milkyWay, sun, start).value();
-  EXPECT_EQ(monthValue(next), 1);
-  EXPECT_EQ(hourValue(next), 12);
+  const Date next = nextDateGalacticCenterIsVisible(milkyWay, sun, start, cachedCalendar()).value();
+  EXPECT_EQ(monthValue(next, cachedCalendar()), 1);
+  EXPECT_EQ(hourValue(next, cachedCalendar()), 12);
   EXPECT_TRUE(visible(next));
-  for (Date date = start; date < next; date = dateByAddingNumberOfDays(date, 1)) {
-    ASSERT_FALSE(visible(date)) << dayValue(date);
+  for (Date date = start; date < next; date = dateByAddingNumberOfDays(date, 1, cachedCalendar())) {
+    ASSERT_FALSE(visible(date)) << dayValue(date, cachedCalendar());
   }
   // A date on which it is visible is not its own next one.
-  EXPECT_EQ(nextDateGalacticCenterIsVisible(milkyWay, sun, next),
-            dateByAddingNumberOfDays(next, 1));
+  EXPECT_EQ(nextDateGalacticCenterIsVisible(milkyWay, sun, next, cachedCalendar()),
+            dateByAddingNumberOfDays(next, 1, cachedCalendar()));
 }
 
 TEST_F(MilkyWay, TheSearchEndsAfterHalfAYearAndNorthOf58Degrees) {
   // Near the south pole no night is dark from August to April.
   const Date march = observe({"", -85.0, 0.0, "GMT", {2025, 3, 1}});
   const auto nextFrom = [&](Date date) {
-    return nextDateGalacticCenterIsVisible(milkyWay, sun, date);
+    return nextDateGalacticCenterIsVisible(milkyWay, sun, date, cachedCalendar());
   };
   const Date first = nextFrom(march).value();
-  EXPECT_EQ(nextFrom(dateByAddingNumberOfDays(first, -180)), first);
-  EXPECT_EQ(nextFrom(dateByAddingNumberOfDays(first, -181)), std::nullopt);
+  EXPECT_EQ(nextFrom(dateByAddingNumberOfDays(first, -180, cachedCalendar())), first);
+  EXPECT_EQ(nextFrom(dateByAddingNumberOfDays(first, -181, cachedCalendar())), std::nullopt);
 
   // So far north only from the height of an aircraft.
   for (const double latitude : {58.0, 58.01}) {
@@ -117,7 +117,7 @@ TEST_F(MilkyWay, TheSearchEndsAfterHalfAYearAndNorthOf58Degrees) {
   // Half past two in the night, which the clocks of Paris skip on March 30.
   const Date night = observe({"", -85.0, 0.0, "Europe/Paris", {2025, 3, 1}})
                          .dateByAddingTimeInterval(-9.5 * 3600.0);
-  EXPECT_EQ(hourValue(nextFrom(night).value()), 2);
+  EXPECT_EQ(hourValue(nextFrom(night).value(), cachedCalendar()), 2);
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ class MoonPhaseTest : public testing::Test {
   }
   MoonPhaseResult resultAt(const PtDateTime& moment, bool withHighPrecision = true) {
     return moonPhaseDataForMjd(getMjd(moment), getDeltaT(moment), sun, moon,
-                               dateWithPtDateTime(moment), withHighPrecision);
+                               dateWithPtDateTime(moment), cachedCalendar(), withHighPrecision);
   }
   void setPosition(const PtPosition& position) {
     sun.setPosition(position);
@@ -166,8 +166,8 @@ TEST_F(MoonPhaseTest, Ages) {
       {{2014, 3, 1, 10, 0}, {2014, 3, 1, 8, 1}},
   };
   for (const auto& [moment, newMoon] : cases) {
-    EXPECT_NEAR(moonAgeAt(dateWithPtDateTime(moment)), getMjd(moment) - getMjd(newMoon),
-                1.5 / 1440.0);
+    EXPECT_NEAR(moonAgeAt(dateWithPtDateTime(moment), cachedCalendar()),
+                getMjd(moment) - getMjd(newMoon), 1.5 / 1440.0);
   }
 }
 
@@ -180,7 +180,8 @@ TEST_F(MoonPhaseTest, AnAgeAlwaysExists) {
     for (int day = 0; day < 800; ++day) {
       PtDateTime moment;
       setFromMjd(moment, getMjd({year, 1, 1, 6, 0}) + day * 0.9);
-      const double age = static_cast<double>(moonAgeAt(dateWithPtDateTime(moment)));
+      const double age =
+          static_cast<double>(moonAgeAt(dateWithPtDateTime(moment), cachedCalendar()));
       ASSERT_TRUE(age > 0.0 && age < 29.9) << year << ' ' << day;
       ASSERT_TRUE(age < 0.9 || day == 0 || std::abs(age - previous - 0.9) < 1e-3)
           << year << ' ' << day;

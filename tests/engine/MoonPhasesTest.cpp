@@ -91,7 +91,8 @@ TEST_F(LocalMonth, StartsAtTheObserversMidnight) {
   };
   for (const auto& c : cases) {
     setCachedCalendarTimeZone(TimeZone::timeZoneWithName(c.zone).value());
-    EXPECT_EQ(startOfMonthOfDate(dateWithPtDateTime(c.moment)), c.start) << c.zone;
+    EXPECT_EQ(startOfMonthOfDate(dateWithPtDateTime(c.moment), cachedCalendar()), c.start)
+        << c.zone;
   }
 }
 

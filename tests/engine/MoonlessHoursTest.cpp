@@ -10,7 +10,8 @@ namespace {
 class MoonlessHours : public NightSky {
  protected:
   double hoursOf(const NightCase& night) {
-    return moonlessHoursForNightAtDate(observe(night), sun, moon);
+    const Date noon = observe(night);
+    return moonlessHoursForNightAtDate(noon, sun, moon, cachedCalendar());
   }
 
   /// The Moon's upper limb below the horizon.
@@ -65,8 +66,10 @@ TEST_F(MoonlessHours, NightsThatAreHardToPlace) {
     const double hours = hoursOf(night);
     EXPECT_NEAR(hours, sampledHours(night), 5.0 / 60.0) << night.story;
     const Date date = observe(night);
-    for (const Date moment : {dateWithStartDateTime(date), dateWithEndDateTime(date)}) {
-      EXPECT_EQ(moonlessHoursForNightAtDate(moment, sun, moon), hours) << night.story;
+    for (const Date moment : {dateWithStartDateTime(date, cachedCalendar()),
+                              dateWithEndDateTime(date, cachedCalendar())}) {
+      EXPECT_EQ(moonlessHoursForNightAtDate(moment, sun, moon, cachedCalendar()), hours)
+          << night.story;
     }
   }
 }

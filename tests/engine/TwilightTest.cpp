@@ -36,10 +36,11 @@ class TwilightsOfDay : public testing::Test {
  protected:
   Twilights at(const char* zone, double latitude, double longitude, const PtDateTime& noon) {
     setCachedCalendarTimeZone(TimeZone::timeZoneWithName(zone).value());
-    const Date start = dateWithStartDateTime(dateWithPtDateTime(noon));
+    const Date start = dateWithStartDateTime(dateWithPtDateTime(noon), cachedCalendar());
     mjdAt0_ = modifiedJulianDay(start);
     sun_.setPosition(PtPosition(latitude, longitude));
-    return calculateTwilightsForMjd(mjdAt0_, getDeltaT(ptDateTimeForDate(start)), sun_);
+    return calculateTwilightsForMjd(mjdAt0_, getDeltaT(ptDateTimeForDate(start)), sun_,
+                                    cachedCalendar());
   }
   void TearDown() override { setCachedCalendarTimeZone(TimeZone::defaultTimeZone()); }
 
@@ -71,7 +72,8 @@ TEST_F(TwilightsOfDay, ASecondDusk) {
       EXPECT_LT(t.mjdAstronomicalTwEnd, t.mjdAstronomicalTwStart) << day;
       EXPECT_GT(t.mjdAstronomicalTwEnd2, mjdAt0_ + 23.0 / 24.0) << day;
       EXPECT_LT(t.mjdAstronomicalTwEnd2, mjdAt0_ + 1.0) << day;
-      EXPECT_EQ(dayValue(dateFromModifiedJulianDay(t.mjdAstronomicalTwEnd2)), day);
+      EXPECT_EQ(dayValue(dateFromModifiedJulianDay(t.mjdAstronomicalTwEnd2), cachedCalendar()),
+                day);
     } else if (drawEventAtMjd(t.mjdAstronomicalTwEnd) &&
                t.mjdAstronomicalTwEnd < t.mjdAstronomicalTwStart) {
       ++duskAfterMidnight;

@@ -103,7 +103,8 @@ TEST(NightWindow, NeverReachesIntoDaylight) {
       return sun.horizontal().elevation_;
     };
     for (int n = 0; n < 365; n += 3) {
-      const Date date = dateByAddingNumberOfDays(firstDayOfYear(2026), n);
+      const Date date =
+          dateByAddingNumberOfDays(firstDayOfYear(2026, cachedCalendar()), n, cachedCalendar());
       const MeteorDays days = daysAt(place, date);
       for (const double hour : {0.0, 5.0, 12.5, 24.0}) {
         const double mjd = days[Today].mjdStart + hour / 24.0;
@@ -158,7 +159,8 @@ TEST(DayInfo, TwoSunsetsInOneDay) {
   const LocalZone zone("Atlantic/Reykjavik");
   int found = 0;
   for (int n = 150; n < 220; ++n) {
-    const Date date = dateByAddingNumberOfDays(firstDayOfYear(2026), n);
+    const Date date =
+        dateByAddingNumberOfDays(firstDayOfYear(2026, cachedCalendar()), n, cachedCalendar());
     const MeteorDays days = daysAt(placeAt(64.13, -21.9), date);
     const MeteorDayInfoData& today = days[Today];
     if (today.mjdSunSet2 == kAlwaysBelow) continue;

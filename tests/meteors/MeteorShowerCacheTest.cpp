@@ -117,7 +117,7 @@ TEST_F(MeteorShowerCacheTest, TheYearNotAccessedForLongestGoes) {
   using Years = std::vector<std::int64_t>;
   cache.cacheMeteorShower(perseids(), 1990, period(1990, 0));  // no real peak: ignored
   EXPECT_TRUE(cache.accessedYears().empty());
-  const std::int64_t now = yearValue(Date::now());
+  const std::int64_t now = yearValue(Date::now(), cachedCalendar());
   for (const std::int64_t year :
        {now, now + 1, Years::value_type{1901}, Years::value_type{1902}, Years::value_type{1903},
         Years::value_type{1904}, Years::value_type{1905}}) {

@@ -31,7 +31,7 @@ class BodyPathTest : public SessionTest {
 
   Day moonDay(const PtPosition& place, Date moment) {
     moon.setPosition(place);
-    const LocalDay day(dateWithStartDateTime(moment));
+    const LocalDay day(dateWithStartDateTime(moment, cachedCalendar()));
     const MoonEvent event = moonEventOfDay(moon, day, nullptr);
     return {day, event, positionPerHourForBody(moon, day, event)};
   }
@@ -55,7 +55,7 @@ void checkPath(const BodyPath& path, const CelestialBodyEvent& event, const Loca
     EXPECT_GE(gap, 0) << "in time order";
     EXPECT_TRUE(item.breakPath || gap <= kStep + 1e-6) << "no more than 20 minutes apart";
     EXPECT_GE(item.mjd, day.mjdAt0 - 1e-6) << "from midnight";
-    const double end = std::max(day.dayAfter(1).mjdAt0 + 1e-6, event.mjdSet());
+    const double end = std::max(day.dayAfter(1, cachedCalendar()).mjdAt0 + 1e-6, event.mjdSet());
     EXPECT_TRUE(isEvent || item.mjd <= end) << "to midnight";
     EXPECT_EQ(item.breakPath, item.isRise && setsBeforeRise(event)) << "two arcs are not joined";
     EXPECT_EQ(item.label, timeStringFromDate(dateFromModifiedJulianDay(item.mjd)));
@@ -76,7 +76,7 @@ void checkPath(const BodyPath& path, const CelestialBodyEvent& event, const Loca
   EXPECT_EQ(first.isRise, drawEventAtMjd(event.mjdRise()) && !hasGap);
   EXPECT_EQ(last.isSet, drawEventAtMjd(event.mjdSet()) && !hasGap);
   EXPECT_TRUE(first.isRise || std::abs(first.mjd - day.mjdAt0) < 1e-6) << "up at midnight";
-  const double tomorrow = day.dayAfter(1).mjdAt0;
+  const double tomorrow = day.dayAfter(1, cachedCalendar()).mjdAt0;
   const bool isOddDay = std::abs(tomorrow - day.mjdAt0 - 1) > 1e-6;  // not of 24 hours
   EXPECT_TRUE(last.isSet || isOddDay || std::abs(last.mjd - tomorrow) < 1e-6) << "up to the end";
 }

@@ -50,9 +50,9 @@ class Walk {
   /// Yesterday, today and tomorrow start at local midnights, whatever the clock does:
   /// tomorrow 27 hours after today, or after a skipped day the one behind it.
   void expectLocalMidnights() {
-    const Date today = dateWithStartDateTime(session_->currentDate());
+    const Date today = dateWithStartDateTime(session_->currentDate(), cachedCalendar());
     const auto midnightAt = [&](double hours) {
-      return dateWithStartDateTime(today.dateByAddingTimeInterval(hours * 3600));
+      return dateWithStartDateTime(today.dateByAddingTimeInterval(hours * 3600), cachedCalendar());
     };
     const bool cameTwice = midnightAt(27) == today;
     const Date days[] = {midnightAt(-0.001), today, midnightAt(cameTwice ? 51 : 27)};

@@ -100,10 +100,11 @@ TEST_F(PlannerDayCycle, IlluminationAtAPhaseIsExact) {
 TEST_F(PlannerDayCycle, WhatLiesBetweenPhasesFollowsTheMoment) {
   int days = 0;
   for (int month = 0; month < 70 * 12; ++month) {
-    for (const PtMoonPhaseWithDate& phase : phasesFromDate(startOfMonth(1990, month))) {
+    for (const PtMoonPhaseWithDate& phase :
+         phasesFromDate(startOfMonth(1990, month, cachedCalendar()))) {
       const bool isQuarter = phase.phase == kFirstQuarter || phase.phase == kLastQuarter;
       if (!isQuarter || phase.date.hour != 0 || phase.date.minutes > 10) continue;
-      const Date midnight = dateWithStartDateTime(dateWithPtDateTime(phase.date));
+      const Date midnight = dateWithStartDateTime(dateWithPtDateTime(phase.date), cachedCalendar());
       Session session(ZVObserver(kParis), TimeZone(), midnight.dateByAddingTimeInterval(-7200));
       for (const int minutes : {1, 60, 3, 120}) {
         session->setCurrentDate(midnight.dateByAddingTimeInterval(-60 * minutes));
@@ -133,11 +134,12 @@ TEST_F(PlannerDayCycle, PhasesAreListedForTheLocalMonth) {
 TEST_F(PlannerDayCycle, PhasesInTheLastSecondsOfAMonth) {
   int found = 0;
   for (int month = 0; month < 400 * 12; month += 2) {
-    for (const PtMoonPhaseWithDate& phase : phasesFromDate(startOfMonth(1800, month))) {
+    for (const PtMoonPhaseWithDate& phase :
+         phasesFromDate(startOfMonth(1800, month, cachedCalendar()))) {
       // Seconds before a full hour of a month's last day, where some zone has its midnight.
       const int zone = 23 - phase.date.hour;
       const Date noon = dateIn("GMT", phase.date.year, phase.date.month, phase.date.day + 1, 12);
-      if (phase.date.minutes < 59.5 || dayValue(noon) != 1 || zone > 14) continue;
+      if (phase.date.minutes < 59.5 || dayValue(noon, cachedCalendar()) != 1 || zone > 14) continue;
       const TimeZone local = zoneNamed("Etc/GMT-" + std::to_string(zone));
       Session session(ZVObserver(kParis), local, noon.dateByAddingTimeInterval(-86340));
       EXPECT_EQ(session->moonEvents()[2].phase, phase.phase);

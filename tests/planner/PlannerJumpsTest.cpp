@@ -19,7 +19,7 @@ struct Phase {
 const std::vector<Phase>& phases() {
   static const std::vector<Phase> list = [] {
     std::vector<Phase> found;
-    PtDateTime start = startOfMonth(1975, 1);
+    PtDateTime start = startOfMonth(1975, 1, cachedCalendar());
     while (start.year < 2076) {
       const auto next = phasesFromDate(start).front();
       found.push_back({next.phase, dateWithPtDateTime(next.date)});
@@ -41,7 +41,8 @@ Date previousPhase(Date date) {
 /// The new Moon after a moment, or before it, that falls on another local day.
 Date newMoon(Date date, bool after) {
   const auto fits = [&](const Phase& p) {
-    return p.phase == kNewMoon && (p.date > date) == after && !isDateSameDayAsDate(p.date, date);
+    return p.phase == kNewMoon && (p.date > date) == after &&
+           !isDateSameDayAsDate(p.date, date, cachedCalendar());
   };
   return after ? std::ranges::find_if(phases(), fits)->date
                : std::find_if(phases().rbegin(), phases().rend(), fits)->date;
@@ -72,10 +73,10 @@ TEST_F(PlannerJumps, LandOnTheNeighbouringPhase) {
 
       // At 35 degrees north every day has its dusk.
       const Date next = jump(&PlannerManager::jumpToNextNewMoonAtTheEndOfAstronomicalTwilight);
-      EXPECT_TRUE(isDateSameDayAsDate(next, newMoon(start, true))) << text;
+      EXPECT_TRUE(isDateSameDayAsDate(next, newMoon(start, true), cachedCalendar())) << text;
       EXPECT_NEAR(session->getSunPosition().elevation_, -18, 0.2) << text;
       const Date last = jump(&PlannerManager::jumpToPreviousNewMoonAtTheEndOfAstronomicalTwilight);
-      EXPECT_TRUE(isDateSameDayAsDate(last, newMoon(start, false))) << text;
+      EXPECT_TRUE(isDateSameDayAsDate(last, newMoon(start, false), cachedCalendar())) << text;
     }
   }
 }
@@ -85,9 +86,11 @@ TEST_F(PlannerJumps, OverAMonthWithoutNewMoon) {
   for (const int hour : {7, 9}) {
     Session session(ZVObserver(Coordinate{35, 20}), TimeZone(), dateIn("GMT", 2014, 3, 1, hour));
     session->jumpToPreviousNewMoonAtTheEndOfAstronomicalTwilight();
-    EXPECT_TRUE(isDateSameDayAsDate(session->currentDate(), dateIn("GMT", 2014, 1, 30)));
+    EXPECT_TRUE(
+        isDateSameDayAsDate(session->currentDate(), dateIn("GMT", 2014, 1, 30), cachedCalendar()));
     session->jumpToNextNewMoonAtTheEndOfAstronomicalTwilight();
-    EXPECT_TRUE(isDateSameDayAsDate(session->currentDate(), dateIn("GMT", 2014, 3, 1)));
+    EXPECT_TRUE(
+        isDateSameDayAsDate(session->currentDate(), dateIn("GMT", 2014, 3, 1), cachedCalendar()));
   }
 }
 

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "planner/PlainDay.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo::testing {
 namespace {
@@ -54,6 +55,17 @@ TEST_F(TimeIntervalEventSorterTest, ASecondDuskIsListedAsWell) {
   sorter.sortEventIntervalsSunEvents(suns, moons);
   EXPECT_EQ(types().front(), astronomicalTwilightEnd);
   EXPECT_EQ(types().back(), astronomicalTwilightEnd);
+}
+
+TEST_F(TimeIntervalEventSorterTest, AnEventKeepsTheMomentThatItsMinuteStandsFor) {
+  suns[1].setMjdSet(at(18, 0.3));
+  moons[1].setMjdSet(at(18, -0.3));
+  sorter.sortEventIntervalsSunEvents(suns, moons);
+  const auto evening =
+      sorter.searchEventAtInterval(mjdToTimeInterval(at(18)), NearestEvent::after, 0);
+  ASSERT_THAT(typesOf(evening), ElementsAre(sunSet, moonSet));
+  EXPECT_EQ(evening[0].mjd, at(18, 0.3));
+  EXPECT_EQ(evening[1].mjd, at(18, -0.3));
 }
 
 TEST_F(TimeIntervalEventSorterTest, NearestEventThatTheMapShows) {

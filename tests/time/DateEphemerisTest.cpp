@@ -41,36 +41,38 @@ TEST_F(DateEphemeris, MjdOfADateComesBackWithinASecond) {
 TEST_F(DateEphemeris, LocalDaysFollowTheObserversZone) {
   const Date date = utc(2026, 6, 30, 22, 30, 15);
   setCachedCalendarTimeZone(zoneNamed("Europe/Paris"));
-  EXPECT_EQ(dateWithStartDateTime(date), utc(2026, 6, 30, 22));
-  EXPECT_EQ(dateWithNoonDateTime(date), utc(2026, 7, 1, 10));
-  EXPECT_EQ(dateWithEndDateTime(date), utc(2026, 7, 1, 21, 59, 59));
-  EXPECT_EQ(monthValue(date), 7);
-  EXPECT_EQ(hourValue(date), 0);
-  EXPECT_TRUE(isDateSameDayAsDate(date, utc(2026, 7, 1, 12)));
+  EXPECT_EQ(dateWithStartDateTime(date, cachedCalendar()), utc(2026, 6, 30, 22));
+  EXPECT_EQ(dateWithNoonDateTime(date, cachedCalendar()), utc(2026, 7, 1, 10));
+  EXPECT_EQ(dateWithEndDateTime(date, cachedCalendar()), utc(2026, 7, 1, 21, 59, 59));
+  EXPECT_EQ(monthValue(date, cachedCalendar()), 7);
+  EXPECT_EQ(hourValue(date, cachedCalendar()), 0);
+  EXPECT_TRUE(isDateSameDayAsDate(date, utc(2026, 7, 1, 12), cachedCalendar()));
   setCachedCalendarTimeZone(zoneNamed("America/New_York"));
-  EXPECT_EQ(monthValue(date), 6);
-  EXPECT_FALSE(isDateSameDayAsDate(date, utc(2026, 7, 1, 12)));
-  EXPECT_EQ(firstDayOfYear(2026), utc(2026, 1, 1, 5));
-  EXPECT_EQ(yearValue(firstDayOfYear(1)), 1);
+  EXPECT_EQ(monthValue(date, cachedCalendar()), 6);
+  EXPECT_FALSE(isDateSameDayAsDate(date, utc(2026, 7, 1, 12), cachedCalendar()));
+  EXPECT_EQ(firstDayOfYear(2026, cachedCalendar()), utc(2026, 1, 1, 5));
+  EXPECT_EQ(yearValue(firstDayOfYear(1, cachedCalendar()), cachedCalendar()), 1);
 }
 
 TEST_F(DateEphemeris, AClockChangeKeepsTheWallClock) {
   setCachedCalendarTimeZone(zoneNamed("Europe/Paris"));
-  const Date midnight = dateWithStartDateTime(utc(2026, 3, 29, 12));
-  const Date next = dateByAddingNumberOfDays(midnight, 1);
+  const Date midnight = dateWithStartDateTime(utc(2026, 3, 29, 12), cachedCalendar());
+  const Date next = dateByAddingNumberOfDays(midnight, 1, cachedCalendar());
   EXPECT_EQ(next.timeIntervalSinceDate(midnight), 23.0 * 3600.0);
-  EXPECT_EQ(dateByAddingNumberOfDays(next, -1), midnight);
+  EXPECT_EQ(dateByAddingNumberOfDays(next, -1, cachedCalendar()), midnight);
   // 01:40 is followed by 03:00 on the clock.
-  EXPECT_EQ(nextMainHour(utc(2026, 3, 29, 0, 40)), utc(2026, 3, 29, 1));
+  EXPECT_EQ(nextMainHour(utc(2026, 3, 29, 0, 40), cachedCalendar()), utc(2026, 3, 29, 1));
 }
 
 TEST_F(DateEphemeris, MainHours) {
   setCachedCalendarTimeZone(zoneNamed("Asia/Kolkata"));
-  EXPECT_EQ(nextMainHour(utc(2026, 1, 1, 18, 12, 5)), utc(2026, 1, 1, 18, 30));  // over midnight
-  EXPECT_EQ(previousMainHour(utc(2026, 1, 1, 18, 12, 5)), utc(2026, 1, 1, 17, 30, 5));
-  EXPECT_EQ(timeAsFractionOfDay(utc(2026, 1, 1, 6, 30)), 0.5);
+  EXPECT_EQ(nextMainHour(utc(2026, 1, 1, 18, 12, 5), cachedCalendar()),
+            utc(2026, 1, 1, 18, 30));  // over midnight
+  EXPECT_EQ(previousMainHour(utc(2026, 1, 1, 18, 12, 5), cachedCalendar()),
+            utc(2026, 1, 1, 17, 30, 5));
+  EXPECT_EQ(timeAsFractionOfDay(utc(2026, 1, 1, 6, 30), cachedCalendar()), 0.5);
   // 13:18 in Kolkata; its reader divides the minutes by 24.
-  EXPECT_EQ(floatHour(utc(2026, 1, 1, 7, 48)), 13.75F);
+  EXPECT_EQ(floatHour(utc(2026, 1, 1, 7, 48), cachedCalendar()), 13.75F);
 }
 
 TEST_F(DateEphemeris, WeekdayAndMonthAreTheDevices) {
@@ -111,13 +113,15 @@ TEST_F(DateEphemeris, HoursBetweenEvents) {
   setCachedCalendarTimeZone(zoneNamed("Europe/Paris"));
   const double evening = getMjd({2026, 6, 30, 21, 59});  // 23:59 on the clock
   for (const double end : {evening, kNotThisDay, kAlwaysAbove, kAlwaysBelow}) {
-    EXPECT_EQ(hoursBetweenStartMjd(kAlwaysAbove, end), 24.0F);
-    EXPECT_EQ(hoursBetweenStartMjd(kAlwaysBelow, end), 0.0F);
-    EXPECT_EQ(hoursBetweenStartMjd(kNotThisDay, end), 0.0F);
+    EXPECT_EQ(hoursBetweenStartMjd(kAlwaysAbove, end, cachedCalendar()), 24.0F);
+    EXPECT_EQ(hoursBetweenStartMjd(kAlwaysBelow, end, cachedCalendar()), 0.0F);
+    EXPECT_EQ(hoursBetweenStartMjd(kNotThisDay, end, cachedCalendar()), 0.0F);
   }
-  EXPECT_FLOAT_EQ(hoursBetweenStartMjd(evening - 0.25, evening), 6.0F);
-  EXPECT_NEAR(hoursBetweenStartMjd(evening - 0.25, kNotThisDay), 6.0 + 59.0 / 3600.0, 1e-4);
-  EXPECT_NEAR(hoursBetweenStartMjd(evening + 40.0 / 86400.0, kAlwaysAbove), 19.0 / 3600.0, 1e-4);
+  EXPECT_FLOAT_EQ(hoursBetweenStartMjd(evening - 0.25, evening, cachedCalendar()), 6.0F);
+  EXPECT_NEAR(hoursBetweenStartMjd(evening - 0.25, kNotThisDay, cachedCalendar()),
+              6.0 + 59.0 / 3600.0, 1e-4);
+  EXPECT_NEAR(hoursBetweenStartMjd(evening + 40.0 / 86400.0, kAlwaysAbove, cachedCalendar()),
+              19.0 / 3600.0, 1e-4);
 }
 
 // The planner sets the zone while searches in other threads read the calendar.
@@ -131,7 +135,7 @@ TEST_F(DateEphemeris, TheZoneMayChangeWhileOthersRead) {
   for (int i = 0; i < 3; ++i) {
     readers.emplace_back([&] {
       while (!done) {
-        const Date start = dateWithStartDateTime(date);
+        const Date start = dateWithStartDateTime(date, cachedCalendar());
         if (start != paris && start != tokyo) ++wrong;
         if (cachedCalendar().timeZone().name().empty()) ++wrong;
       }

@@ -86,7 +86,7 @@ CalculatorAnswer answerOf(const DofCalculator& calculator, CalculatorSession& se
 class DofCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
   void edit(DofCalculator& calculator, CalculatorSession& session,
@@ -129,7 +129,7 @@ void DofCommand::addTo(CLI::App& program) {
       "  zenivo dof --print-width 60cm --print-height 40cm --viewing-distance 1m");
 }
 
-std::string DofCommand::run(const Terminal& terminal) {
+std::string DofCommand::run(const Terminal& terminal, const GoOn&) {
   if (table_.isChosen()) {
     expectNoOptions(*app_, "dof table");
     return table_.run(terminal);

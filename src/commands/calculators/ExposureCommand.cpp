@@ -137,7 +137,7 @@ void addResults(CalculatorAnswer& answer, const ExposureCalculator& calculator) 
 class ExposureCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
   bool isLightGiven() const { return lightOption_->count() > 0; }
@@ -191,7 +191,7 @@ void ExposureCommand::addTo(CLI::App& program) {
       "  zenivo exposure --light \"full moon\" --aperture f/11 --json");
 }
 
-std::string ExposureCommand::run(const Terminal& terminal) {
+std::string ExposureCommand::run(const Terminal& terminal, const GoOn&) {
   if (values_.isChosen()) {
     expectNoOptions(*app_, "exposure values");
     return values_.run(terminal);

@@ -87,7 +87,7 @@ CalculatorAnswer answerOf(const FovCalculator& calculator, CalculatorSession& se
 class FovCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
   void edit(FovCalculator& calculator, CalculatorSession& session,
@@ -126,7 +126,7 @@ void FovCommand::addTo(CLI::App& program) {
       "  zenivo fov --width 7m --focal 85mm --solve distance");
 }
 
-std::string FovCommand::run(const Terminal& terminal) {
+std::string FovCommand::run(const Terminal& terminal, const GoOn&) {
   if (distanceCommand_.isChosen()) {
     expectNoOptions(*app_, "fov distance");
     return distanceCommand_.run(terminal);

@@ -27,7 +27,7 @@ using Places = std::vector<std::size_t>;
 class HyperfocalCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
   Places chosenRows(const std::vector<float>& focalLengths) const;
@@ -107,7 +107,7 @@ std::string textOf(HyperfocalTable& table, const Places& rows, const Places& col
   return text.text(terminal);
 }
 
-std::string HyperfocalCommand::run(const Terminal& terminal) {
+std::string HyperfocalCommand::run(const Terminal& terminal, const GoOn&) {
   CalculatorSession session;
   options_.applyTo(session);
   const AbstractCamera camera = camera_.applyTo(session);

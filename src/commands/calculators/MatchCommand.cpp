@@ -48,7 +48,7 @@ CalculatorAnswer answerOf(const EquivalentFocalLengthCalculator& calculator,
 class MatchCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
   CameraOption camera_;
@@ -75,7 +75,7 @@ void MatchCommand::addTo(CLI::App& program) {
       "  zenivo match --camera \"Canon EOS R\" --to \"Film 6x7\" --focal 35mm --json");
 }
 
-std::string MatchCommand::run(const Terminal& terminal) {
+std::string MatchCommand::run(const Terminal& terminal, const GoOn&) {
   CalculatorSession session;
   options_.applyTo(session);
   const AbstractCamera camera = camera_.applyTo(session);

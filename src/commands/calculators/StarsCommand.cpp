@@ -44,7 +44,7 @@ CalculatorAnswer answerOf(const SpotStarsCalculator& calculator, CalculatorSessi
 class StarsCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
   void edit(SpotStarsCalculator& calculator, CalculatorSession& session,
@@ -77,7 +77,7 @@ void StarsCommand::addTo(CLI::App& program) {
       "  zenivo stars --camera \"Nikon D850\" --focal 14mm --declination -29 --accuracy accurate");
 }
 
-std::string StarsCommand::run(const Terminal& terminal) {
+std::string StarsCommand::run(const Terminal& terminal, const GoOn&) {
   CalculatorSession session;
   options_.applyTo(session);
   const AbstractCamera camera = camera_.applyTo(session);

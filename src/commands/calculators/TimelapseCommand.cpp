@@ -53,7 +53,7 @@ CalculatorAnswer answerOf(const TimelapseCalculator& calculator, UnitSystem unit
 class TimelapseCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
   bool isEventGiven() const { return eventOption_->count() > 0; }
@@ -102,7 +102,7 @@ void TimelapseCommand::addTo(CLI::App& program) {
       "  zenivo timelapse --event \"milky way\"");
 }
 
-std::string TimelapseCommand::run(const Terminal& terminal) {
+std::string TimelapseCommand::run(const Terminal& terminal, const GoOn&) {
   if (intervals_.isChosen()) {
     expectNoOptions(*app_, "timelapse intervals");
     return intervals_.run(terminal);

@@ -18,7 +18,6 @@
 #include "commands/calculators/CountdownDisplay.h"
 #include "commands/calculators/TerminalNotifications.h"
 #include "commands/calculators/TimerStatus.h"
-#include "commands/common/Interruption.h"
 #include "commands/common/Table.h"
 #include "foundation/Log.h"
 #include "foundation/MainQueue.h"
@@ -92,13 +91,13 @@ void catchUpWithClock(ExposureTimer& timer) {
 class TimerCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn& goOn) override;
 
  private:
   bool isTimeGiven() const { return durationOption_->count() > 0 || !calculator_.empty(); }
   CountdownTime timeGiven() const;
-  std::string start(const Terminal& terminal) const;
-  std::string count(ExposureTimer& timer, CountdownDisplay& display) const;
+  std::string start(const Terminal& terminal, const GoOn& goOn) const;
+  std::string count(ExposureTimer& timer, CountdownDisplay& display, const GoOn& goOn) const;
   std::string answer(const TimerStatus& status) const {
     return wantsJson_ ? timerJson(status).dump(2) + "\n" : timerText(status);
   }
@@ -142,9 +141,9 @@ void TimerCommand::addTo(CLI::App& program) {
       "  zenivo timer reset");
 }
 
-std::string TimerCommand::run(const Terminal& terminal) {
+std::string TimerCommand::run(const Terminal& terminal, const GoOn& goOn) {
   setLogThreshold(LogLevel::none);  // failures are thrown with what the log would say
-  if (!status_->parsed() && !reset_->parsed()) return start(terminal);
+  if (!status_->parsed() && !reset_->parsed()) return start(terminal, goOn);
   if (isTimeGiven()) throw InputError("a time is counted without status and reset; leave one out");
   if (status_->parsed()) return answer(keptTimerStatus());
   MainQueueTicks ticks;
@@ -169,7 +168,7 @@ CountdownTime TimerCommand::timeGiven() const {
   return time;
 }
 
-std::string TimerCommand::start(const Terminal& terminal) const {
+std::string TimerCommand::start(const Terminal& terminal, const GoOn& goOn) const {
   const TimerStatus before = keptTimerStatus();
   const CountdownTime time = isTimeGiven() ? timeGiven() : CountdownTime();
   if (!isTimeGiven() && before.seconds == 0) {
@@ -192,16 +191,17 @@ std::string TimerCommand::start(const Terminal& terminal) const {
   } else if (isTimeGiven()) {
     timer.setTimeWithExposureTime(static_cast<float>(time.seconds));
   }
-  return count(timer, display);
+  return count(timer, display, goOn);
 }
 
-std::string TimerCommand::count(ExposureTimer& timer, CountdownDisplay& display) const {
+std::string TimerCommand::count(ExposureTimer& timer, CountdownDisplay& display,
+                                const GoOn& goOn) const {
   UserDefaults& defaults = zenivoUserDefaults();
-  const Interruption interruption;
+  bool isWanted = goOn(0);  // before the start, so that what stops it later can pause it
   if (!timer.isTimerRunning()) timer.doStartTimer();
   expectKept(defaults);
   std::int64_t shown = -1;
-  while (timer.isTimerRunning() && !interruption.hasCome()) {
+  while (timer.isTimerRunning() && isWanted) {
     if (timer.secondsLeft() != shown) {
       if (isChangedElsewhere(timer, defaults)) return answer(keptTimerStatus());
       shown = timer.secondsLeft();
@@ -209,6 +209,7 @@ std::string TimerCommand::count(ExposureTimer& timer, CountdownDisplay& display)
     }
     mainQueue().runFor(kBetweenLooks);
     catchUpWithClock(timer);
+    isWanted = goOn(0);
   }
   if (timer.isTimerRunning() && timer.secondsLeft() > 0) {
     timer.doStartTimer();

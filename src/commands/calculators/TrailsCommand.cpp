@@ -14,7 +14,7 @@ namespace {
 class TrailsCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
   TypedOption time_{"--time", "30min"};
@@ -39,7 +39,7 @@ void TrailsCommand::addTo(CLI::App& program) {
       "  zenivo trails --angle 30 --hemisphere south --json");
 }
 
-std::string TrailsCommand::run(const Terminal& terminal) {
+std::string TrailsCommand::run(const Terminal& terminal, const GoOn&) {
   CalculatorSession session;
   options_.applyTo(session);
   StarTrailCalculator calculator(session.settings());

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "commands/common/Terminal.h"
+#include "foundation/Progress.h"
 
 namespace zenivo::cli {
 
@@ -39,9 +40,10 @@ class Command {
   /// object, which must outlive the program.
   virtual void addTo(CLI::App& program) = 0;
 
-  /// The answer, ready to be printed.  Throws InputError for bad input, and
+  /// The answer, ready to be printed.  Long work asks goOn, from the main thread and often
+  /// enough that who stops it need not wait.  Throws InputError for bad input, and
   /// Interrupted.
-  virtual std::string run(const Terminal& terminal) = 0;
+  virtual std::string run(const Terminal& terminal, const GoOn& goOn) = 0;
 };
 
 }  // namespace zenivo::cli

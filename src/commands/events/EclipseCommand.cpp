@@ -86,7 +86,7 @@ class EclipseCommand : public Command {
         "  zenivo eclipse LE2025Mar14T --at Paris --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     if (moment_.isGiven() && eclipse_ != kNext) {
       throw InputError("--time and --date are of next; an eclipse was named");
     }

@@ -79,7 +79,7 @@ class EclipsesCommand : public Command {
         "  zenivo eclipses --from 2026-01-01 --to 2030-12-31 --kind solar --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     EclipseList list;
     if (scene_.hasPlace()) list.scene = scene_.resolve();
     list.zone = list.scene ? list.scene->zone : scene_.resolveZone();

@@ -155,11 +155,11 @@ class FindCommand : public Command {
         "--all-passages");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn& goOn) override {
     const Scene scene = scene_.resolve();
     setCachedCalendarTimeZone(scene.zone);
     const FindRequest request = requestFor(scene);
-    const FindOutcome found = findDirection(request);
+    const FindOutcome found = findDirection(request, goOn);
     std::string answer = scene_.wantsJson() ? findJson(scene, request, found).dump(2) + "\n"
                                             : findText(scene, request, found, terminal);
     if (!found.isComplete) throw Interrupted(std::move(answer));

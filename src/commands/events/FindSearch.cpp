@@ -3,20 +3,12 @@
 #include <memory>
 #include <utility>
 
-#include "commands/common/Interruption.h"
-#include "commands/common/ProgressLine.h"
 #include "find/PassageSearch.h"
 #include "foundation/MainQueue.h"
 #include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {
-
-struct SearchProgress : FindResultsListDelegate {
-  void didUpdateProgress(double progress) override { line.show(progress); }
-
-  ProgressLine line;
-};
 
 std::shared_ptr<FindOperation> operationFor(const FindRequest& request) {
   const auto make = [&]<class Operation>(std::type_identity<Operation>) {
@@ -32,27 +24,21 @@ std::shared_ptr<FindOperation> operationFor(const FindRequest& request) {
 }
 
 /// Fills the list; false when interrupted.
-bool searchDays(FindResultsList& list) {
-  const Interruption interruption;
-  const auto delegate = std::make_shared<SearchProgress>();
-  list.setDelegate(delegate);
+bool searchDays(FindResultsList& list, const GoOn& goOn) {
   list.appear();
-  mainQueue().runUntil([&] { return !list.isSearching() || interruption.hasCome(); });
+  mainQueue().runUntil([&] { return !list.isSearching() || !goOn(list.progress()); });
   const bool isComplete = !list.isSearching();
   list.cancelPendingOperations();
   return isComplete;
 }
 
-bool searchPassages(const FindRequest& request, FindResultsList& list) {
-  const Interruption interruption;
-  ProgressLine line;
+bool searchPassages(const FindRequest& request, FindResultsList& list, const GoOn& goOn) {
   PassageSearch search(request.body, request.observer.getPtPosition(), request.azimuth);
   FindResultsList::Results results;
   const double start = modifiedJulianDay(request.period.start);
   const double end = modifiedJulianDay(request.period.end);
   double day = start;
-  for (; day < end && !interruption.hasCome(); day += 1) {
-    line.show((day - start) / (end - start));
+  for (; day < end && goOn((day - start) / (end - start)); day += 1) {
     for (const auto& result : search.onDay(day)) {
       // The last 24 hours reach beyond the period when clocks have gone forward.
       if (result.date <= request.period.end) results.push_back(result);
@@ -64,10 +50,11 @@ bool searchPassages(const FindRequest& request, FindResultsList& list) {
 
 }  // namespace
 
-FindOutcome findDirection(const FindRequest& request) {
+FindOutcome findDirection(const FindRequest& request, const GoOn& goOn) {
   FindResultsList list(request.kind(), request.body, [&] { return operationFor(request); });
   FindOutcome outcome;
-  outcome.isComplete = request.allPassages ? searchPassages(request, list) : searchDays(list);
+  outcome.isComplete =
+      request.allPassages ? searchPassages(request, list, goOn) : searchDays(list, goOn);
   outcome.results = list.results();
   outcome.rows = list.rows();
   for (auto* results : {&outcome.results, &outcome.rows}) {

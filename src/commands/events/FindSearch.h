@@ -7,6 +7,7 @@
 
 #include "find/DateRange.h"
 #include "find/FindResultsList.h"
+#include "foundation/Progress.h"
 
 namespace zenivo::cli {
 
@@ -39,8 +40,7 @@ struct FindOutcome {
   bool isComplete = true;                   ///< false: interrupted
 };
 
-/// Searches with the cached calendar, on the main thread and a worker; shows progress on a
-/// terminal, and stops at SIGINT with what was found.
-FindOutcome findDirection(const FindRequest& request);
+/// Searches with the cached calendar, on the main thread and a worker.
+FindOutcome findDirection(const FindRequest& request, const GoOn& goOn);
 
 }  // namespace zenivo::cli

@@ -4,8 +4,6 @@
 #include <stdexcept>
 
 #include "answers/common/Session.h"
-#include "commands/common/Interruption.h"
-#include "commands/common/ProgressLine.h"
 #include "commands/events/ShowerFinder.h"
 #include "foundation/MainQueue.h"
 #include "time/DateEphemeris.h"
@@ -33,7 +31,8 @@ std::int64_t idOfShower(std::string_view name) {
 /// The day in whose evening the night begins.
 Date eveningOf(const MeteorShowerManager& manager) {
   const bool isLastNight = manager.currentMjdDate() < manager.meteorMjdPeakThreshold();
-  return isLastNight ? dateByAddingNumberOfDays(manager.currentDate(), -1) : manager.currentDate();
+  return isLastNight ? dateByAddingNumberOfDays(manager.currentDate(), -1, cachedCalendar())
+                     : manager.currentDate();
 }
 
 ListedShower listed(const MeteorShower& shower, const MeteorShowerActivityPeriod& period,
@@ -76,23 +75,22 @@ ShowerDay dayWithBest(const MeteorDayInfoData& info) {
 struct PeakProgress : MeteorShowerManagerDelegate {
   explicit PeakProgress(std::size_t showers) : total(static_cast<double>(showers)) {}
 
-  void didUpdateShowersPeaks() override { line.show(++done / total); }
+  void didUpdateShowersPeaks() override { ++done; }
   void didFinishShowersPeaks() override { isFinished = true; }
 
-  ProgressLine line;
   const double total;
   double done = 0;
   bool isFinished = false;
 };
 
 /// False when interrupted.
-bool computePeaksOfYear(MeteorShowerManager& manager, std::int64_t year) {
-  const Interruption interruption;
+bool computePeaksOfYear(MeteorShowerManager& manager, std::int64_t year, const GoOn& goOn) {
   const auto delegate = std::make_shared<PeakProgress>(manager.meteorShowers().showers().size());
   manager.setDelegate(delegate);
   manager.calculateMeteorShowerActivitesForYear(year, true);
   if (!manager.location()) return true;  // nothing to be computed
-  mainQueue().runUntil([&] { return delegate->isFinished || interruption.hasCome(); });
+  mainQueue().runUntil(
+      [&] { return delegate->isFinished || !goOn(delegate->done / delegate->total); });
   return delegate->isFinished;
 }
 
@@ -143,11 +141,12 @@ ShowerReport reportShower(const MeteorQuestion& question, std::string_view name)
   return report;
 }
 
-ShowerCalendarReport reportShowerCalendar(const MeteorQuestion& question, std::int64_t year) {
+ShowerCalendarReport reportShowerCalendar(const MeteorQuestion& question, std::int64_t year,
+                                          const GoOn& goOn) {
   MeteorShowerManager manager(dataFor(question), true, nullptr);
   ShowerCalendarReport report{.question = question, .year = year};
   expectRead(manager.meteorShowers());
-  report.isComplete = computePeaksOfYear(manager, year);
+  report.isComplete = computePeaksOfYear(manager, year, goOn);
   for (const int showerClass : {kMajorShower, kMinorShower, kVariableShower, kWeakShower}) {
     const auto first = static_cast<std::ptrdiff_t>(report.showers.size());
     for (const auto& shower : manager.meteorShowers().showersOfClass(showerClass)) {

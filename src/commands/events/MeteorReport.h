@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "commands/common/SceneOptions.h"
+#include "foundation/Progress.h"
 #include "meteors/MeteorNight.h"
 #include "meteors/MeteorShowerManager.h"
 
@@ -80,8 +81,8 @@ struct ShowerCalendarReport {
 
 ActiveShowersReport reportActiveShowers(const MeteorQuestion& question);
 ShowerReport reportShower(const MeteorQuestion& question, std::string_view name);
-/// Shows progress on a terminal, and stops at SIGINT with what it has.
-ShowerCalendarReport reportShowerCalendar(const MeteorQuestion& question, std::int64_t year);
+ShowerCalendarReport reportShowerCalendar(const MeteorQuestion& question, std::int64_t year,
+                                          const GoOn& goOn);
 
 Json activeShowersJson(const ActiveShowersReport& report);
 Json showerJson(const ShowerReport& report);

@@ -41,7 +41,7 @@ class MeteorsCommand : public Command {
         "  zenivo meteors calendar --year 2027 --at Sydney --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn& goOn) override {
     const bool isCalendar = shower_ == kCalendar;
     if (isCalendar && moment_.isGiven()) {
       throw InputError("--time and --date are not of the calendar; give its --year");
@@ -55,7 +55,7 @@ class MeteorsCommand : public Command {
       return scene_.wantsJson() ? json(report).dump(2) + "\n" : text(report, terminal);
     };
     if (isCalendar) {
-      const auto report = reportShowerCalendar(question, yearOf(question));
+      const auto report = reportShowerCalendar(question, yearOf(question), goOn);
       std::string calendar = answer(report, showerCalendarJson, showerCalendarText);
       if (!report.isComplete) throw Interrupted(std::move(calendar));
       return calendar;

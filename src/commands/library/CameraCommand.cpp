@@ -18,7 +18,7 @@ namespace {
 class CameraCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
   std::string show(CalculatorSession& session, const Terminal& terminal) const;
@@ -96,7 +96,7 @@ void CameraCommand::addTo(CLI::App& program) {
   options_.addTo(*edit_);
 }
 
-std::string CameraCommand::run(const Terminal& terminal) {
+std::string CameraCommand::run(const Terminal& terminal, const GoOn&) {
   CalculatorSession session;
   if (show_->parsed()) return show(session, terminal);
   if (add_->parsed()) return add(session, terminal);

@@ -37,7 +37,7 @@ class CamerasCommand : public Command {
         "  zenivo cameras \"canon r6\" --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     CalculatorSession session;
     const auto cameras = camerasFor(text_, session.cameras());
     const auto chosen = AbstractCamera::currentCamera(session.settings(), session.cameras());

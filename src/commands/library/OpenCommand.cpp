@@ -55,7 +55,7 @@ class OpenCommand : public Command {
         "  zenivo open zenivo://planner --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     const Url url = urlFrom(text_);
     if (url.isFileURL()) expectFile(url);
     setLogThreshold(LogLevel::none);  // the messages say all that the log would

@@ -125,7 +125,7 @@ class PoisCommand : public Command {
         "  zenivo pois --near Reykjavik waterfall --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     std::optional<Location> near;
     if (!near_.empty()) near = placeFrom(near_);
     const std::vector<Interest> interests = find(near);

@@ -97,7 +97,7 @@ Json settingJson(const Settings& settings, std::string_view key) {
 class SettingsCommand : public Command {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal) override;
+  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
   std::string list(const Settings& settings, const Terminal& terminal) const;
@@ -148,7 +148,7 @@ void SettingsCommand::addTo(CLI::App& program) {
   }
 }
 
-std::string SettingsCommand::run(const Terminal& terminal) {
+std::string SettingsCommand::run(const Terminal& terminal, const GoOn&) {
   Settings settings;
   if (list_->parsed()) return list(settings, terminal);
   if (get_->parsed()) return get(settings);

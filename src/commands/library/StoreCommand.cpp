@@ -128,7 +128,7 @@ class StoreCommand : public Command {
     }
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     Stores stores;
     if (check_->parsed()) return check(stores);
     if (dedupe_->parsed()) return dedupe(stores, terminal);

@@ -11,7 +11,7 @@ namespace {
 
 double noonOf(const SunEvent& day) {
   const Date midnight = Date::withTimeIntervalSinceReferenceDate(day.date);
-  return modifiedJulianDay(dateWithNoonDateTime(midnight));
+  return modifiedJulianDay(dateWithNoonDateTime(midnight, cachedCalendar()));
 }
 
 bool isDarkAllDay(const SunEvent& day) {

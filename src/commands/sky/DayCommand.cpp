@@ -26,7 +26,7 @@ class DayCommand : public Command {
         "  zenivo day --at \"33°51'25\\\"S 151°12'55\\\"E\" --date 2026-12-31 --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
     const DayReport day = computeDay(scene, moment_.resolve(scene.zone));
     if (scene_.wantsJson()) return dayJson(day).dump(2) + "\n";

@@ -132,7 +132,7 @@ class MonthCommand : public Command {
         "  zenivo month --at -45.03,168.66 --date 2026-06 --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
     DateComponents first;
     if (date_.empty()) {

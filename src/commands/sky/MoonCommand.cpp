@@ -76,13 +76,12 @@ class MoonCommand : public Command {
         "  zenivo moon --at \"Portland, US\" --year 2027 --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
     const std::int64_t wanted = year_.empty()
                                     ? Calendar(scene.zone).componentsFromDate(Date::now()).year
                                     : parseYear(year_);
-    setCachedCalendarTimeZone(scene.zone);
-    const MoonDistancesYear year(observerOf(scene.location), wanted);
+    const MoonDistancesYear year(observerOf(scene.location), wanted, Calendar(scene.zone));
     return scene_.wantsJson() ? moonJson(scene, year).dump(2) + "\n"
                               : moonText(scene, year, terminal);
   }

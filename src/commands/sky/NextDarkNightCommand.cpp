@@ -57,10 +57,11 @@ std::optional<FoundNight> findNight(const Scene& scene, Date moment, const Wish&
   const double mjd = modifiedJulianDay(moment);
   if (const auto night = nightEndingOnDay(planner)) {
     const auto rest = remainder(*night, mjd);
-    if (rest && wish.isMetBy(*rest)) return FoundNight{dateByAddingNumberOfDays(moment, -1), *rest};
+    if (rest && wish.isMetBy(*rest))
+      return FoundNight{dateByAddingNumberOfDays(moment, -1, cachedCalendar()), *rest};
   }
   for (int days = 0; days < kMostDays; ++days) {
-    planner.setCurrentDate(dateByAddingNumberOfDays(moment, days));
+    planner.setCurrentDate(dateByAddingNumberOfDays(moment, days, cachedCalendar()));
     const auto night = nightBeginningOnDay(planner);
     const auto rest = night ? remainder(*night, mjd) : std::nullopt;
     if (rest && wish.isMetBy(*rest)) return FoundNight{planner.currentDate(), *rest};
@@ -120,7 +121,7 @@ class NextDarkNightCommand : public Command {
         "  zenivo next-dark-night --at 28.76,-17.88,2396 --date 2026-08-01 --hours 5 --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     if (hours_ && !(*hours_ > 0 && *hours_ <= 24)) {
       throw InputError("--hours must be more than 0 and at most 24");
     }

@@ -39,10 +39,11 @@ std::optional<Visibility> findVisibility(const Location& location, Date moment) 
   // The search begins with the day after the one it is given; first the night that
   // concerns the moment, which may have had its time already.
   for (const int days : {-1, 0}) {
-    const auto date =
-        nextDateGalacticCenterIsVisible(milkyWay, sun, dateByAddingNumberOfDays(moment, days));
+    const auto date = nextDateGalacticCenterIsVisible(
+        milkyWay, sun, dateByAddingNumberOfDays(moment, days, cachedCalendar()), cachedCalendar());
     if (!date) return std::nullopt;
-    const MilkyWayEvent event = calculateGalacticCenterVisibility(milkyWay, sun, *date);
+    const MilkyWayEvent event =
+        calculateGalacticCenterVisibility(milkyWay, sun, *date, cachedCalendar());
     if (event.mjdVisibilityTo <= modifiedJulianDay(moment)) continue;
     return Visibility{limit(event.mjdVisibilityFrom), limit(event.mjdVisibilityTo)};
   }
@@ -95,7 +96,7 @@ class NextMilkyWayCommand : public Command {
         "  zenivo next-milky-way --at -24.6272,-70.4042,2635 --date 2026-01-10 --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
     const Date moment = moment_.resolve(scene.zone);
     setCachedCalendarTimeZone(scene.zone);

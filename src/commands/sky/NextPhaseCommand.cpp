@@ -44,7 +44,7 @@ class NextPhaseCommand : public Command {
         "  zenivo next-phase --at -33.86,151.21 --phase new --previous --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
     const Date moment = moment_.resolve(scene.zone);
     setCachedCalendarTimeZone(scene.zone);

@@ -97,7 +97,7 @@ class PathCommand : public Command {
         "  zenivo path moon --at Tokyo --date 2026-01-03 --csv");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     if (wantsCsv_ && scene_.wantsJson()) throw InputError("--csv and --json exclude each other");
     const Scene scene = scene_.resolve();
     const Path path = computePath(scene, moment_.resolve(scene.zone), body_);

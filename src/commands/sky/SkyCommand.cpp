@@ -46,7 +46,7 @@ Sky computeSky(const Scene& scene, Date moment) {
   sky.moon = {planner.getMoonPosition(), planner.getMoonAngularDiameter(),
               planner.getMoonShadowRatio()};
   sky.phase = planner.getMoonPhase();
-  sky.moonAge = static_cast<double>(moonAgeAt(moment));
+  sky.moonAge = static_cast<double>(moonAgeAt(moment, cachedCalendar()));
   sky.milkyWay = planner.getMilkyWayPosition();
   return sky;
 }
@@ -139,7 +139,7 @@ class SkyCommand : public Command {
         "  zenivo sky --at \"63°59'N 19°4'W\" --time 2026-03-03T11:38Z --json");
   }
 
-  std::string run(const Terminal& terminal) override {
+  std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
     const Sky sky = computeSky(scene, moment_.resolve(scene.zone));
     return scene_.wantsJson() ? skyJson(sky).dump(2) + "\n" : skyText(sky, terminal);

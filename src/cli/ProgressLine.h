@@ -15,7 +15,7 @@ class ProgressLine {
   ProgressLine& operator=(const ProgressLine&) = delete;
   ~ProgressLine();
 
-  /// 0 to 1.
+  /// 0 to 1; below 1 % there is nothing to be shown yet.
   void show(double progress);
 
  private:
@@ -23,7 +23,7 @@ class ProgressLine {
 
   const bool isTerminal_;
   const Clock::time_point begin_ = Clock::now();
-  int percent_ = -1;  ///< shown now; -1 for nothing
+  int percent_ = 0;  ///< shown now, if more than 0
 };
 
 }  // namespace zenivo::cli

@@ -1,4 +1,4 @@
-#include "commands/common/Interruption.h"
+#include "cli/Interruption.h"
 
 namespace zenivo::cli {
 namespace {

@@ -1,4 +1,4 @@
-#include "commands/common/ProgressLine.h"
+#include "cli/ProgressLine.h"
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -16,7 +16,7 @@ constexpr const char* kWipe = "\r\x1b[K";
 ProgressLine::ProgressLine() : isTerminal_(::isatty(STDERR_FILENO) == 1) {}
 
 ProgressLine::~ProgressLine() {
-  if (percent_ >= 0) std::fputs(kWipe, stderr);
+  if (percent_ > 0) std::fputs(kWipe, stderr);
 }
 
 void ProgressLine::show(double progress) {
