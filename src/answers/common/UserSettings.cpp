@@ -18,11 +18,10 @@ PropertyList::Dictionary readFirstValues() {
 
 }  // namespace
 
-UserSettings::UserSettings() : first_(readFirstValues()) {
+UserSettings::UserSettings(UserDefaults& user) : user_(user), first_(readFirstValues()) {
   copy_.registerDefaults(first_);
   for (const std::string_view key : settings::kAllKeys) {
-    if (auto value = zenivoUserDefaults().objectForKey(key))
-      copy_.setObject(*std::move(value), key);
+    if (auto value = user_.objectForKey(key)) copy_.setObject(*std::move(value), key);
   }
 }
 
@@ -32,17 +31,16 @@ std::optional<PropertyList> UserSettings::firstValue(std::string_view key) const
 }
 
 void UserSettings::save() {
-  UserDefaults& user = zenivoUserDefaults();
   bool isChanged = false;
   for (const std::string_view key : settings::kAllKeys) {
     auto value = copy_.objectForKey(key);
     if (value == firstValue(key)) value.reset();
-    if (value == user.objectForKey(key)) continue;
-    user.setValue(std::move(value), key);
+    if (value == user_.objectForKey(key)) continue;
+    user_.setValue(std::move(value), key);
     isChanged = true;
   }
   Error error;
-  if (isChanged && !user.synchronize(&error)) throw std::runtime_error(error.description);
+  if (isChanged && !user_.synchronize(&error)) throw std::runtime_error(error.description);
 }
 
 }  // namespace zenivo
