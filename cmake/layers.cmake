@@ -5,11 +5,12 @@
 # not allowed here, and nothing allowed here that no file needs.
 
 # The packages: how their headers begin, and what to link.
-set(ZENIVO_PACKAGES boost cctz cli11 fmt icu json openssl pugixml sqlite)
+set(ZENIVO_PACKAGES boost cctz cli11 fmt geographiclib icu json openssl pugixml sqlite)
 set(ZENIVO_PACKAGE_boost   boost/       Boost::headers Threads::Threads)
 set(ZENIVO_PACKAGE_cctz    cctz/        Zenivo::cctz)
 set(ZENIVO_PACKAGE_cli11   CLI/         CLI11::CLI11)
 set(ZENIVO_PACKAGE_fmt     fmt/         fmt::fmt)
+set(ZENIVO_PACKAGE_geographiclib GeographicLib/ Zenivo::geographiclib)
 set(ZENIVO_PACKAGE_icu     unicode/     ICU::uc ICU::i18n)
 set(ZENIVO_PACKAGE_json    nlohmann/    nlohmann_json::nlohmann_json)
 set(ZENIVO_PACKAGE_openssl openssl/     OpenSSL::Crypto)
@@ -40,10 +41,12 @@ layer(data/stores USES foundation store/model store/file store/graph PACKAGES fm
 
 layer(engine USES foundation time PACKAGES fmt)
 
-layer(place USES foundation engine)
+layer(map/geodesy PACKAGES geographiclib)
+
+layer(place USES foundation engine map/geodesy)
 
 layer(map/layers)
-layer(map/lines USES engine place)
+layer(map/lines USES engine map/geodesy place)
 layer(ar/orientation USES foundation place)
 
 layer(eclipses USES foundation time app/settings store/graph data/stores engine place)
@@ -71,6 +74,7 @@ layer(answers/common
     data/cameras planner input
   PACKAGES cctz fmt json)
 
+layer(answers/events USES engine find answers/common)
 layer(answers/library
   USES foundation app/settings store/file data/stores place calculators/camera data/pois app/shell
     input answers/common
@@ -81,7 +85,7 @@ layer(commands/sky
   USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
 layer(commands/events
   USES foundation time data/stores engine eclipses meteors find input answers/common
-    commands/common
+    answers/events commands/common
   PACKAGES cli11 fmt)
 layer(commands/calculators
   USES foundation app/settings calculators/camera calculators/models calculators

@@ -1,4 +1,4 @@
-// A search for a direction, run to its end or until the user has enough.
+// A search for a direction over a period, on the thread that asks.
 
 #pragma once
 
@@ -6,10 +6,11 @@
 #include <string_view>
 
 #include "find/DateRange.h"
-#include "find/FindResultsList.h"
+#include "find/FindResults.h"
 #include "foundation/Progress.h"
+#include "place/ZVObserver.h"
 
-namespace zenivo::cli {
+namespace zenivo {
 
 /// An elevation with the tolerances of its search, degrees.
 struct ElevationWindow {
@@ -18,9 +19,9 @@ struct ElevationWindow {
   float elevationError = 0;
 };
 
+/// What is searched for, and how the results are to be sorted.
 struct FindRequest {
   FindBody body = FindBody::sun;
-  ZVObserver observer;
   DatePeriod period;
   float azimuth = 0;                         ///< degrees from true north
   std::optional<ElevationWindow> elevation;  ///< none: the azimuth alone
@@ -33,14 +34,15 @@ struct FindRequest {
   }
 };
 
-struct FindOutcome {
-  FindResultsList::Results results;         ///< everything, sorted
-  FindResultsList::Results rows;            ///< what a list of it shows, sorted
+struct FoundDirections {
+  FindResults::Rows results;                ///< everything, sorted
+  FindResults::Rows rows;                   ///< what a list of it shows, sorted
   std::optional<std::string_view> message;  ///< key of the table "Ephemeris"
-  bool isComplete = true;                   ///< false: interrupted
+  bool isComplete = true;                   ///< false: goOn stopped the search
 };
 
-/// Searches with the cached calendar, on the main thread and a worker.
-FindOutcome findDirection(const FindRequest& request, const GoOn& goOn);
+/// Searches day by day; goOn is asked before each.
+FoundDirections findDirection(const ZVObserver& observer, const FindRequest& request,
+                              const GoOn& goOn);
 
-}  // namespace zenivo::cli
+}  // namespace zenivo
