@@ -20,7 +20,7 @@ struct ZVLocation {
       : coordinate(theCoordinate), altitude(theAltitude), verticalAccuracy(theAccuracy) {}
   /// That of an observer of the ephemeris, whose altitude is taken to be known.
   explicit ZVLocation(const PtPosition& position)
-      : ZVLocation({position.latitude, position.longitude}, position.altitude) {}
+      : ZVLocation({position.latitude(), position.longitude()}, position.altitude()) {}
 
   bool isAltitudeKnown() const { return verticalAccuracy >= 0; }
 
