@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "answers/common/Session.h"
 #include "commands/events/ShowerFinder.h"
 #include "foundation/MainQueue.h"
 #include "time/DateEphemeris.h"
