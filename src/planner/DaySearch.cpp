@@ -17,11 +17,12 @@ double azimuthAt(PtPlanet& body, double mjd, double deltaT) {
   return body.horizontal().azimuth_;
 }
 
-bool isSupermoon(ephemeris::PtMoon& moon, const PtMoonPhaseWithDate& phase) {
+bool isSupermoon(ephemeris::PtMoon& moon, const PtMoonPhaseWithDate& phase,
+                 const Calendar& calendar) {
   if (phase.phase != kFullMoon) return false;
   moon.computePosition(true, getMjd(phase.date), getDeltaT(phase.date));
   return isFullMoonDateASupermoonDay(dateWithPtDateTime(phase.date), moon.horizontal().distance_,
-                                     cachedCalendar());
+                                     calendar);
 }
 
 }  // namespace
@@ -36,7 +37,7 @@ void searchRiseTransitSet(CelestialBodyEvent& event, PtPlanet& body, const Local
   event.setAzimuth = azimuthAt(body, riseSet.set, day.deltaT);
 }
 
-SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day) {
+SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day, const Calendar& calendar) {
   SunEvent event;
   const auto search = [&](EventKind kind) { return sun.riseSet(kind, day.mjdAt0, day.deltaT); };
   const auto twilight = [](const RiseSet& crossings) {
@@ -48,7 +49,7 @@ SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day) {
   event.civilTwilight = twilight(search(EventKind::civil));
   event.nauticalTwilight = twilight(search(EventKind::nautical));
   const AstronomicalTwilight astronomical = calculateAstronomicalTwilight(
-      sun, day.mjdAt0, day.deltaT, dayValue(day.date, cachedCalendar()), cachedCalendar());
+      sun, day.mjdAt0, day.deltaT, dayValue(day.date, calendar), calendar);
   event.astronomicalTwilight = TwilightEvent(astronomical.start, astronomical.end);
   if (astronomical.end2 != kAlwaysBelow && astronomical.end2 != astronomical.end) {
     event.astronomicalTwilight2 = TwilightEvent(kAlwaysBelow, astronomical.end2);
@@ -60,13 +61,13 @@ SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day) {
 }
 
 MoonEvent moonEventOfDay(ephemeris::PtMoon& moon, const LocalDay& day,
-                         const PtMoonPhaseWithDate* phase) {
+                         const PtMoonPhaseWithDate* phase, const Calendar& calendar) {
   MoonEvent event;
   searchRiseTransitSet(event, moon, day);
   if (phase != nullptr) {
     event.phase = phase->phase;
     event.mjdPhase = getMjd(phase->date);
-    event.isSupermoon = isSupermoon(moon, *phase);
+    event.isSupermoon = isSupermoon(moon, *phase, calendar);
   }
   return event;
 }

@@ -6,20 +6,22 @@
 #include <span>
 
 #include "engine/MoonPhases.h"
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 
 namespace zenivo {
 
-/// The phase of a list that falls on that day of that month in the observer's zone;
+/// The phase of a list that falls on that day of that month in the calendar's zone;
 /// nullptr when none does.
 const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDate> phases, int day,
-                                              int month);
+                                              int month, const Calendar& calendar);
 
 /// The first principal phase after a moment (forward), or the last before it; moments
 /// of phases are taken to the nearest minute.  With a phase code the first or last of
 /// that kind, and one of the moment's own local day is passed over.  Nullopt only in
 /// years that the series of the phases does not reach.
 std::optional<PtMoonPhaseWithDate> neighbouringPhase(Date date, bool forward,
+                                                     const Calendar& calendar,
                                                      std::int32_t phase = kNoMoonPhase);
 
 }  // namespace zenivo
