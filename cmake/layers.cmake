@@ -5,11 +5,12 @@
 # not allowed here, and nothing allowed here that no file needs.
 
 # The packages: how their headers begin, and what to link.
-set(ZENIVO_PACKAGES boost cctz cli11 fmt icu json openssl pugixml sqlite)
+set(ZENIVO_PACKAGES boost cctz cli11 fmt geographiclib icu json openssl pugixml sqlite)
 set(ZENIVO_PACKAGE_boost   boost/       Boost::headers Threads::Threads)
 set(ZENIVO_PACKAGE_cctz    cctz/        Zenivo::cctz)
 set(ZENIVO_PACKAGE_cli11   CLI/         CLI11::CLI11)
 set(ZENIVO_PACKAGE_fmt     fmt/         fmt::fmt)
+set(ZENIVO_PACKAGE_geographiclib GeographicLib/ Zenivo::geographiclib)
 set(ZENIVO_PACKAGE_icu     unicode/     ICU::uc ICU::i18n)
 set(ZENIVO_PACKAGE_json    nlohmann/    nlohmann_json::nlohmann_json)
 set(ZENIVO_PACKAGE_openssl openssl/     OpenSSL::Crypto)
@@ -30,8 +31,8 @@ layer(time USES foundation PACKAGES fmt)
 
 layer(app/settings USES foundation PACKAGES fmt)
 
-layer(store/sqlite PACKAGES sqlite)
-layer(store/model USES foundation store/sqlite PACKAGES fmt openssl sqlite)
+layer(store/model USES foundation PACKAGES fmt openssl)
+layer(store/sqlite USES foundation store/model PACKAGES fmt sqlite)
 layer(store/predicates USES store/model PACKAGES icu)
 layer(store/file USES foundation store/sqlite store/model store/predicates PACKAGES fmt)
 layer(store/graph USES foundation store/model store/predicates store/file)
@@ -40,10 +41,12 @@ layer(data/stores USES foundation store/model store/file store/graph PACKAGES fm
 
 layer(engine USES foundation time PACKAGES fmt)
 
-layer(place USES foundation engine)
+layer(map/geodesy PACKAGES geographiclib)
+
+layer(place USES foundation engine map/geodesy)
 
 layer(map/layers)
-layer(map/lines USES engine place)
+layer(map/lines USES engine map/geodesy place)
 layer(ar/orientation USES foundation place)
 
 layer(eclipses USES foundation time app/settings store/graph data/stores engine place)
@@ -54,6 +57,7 @@ layer(calculators/models USES foundation app/settings calculators/camera)
 layer(calculators USES foundation app/settings calculators/camera calculators/models PACKAGES fmt)
 layer(calculators/timer
   USES foundation app/settings calculators/camera calculators/models PACKAGES fmt)
+layer(data/pois USES foundation data/stores place)
 layer(data/cameras USES foundation data/stores calculators/camera)
 
 layer(planner
@@ -70,21 +74,35 @@ layer(answers/common
     data/cameras planner input
   PACKAGES cctz fmt json)
 
+layer(answers/calculators
+  USES foundation app/settings calculators/camera calculators/models calculators
+    calculators/timer input answers/common
+  PACKAGES fmt)
+
+layer(answers/events USES engine find answers/common)
+layer(answers/library
+  USES foundation app/settings store/file data/stores place calculators/camera data/pois app/shell
+    input answers/common
+  PACKAGES fmt)
+
 layer(commands/common USES foundation input answers/common PACKAGES cli11 fmt)
 layer(commands/sky
   USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
 layer(commands/events
   USES foundation time data/stores engine eclipses meteors find input answers/common
-    commands/common
+    answers/events commands/common
   PACKAGES cli11 fmt)
 layer(commands/calculators
-  USES foundation app/settings calculators/camera calculators/models calculators
-    calculators/timer input answers/common commands/common
+  USES calculators/camera input answers/common answers/calculators commands/common
   PACKAGES cli11 fmt)
+layer(commands/timer
+  USES foundation app/settings calculators/camera calculators/timer input answers/common
+    answers/calculators commands/common commands/calculators
+  PACKAGES fmt)
 layer(commands/library
-  USES foundation app/settings store/file data/stores place calculators/camera app/shell input
-    answers/common commands/common
+  USES foundation calculators/camera input answers/common answers/library commands/common
   PACKAGES cli11 fmt)
 layer(cli
-  USES input commands/common commands/sky commands/events commands/calculators commands/library
+  USES foundation input answers/common commands/common commands/sky commands/events
+    commands/calculators commands/timer commands/library
   PACKAGES cli11 fmt)

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "answers/common/Home.h"
 #include "cli/Interruption.h"
 #include "cli/ProgressLine.h"
 #include "commands/calculators/Commands.h"
@@ -19,6 +20,8 @@
 #include "commands/events/Commands.h"
 #include "commands/library/Commands.h"
 #include "commands/sky/Commands.h"
+#include "commands/timer/Commands.h"
+#include "foundation/UserFolder.h"
 #include "input/InputError.h"
 #include "input/Suggestions.h"
 #include "input/TextFolding.h"
@@ -96,7 +99,7 @@ std::string helpCommand(const CLI::App& program) {
   return (prefix.empty() ? "" : prefix + " ") + chosen.get_name() + " --help";
 }
 
-std::vector<Entry> addCommands(CLI::App& program) {
+std::vector<Entry> addCommands(CLI::App& program, Home& home) {
   std::vector<std::unique_ptr<Command>> commands;
   commands.push_back(makeSkyCommand());
   commands.push_back(makeDayCommand());
@@ -110,8 +113,8 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeEclipseCommand());
   commands.push_back(makeEclipsesCommand());
   commands.push_back(makeMeteorsCommand());
-  commands.push_back(makeCamerasCommand());
-  commands.push_back(makeCameraCommand());
+  commands.push_back(makeCamerasCommand(home));
+  commands.push_back(makeCameraCommand(home));
   commands.push_back(makeDofCommand());
   commands.push_back(makeHyperfocalCommand());
   commands.push_back(makeFovCommand());
@@ -121,10 +124,10 @@ std::vector<Entry> addCommands(CLI::App& program) {
   commands.push_back(makeExposureCommand());
   commands.push_back(makeTimelapseCommand());
   commands.push_back(makeTimerCommand());
-  commands.push_back(makePoisCommand());
-  commands.push_back(makeSettingsCommand());
-  commands.push_back(makeOpenCommand());
-  commands.push_back(makeStoreCommand());
+  commands.push_back(makePoisCommand(home));
+  commands.push_back(makeSettingsCommand(home));
+  commands.push_back(makeOpenCommand(home));
+  commands.push_back(makeStoreCommand(home));
   std::vector<Entry> entries;
   for (auto& command : commands) {
     command->addTo(program);
@@ -180,7 +183,8 @@ int runProgram(int argc, const char* const* argv) {
     CLI::App program(kDescription, "zenivo");
     program.set_version_flag("--version", "zenivo " ZENIVO_VERSION);
     program.footer(kFooter);
-    const std::vector<Entry> entries = addCommands(program);
+    Home home(userFolder());
+    const std::vector<Entry> entries = addCommands(program, home);
     try {
       writeToStandardOutput(answer(program, entries, argc, argv));
       return kSuccess;

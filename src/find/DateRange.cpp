@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include "app/settings/SettingsKeys.h"
-#include "foundation/Calendar.h"
 #include "foundation/LocalizedString.h"
 #include "time/DateEphemeris.h"
 
@@ -37,8 +36,7 @@ std::string DateRange::stringValue() const {
   return fmt::format("{} {}", count, stringForDateRange());
 }
 
-Date DateRange::addToDate(Date date) const {
-  const Calendar calendar = cachedCalendar();
+Date DateRange::addToDate(Date date, const Calendar& calendar) const {
   DateComponents day = calendar.componentsFromDate(date);
   day.hour = day.minute = day.second = 0;
   switch (type) {
@@ -61,24 +59,22 @@ Date DateRange::addToDate(Date date) const {
   return calendar.dateFromComponents(day);
 }
 
-DatePeriod wholeDays(Date first, Date last) {
-  return {dateWithStartDateTime(first, cachedCalendar()),
-          dateWithEndDateTime(last, cachedCalendar())};
+DatePeriod wholeDays(Date first, Date last, const Calendar& calendar) {
+  return {dateWithStartDateTime(first, calendar), dateWithEndDateTime(last, calendar)};
 }
 
-DatePeriod periodForRow(std::int64_t row, Date start) {
+DatePeriod periodForRow(std::int64_t row, Date start, const Calendar& calendar) {
   const bool canned = row > 0 && row < static_cast<std::int64_t>(kDateRanges.size());
   const DateRange& range =
       kDateRanges[canned ? static_cast<std::size_t>(row) : kDefaultDateRangeRow];
-  return wholeDays(start, range.addToDate(start));
+  return wholeDays(start, range.addToDate(start, calendar), calendar);
 }
 
-std::optional<DateRangeError> validateDateRange(Date start, Date end) {
+std::optional<DateRangeError> validateDateRange(Date start, Date end, const Calendar& calendar) {
   const auto error = [](std::string message) {
     return DateRangeError{localizedString("date_range_error_title", kTable), std::move(message)};
   };
   if (start > end) return error(localizedString("date_range_order_error_message", kTable));
-  const Calendar calendar = cachedCalendar();
   DateComponents limit = calendar.componentsFromDate(start);
   limit.year += kLongestYears;
   limit.second = 0;
@@ -90,8 +86,8 @@ std::optional<DateRangeError> validateDateRange(Date start, Date end) {
 }
 
 std::optional<DateRangeError> confirmDateRange(UserDefaults& userDefaults, std::int64_t row,
-                                               Date start, Date end) {
-  auto error = validateDateRange(start, end);
+                                               Date start, Date end, const Calendar& calendar) {
+  auto error = validateDateRange(start, end, calendar);
   if (!error) userDefaults.setInteger(row, settings::date_range_defaultRange);
   return error;
 }

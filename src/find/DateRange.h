@@ -1,4 +1,4 @@
-// Canned lengths of a search period.
+// Canned lengths of a search period, in the days of the calendar that is handed in.
 
 #pragma once
 
@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 #include "foundation/UserDefaults.h"
 
@@ -29,7 +30,7 @@ struct DateRange {
 
   /// The last day of the period that begins on the date's local day, at 00:00.  Of
   /// a custom range, the day before the date.
-  Date addToDate(Date date) const;
+  Date addToDate(Date date, const Calendar& calendar) const;
 };
 
 /// The ranges to choose from, and the row that is chosen where none was.
@@ -54,11 +55,11 @@ struct DatePeriod {
 };
 
 /// The whole days from one date to another.
-DatePeriod wholeDays(Date first, Date last);
+DatePeriod wholeDays(Date first, Date last, const Calendar& calendar);
 
 /// The period that a row of kDateRanges names, beginning on the date's local day.
 /// The custom row, and any row there is none of, counts as the default row.
-DatePeriod periodForRow(std::int64_t row, Date start);
+DatePeriod periodForRow(std::int64_t row, Date start, const Calendar& calendar);
 
 /// What is wrong with a period, as localised texts.
 struct DateRangeError {
@@ -68,11 +69,11 @@ struct DateRangeError {
 
 /// Nullopt for a good period: its end is not before its start, and no later than
 /// the same date and minute five calendar years on.
-std::optional<DateRangeError> validateDateRange(Date start, Date end);
+std::optional<DateRangeError> validateDateRange(Date start, Date end, const Calendar& calendar);
 
 /// The user confirms a period that was chosen by a row: for a good one the row is kept in
 /// the settings, as the default of the next choice.
 std::optional<DateRangeError> confirmDateRange(UserDefaults& userDefaults, std::int64_t row,
-                                               Date start, Date end);
+                                               Date start, Date end, const Calendar& calendar);
 
 }  // namespace zenivo

@@ -32,19 +32,27 @@ void FindOperation::tell(const std::function<void(FindOperationDelegate&)>& mess
   });
 }
 
-void FindOperation::didPerformStep(const std::optional<ZVFindResultBodyAtAzimuth>& result) {
+void FindOperation::didPerformStep(const Result& result) {
   tell([&](FindOperationDelegate& delegate) { delegate.didPerformeStep(*this, result); });
 }
 
 void FindOperation::main() {
-  const PtDateTime start = ptDateTimeForDate(startDate);
-  const double end = getMjd(ptDateTimeForDate(endDate));
-  const Day day = daySearch(observer.getPtPosition(), getDeltaT(start));
-  for (double d = getMjd(start); d < end; d += 1.0) {
-    if (!hasDelegate()) return;
-    didPerformStep(day(d));
-  }
+  const bool isComplete = search([this](double) { return hasDelegate(); },
+                                 [this](const Result& result) { didPerformStep(result); });
+  if (!isComplete) return;
   tell([this](FindOperationDelegate& delegate) { delegate.didFinish(*this); });
+}
+
+bool FindOperation::search(const GoOn& goOn, const std::function<void(const Result&)>& take) const {
+  const PtDateTime first = ptDateTimeForDate(startDate);
+  const double start = getMjd(first);
+  const double end = getMjd(ptDateTimeForDate(endDate));
+  const Day day = daySearch(observer.getPtPosition(), getDeltaT(first));
+  for (double d = start; d < end; d += 1.0) {
+    if (!goOn((d - start) / (end - start))) return false;
+    take(day(d));
+  }
+  return true;
 }
 
 BodyAtAzimuthFindOperation::BodyAtAzimuthFindOperation(FindBody theBody, ZVObserver theObserver,

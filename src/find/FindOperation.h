@@ -11,6 +11,7 @@
 #include "find/DirectionSearch.h"
 #include "find/FindResult.h"
 #include "foundation/Date.h"
+#include "foundation/Progress.h"
 #include "place/ZVObserver.h"
 
 namespace zenivo {
@@ -44,14 +45,20 @@ class FindOperation {
   /// The search holds its delegate weakly.  nullptr stops the search.
   void setDelegate(const std::shared_ptr<FindOperationDelegate>& delegate);
 
-  /// Runs the search on the calling thread, which is not the main thread unless
-  /// the main thread may do all the work.
+  /// Runs the search for the delegate on the calling thread, which is not the main
+  /// thread unless the main thread may do all the work.
   void main();
+
+  using Result = std::optional<ZVFindResultBodyAtAzimuth>;
+
+  /// Runs the search on the calling thread and without a delegate: each day's result is
+  /// taken there.  goOn is asked before each day.  False when that stopped it.
+  bool search(const GoOn& goOn, const std::function<void(const Result&)>& take) const;
 
  protected:
   FindOperation(FindBody theBody, ZVObserver theObserver, Date fromDate, Date toDate);
 
-  using Day = std::function<std::optional<ZVFindResultBodyAtAzimuth>(double)>;
+  using Day = std::function<Result(double)>;
 
   /// The search of single days, for an observer and the deltaT of the whole run.
   virtual Day daySearch(const PtPosition& observer, double deltaT) const = 0;
@@ -59,7 +66,7 @@ class FindOperation {
  private:
   bool hasDelegate() const;
   void tell(const std::function<void(FindOperationDelegate&)>& message);
-  void didPerformStep(const std::optional<ZVFindResultBodyAtAzimuth>& result);
+  void didPerformStep(const Result& result);
 
   mutable std::mutex mutex_;
   std::weak_ptr<FindOperationDelegate> delegate_;

@@ -6,28 +6,14 @@
 #include <memory>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 #include "find/FindOperation.h"
+#include "find/FindResults.h"
 #include "foundation/OperationQueue.h"
 
 namespace zenivo {
 
-enum class FindSearchKind { azimuth, azimuthElevation };
-
-/// Columns that can be tapped to sort by.  `azimuthOrHeight` is the azimuth in a
-/// search for azimuth and elevation, and the apparent height in one for azimuth.
-enum class FindColumn { date = 101, azimuthOrHeight = 103, elevation = 104, phase = 105 };
-
-/// Whether a result stands above the threshold: the Sun from -1 degree on, the Moon
-/// from 0 on.
-bool isPositive(const ZVFindResultBodyAtAzimuth& result, FindBody body);
-
-/// Sorts by a column; equal results follow their dates.
-void sortResults(std::vector<ZVFindResultBodyAtAzimuth>& results, FindColumn column,
-                 FindSearchKind kind, bool ascending);
-
-/// Hears of changes, on the main thread.
+/// Hears of changes, on the main thread.  May destroy the list in any of these calls.
 class FindResultsListDelegate {
  public:
   virtual ~FindResultsListDelegate() = default;
@@ -43,7 +29,7 @@ class FindResultsListDelegate {
 /// on a queue of the list's own, which never holds more than it.
 class FindResultsList {
  public:
-  using Results = std::vector<ZVFindResultBodyAtAzimuth>;
+  using Results = FindResults::Rows;
   using MakeOperation = std::function<std::shared_ptr<FindOperation>()>;
 
   FindResultsList(FindSearchKind kind, FindBody body, MakeOperation findOperation);
@@ -68,14 +54,15 @@ class FindResultsList {
   double progress() const { return progress_; }
 
   /// Everything found, and of it what is positive.
-  const Results& results() const { return results_; }
-  const Results& positiveResults() const { return positiveResults_; }
+  const Results& results() const { return results_.all(); }
+  const Results& positiveResults() const { return results_.positive(); }
   /// What the list shows.
-  const Results& rows() const;
+  const Results& rows() const { return results_.rows(isSearching()); }
 
-  /// What there is to be said of a search that found nothing, or nothing above the
-  /// threshold: a key of the table "Ephemeris", nullopt when there is nothing.
-  std::optional<std::string_view> noDataMessageForBody(FindBody body) const;
+  /// FindResults::noDataMessageForBody of the results.
+  std::optional<std::string_view> noDataMessageForBody(FindBody body) const {
+    return results_.noDataMessageForBody(body);
+  }
   /// True when the list is left once that message is confirmed.
   bool leavesAfterMessage() const;
 
@@ -87,7 +74,7 @@ class FindResultsList {
   void selectRow(std::size_t row);
 
   /// Shows other results in place of the search's.
-  void setResultsArray(Results results);
+  void setResultsArray(const Results& results);
 
  private:
   class Relay;
@@ -107,16 +94,15 @@ class FindResultsList {
   bool started_ = false;
   bool showAlert_ = false;
   bool cancelOperation_ = true;
-  Results results_;
-  Results positiveResults_;
+  FindResults results_;
   int currentStep_ = 0;
   double progress_ = 0;
   FindColumn column_ = FindColumn::date;
   bool ascending_ = true;
 
   std::shared_ptr<FindOperation> operation_;
-  std::shared_ptr<Relay> relay_;
-  OperationQueue queue_{1};
+  const std::shared_ptr<Relay> relay_;
+  std::shared_ptr<OperationQueue> queue_ = std::make_shared<OperationQueue>(1);
 };
 
 }  // namespace zenivo

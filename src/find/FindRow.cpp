@@ -5,7 +5,6 @@
 #include "engine/Angles.h"
 #include "foundation/DateFormatter.h"
 #include "foundation/NumberFormatter.h"
-#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {
@@ -24,11 +23,14 @@ std::string heightText(double elevation, double pinsDistance, bool imperial) {
   return height <= kHighest ? numberText(height) : ">9999";
 }
 
-FindRow rowOfMoment(const ZVFindResultBodyAtAzimuth& result, Date now) {
+FindRow rowOfMoment(const ZVFindResultBodyAtAzimuth& result, Date now, const Calendar& calendar) {
+  const auto text = [&](const char* pattern) {
+    return DateFormatter(pattern, calendar.timeZone()).stringFromDate(result.date);
+  };
   FindRow row;
-  row.weekday = weekdayAbbreviation(result.date);
-  row.date = DateFormatter("%Y-%m-%d", cachedCalendar().timeZone()).stringFromDate(result.date);
-  row.time = timeStringFromDate(result.date);
+  row.weekday = text("%a");
+  row.date = text("%Y-%m-%d");
+  row.time = text("%H:%M");
   row.elevation = numberText(double{result.elevation});
   row.isEnabled = result.date >= now;
   return row;
@@ -37,15 +39,16 @@ FindRow rowOfMoment(const ZVFindResultBodyAtAzimuth& result, Date now) {
 }  // namespace
 
 FindRow azimuthRow(const ZVFindResultBodyAtAzimuth& result, double pinsDistance, bool imperial,
-                   Date now) {
-  FindRow row = rowOfMoment(result, now);
+                   Date now, const Calendar& calendar) {
+  FindRow row = rowOfMoment(result, now, calendar);
   row.apparentHeight = heightText(double{result.elevation}, pinsDistance, imperial);
   return row;
 }
 
 FindRow azimuthElevationRow(const ZVFindResultBodyAtAzimuth& result,
-                            const std::function<double(double)>& shownAzimuth, Date now) {
-  FindRow row = rowOfMoment(result, now);
+                            const std::function<double(double)>& shownAzimuth, Date now,
+                            const Calendar& calendar) {
+  FindRow row = rowOfMoment(result, now, calendar);
   row.azimuth = numberText(shownAzimuth(double{result.azimuth}));
   return row;
 }

@@ -1,4 +1,4 @@
-// The rows of a list of found moments, as text.
+// The rows of a list of found moments, as text, in the zone of the calendar.
 
 #pragma once
 
@@ -6,6 +6,7 @@
 #include <string>
 
 #include "find/FindResult.h"
+#include "foundation/Calendar.h"
 
 namespace zenivo {
 
@@ -24,11 +25,12 @@ struct FindRow {
 /// `pinsDistance` metres away that just reaches the body: "--" for a body below
 /// the horizon, ">9999" beyond four digits.
 FindRow azimuthRow(const ZVFindResultBodyAtAzimuth& result, double pinsDistance, bool imperial,
-                   Date now);
+                   Date now, const Calendar& calendar);
 
 /// A row of a search for an azimuth and an elevation; `shownAzimuth` turns a true
 /// azimuth into the one that the user reads.
 FindRow azimuthElevationRow(const ZVFindResultBodyAtAzimuth& result,
-                            const std::function<double(double)>& shownAzimuth, Date now);
+                            const std::function<double(double)>& shownAzimuth, Date now,
+                            const Calendar& calendar);
 
 }  // namespace zenivo

@@ -8,7 +8,7 @@
 #include "find/DateRange.h"
 #include "foundation/LocalizedString.h"
 #include "foundation/MainQueue.h"
-#include "time/DateEphemeris.h"
+#include "support/Times.h"
 
 namespace zenivo {
 namespace {
@@ -33,17 +33,16 @@ struct Listener : FindResultsListDelegate {
   std::optional<Date> selected;
 };
 
+Date day(std::int64_t year, int month, int dayOfMonth) {
+  return dateIn("Europe/Paris", year, month, dayOfMonth);
+}
+
+DatePeriod wholeDays(Date first, Date last) {
+  return wholeDays(first, last, Calendar(zoneNamed("Europe/Paris")));
+}
+
 class FindResultsListTest : public testing::Test {
  protected:
-  FindResultsListTest() {
-    setCachedCalendarTimeZone(TimeZone::timeZoneWithName("Europe/Paris").value());
-  }
-  ~FindResultsListTest() override { setCachedCalendarTimeZone(TimeZone::defaultTimeZone()); }
-
-  static Date day(std::int64_t year, int month, int dayOfMonth) {
-    return cachedCalendar().dateFromComponents({year, month, dayOfMonth, 0, 0, 0});
-  }
-
   static FindResultsList::MakeOperation azimuth(FindBody body, float azimuth, DatePeriod period) {
     return [=] {
       return std::make_shared<BodyAtAzimuthFindOperation>(
@@ -66,7 +65,7 @@ TEST_F(FindResultsListTest, OneDayIsOneStep) {
   run(list);
   ASSERT_EQ(list.rows().size(), 1u);
   // The Sun's transit at the Eiffel Tower: 13:52:38 CEST (libastro, 2026-06-21).
-  const Date noon = cachedCalendar().dateFromComponents({2026, 6, 21, 13, 52, 38});
+  const Date noon = dateIn("Europe/Paris", 2026, 6, 21, 13, 52, 38);
   EXPECT_NEAR(list.rows()[0].date.timeIntervalSinceDate(noon), 0, 30);
   EXPECT_EQ(listener_->steps, (std::vector<double>{0, 1, 1}));
   EXPECT_EQ(listener_->finished, 1);
@@ -139,15 +138,34 @@ TEST_F(FindResultsListTest, CancelledAtAnyStepNothingFollows) {
   }
 }
 
-TEST_F(FindResultsListTest, GoesAwayInTheMiddleOfASearch) {
+// Leaving is what a screen does on a step, on the last one and at the end, and also when the
+// main thread is about something else.
+TEST_F(FindResultsListTest, GoesAwayAtAnyMoment) {
+  const DatePeriod week = wholeDays(day(2026, 1, 1), day(2026, 1, 7));
+  for (const std::size_t last : {1U, 2U, 8U, 9U}) {  // at the start, on a day, on the last, at 1
+    *listener_ = Listener();
+    auto list = std::make_unique<FindResultsList>(FindSearchKind::azimuth, FindBody::moon,
+                                                  azimuth(FindBody::moon, 200, week));
+    list->setDelegate(listener_);
+    listener_->onStep = [&] {
+      if (listener_->steps.size() == last) list.reset();
+    };
+    list->appear();
+    mainQueue().runUntil([&] { return list == nullptr; });
+    mainQueue().runFor(0.005);
+    EXPECT_EQ(listener_->steps.size(), last);
+    EXPECT_EQ(listener_->finished, 0);
+  }
   const DatePeriod years = wholeDays(day(2026, 1, 1), day(2029, 12, 31));
-  auto list = std::make_unique<FindResultsList>(FindSearchKind::azimuth, FindBody::moon,
-                                                azimuth(FindBody::moon, 200, years));
-  list->setDelegate(listener_);
-  list->appear();
-  mainQueue().runUntil([&] { return listener_->steps.size() > 10; });
+  *listener_ = Listener();
+  {
+    FindResultsList list(FindSearchKind::azimuth, FindBody::moon,
+                         azimuth(FindBody::moon, 200, years));
+    list.setDelegate(listener_);
+    list.appear();
+    mainQueue().runUntil([&] { return listener_->steps.size() > 10; });
+  }
   const std::size_t steps = listener_->steps.size();
-  list.reset();
   mainQueue().runFor(0.005);
   EXPECT_EQ(listener_->steps.size(), steps);
 }

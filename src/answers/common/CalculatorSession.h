@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "answers/common/Home.h"
 #include "answers/common/Stores.h"
 #include "answers/common/UserSettings.h"
 #include "calculators/CalculatorEnvironment.h"
@@ -16,7 +17,9 @@ namespace zenivo {
 class CalculatorSession {
  public:
   /// Throws std::runtime_error when the first values of the settings cannot be read.
-  CalculatorSession() = default;
+  CalculatorSession() : CalculatorSession(Database::sharedInstance(), zenivoUserDefaults()) {}
+  explicit CalculatorSession(Home& home)
+      : CalculatorSession(home.database(), home.zenivoUserDefaults()) {}
 
   CalculatorEnvironment environment() { return {settings(), apertures_, units_, cameras_}; }
 
@@ -27,6 +30,8 @@ class CalculatorSession {
   void save() { settings_.save(); }
 
  private:
+  CalculatorSession(Database& database, UserDefaults& user) : settings_(user), stores_(database) {}
+
   UserSettings settings_;
   Stores stores_;
   DatabaseCameraStore cameras_{stores_.database()};

@@ -14,7 +14,7 @@ struct Stores::Listener : DatabaseDelegate {
   }
 };
 
-Stores::Stores() : database_(Database::sharedInstance()), listener_(std::make_shared<Listener>()) {
+Stores::Stores(Database& database) : database_(database), listener_(std::make_shared<Listener>()) {
   // The message says all that the log would.
   setLogThreshold(LogLevel::none);
   database_.setDelegate(listener_);

@@ -11,12 +11,12 @@
 
 namespace zenivo {
 
-/// The two stores of the program, opened when they are first asked for, by whatever way.
+/// The two stores of a database, opened when they are first asked for, by whatever way.
 /// What cannot be opened or fetched is thrown as a std::runtime_error with the text for the
 /// user.  One at a time.
 class Stores {
  public:
-  Stores();
+  explicit Stores(Database& database = Database::sharedInstance());
 
   Database& database() { return database_; }
 

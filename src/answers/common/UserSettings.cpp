@@ -10,19 +10,18 @@ namespace zenivo {
 namespace {
 
 PropertyList::Dictionary readFirstValues() {
-  std::string error;
+  Error error;
   auto values = bundledDefaults(&error);
-  if (!values) throw std::runtime_error("the first values cannot be read: " + error);
+  if (!values) throw std::runtime_error("the first values cannot be read: " + error.description);
   return *std::move(values);
 }
 
 }  // namespace
 
-UserSettings::UserSettings() : first_(readFirstValues()) {
+UserSettings::UserSettings(UserDefaults& user) : user_(user), first_(readFirstValues()) {
   copy_.registerDefaults(first_);
   for (const std::string_view key : settings::kAllKeys) {
-    if (auto value = zenivoUserDefaults().objectForKey(key))
-      copy_.setObject(*std::move(value), key);
+    if (auto value = user_.objectForKey(key)) copy_.setObject(*std::move(value), key);
   }
 }
 
@@ -32,17 +31,16 @@ std::optional<PropertyList> UserSettings::firstValue(std::string_view key) const
 }
 
 void UserSettings::save() {
-  UserDefaults& user = zenivoUserDefaults();
   bool isChanged = false;
   for (const std::string_view key : settings::kAllKeys) {
     auto value = copy_.objectForKey(key);
     if (value == firstValue(key)) value.reset();
-    if (value == user.objectForKey(key)) continue;
-    user.setValue(std::move(value), key);
+    if (value == user_.objectForKey(key)) continue;
+    user_.setValue(std::move(value), key);
     isChanged = true;
   }
-  std::string error;
-  if (isChanged && !user.synchronize(&error)) throw std::runtime_error(error);
+  Error error;
+  if (isChanged && !user_.synchronize(&error)) throw std::runtime_error(error.description);
 }
 
 }  // namespace zenivo

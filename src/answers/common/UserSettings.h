@@ -15,8 +15,9 @@ namespace zenivo {
 /// until save().
 class UserSettings {
  public:
-  /// Throws std::runtime_error when the first values cannot be read.
-  UserSettings();
+  /// Of those settings, which must outlive the copy.  Throws std::runtime_error when the
+  /// first values cannot be read.
+  explicit UserSettings(UserDefaults& user = zenivoUserDefaults());
 
   UserDefaults& copy() { return copy_; }
   const UserDefaults& copy() const { return copy_; }
@@ -30,6 +31,7 @@ class UserSettings {
   void save();
 
  private:
+  UserDefaults& user_;
   PropertyList::Dictionary first_;
   UserDefaults copy_;
 };

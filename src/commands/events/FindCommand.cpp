@@ -2,18 +2,15 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/Session.h"
 #include "answers/common/Words.h"
+#include "answers/events/Find.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
 #include "commands/events/Commands.h"
-#include "commands/events/FindSearch.h"
 #include "commands/events/PeriodOptions.h"
-#include "engine/Angles.h"
 #include "foundation/DateFormatter.h"
 #include "foundation/LocalizedString.h"
 #include "input/InputError.h"
-#include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {
@@ -22,39 +19,6 @@ constexpr double kDefaultTolerance = 1;  // degrees
 
 bool isMoon(const FindRequest& request) {
   return request.body == FindBody::moon;
-}
-
-Json resultJson(const ZVFindResultBodyAtAzimuth& result, const FindRequest& request,
-                const TimeZone& zone) {
-  Json json{{"time", momentJson(result.date, zone)},
-            {"azimuth", result.azimuth},
-            {"elevation", result.elevation},
-            {"positive", isPositive(result, request.body)}};
-  if (isMoon(request)) {
-    json["phase"] = result.phase;
-    json["waxing"] = result.waxing;
-    json["zenithAngle"] = normalizeAngle180(result.zenithAngle / kDegree);
-    json["sunElevation"] = result.sunElevation;
-  }
-  return json;
-}
-
-Json findJson(const Scene& scene, const FindRequest& request, const FindOutcome& found) {
-  const auto localDate = [&](Date date) {
-    return isoDate(Calendar(scene.zone).componentsFromDate(date));
-  };
-  Json results = Json::array();
-  for (const auto& result : found.results) {
-    results.push_back(resultJson(result, request, scene.zone));
-  }
-  return {{"body", isMoon(request) ? "moon" : "sun"},
-          {"from", localDate(request.period.start)},
-          {"to", localDate(request.period.end)},
-          {"zone", scene.zone.name()},
-          {"place", placeJson(scene.location)},
-          {"results", std::move(results)},
-          {"message", found.message ? Json(*found.message) : Json(nullptr)},
-          {"complete", found.isComplete}};
 }
 
 std::string asGiven(float angle) {
@@ -70,7 +34,8 @@ std::string directionText(const FindRequest& request) {
                             asGiven(window.elevation), asGiven(window.elevationError));
 }
 
-Table rowsTable(const FindRequest& request, const FindOutcome& found, const TimeZone& zone) {
+Table rowsTable(const FindReport& report) {
+  const auto& [scene, request] = report.question;
   std::vector<Column> columns{
       {""}, {"date"}, {"time"}, {"azimuth", Align::right}, {"elevation", Align::right}};
   if (isMoon(request)) {
@@ -78,11 +43,11 @@ Table rowsTable(const FindRequest& request, const FindOutcome& found, const Time
     columns.push_back({"Sun", Align::right});
   }
   Table table(columns);
-  const DateFormatter weekday("%a", zone);
-  const DateFormatter day("%E4Y-%m-%d", zone);
-  const DateFormatter time(request.allPassages ? "%H:%M:%S" : "%H:%M", zone);
+  const DateFormatter weekday("%a", scene.zone);
+  const DateFormatter day("%E4Y-%m-%d", scene.zone);
+  const DateFormatter time(request.allPassages ? "%H:%M:%S" : "%H:%M", scene.zone);
   const Date now = Date::now();
-  for (const auto& result : found.rows) {
+  for (const auto& result : report.found.rows) {
     std::vector<std::string> cells{
         weekday.stringFromDate(result.date), day.stringFromDate(result.date),
         time.stringFromDate(result.date), bearing(double{result.azimuth}, 2),
@@ -96,13 +61,14 @@ Table rowsTable(const FindRequest& request, const FindOutcome& found, const Time
   return table;
 }
 
-std::string findText(const Scene& scene, const FindRequest& request, const FindOutcome& found,
-                     const Terminal& terminal) {
+std::string findText(const FindReport& report, const Terminal& terminal) {
+  const auto& [scene, request] = report.question;
+  const FoundDirections& found = report.found;
   const std::string period = fmt::format("{} to {}", dayTitle(request.period.start, scene.zone),
                                          dayTitle(request.period.end, scene.zone));
   std::string text =
       heading(scene, period, "local time", terminal) + directionText(request) + "\n\n";
-  const Table table = rowsTable(request, found, scene.zone);
+  const Table table = rowsTable(report);
   if (!table.isEmpty()) text += table.text(terminal);
   if (found.message) {
     text += (table.isEmpty() ? "" : "\n") + localizedString(*found.message, "Ephemeris") + "\n";
@@ -156,14 +122,11 @@ class FindCommand : public Command {
   }
 
   std::string run(const Terminal& terminal, const GoOn& goOn) override {
-    const Scene scene = scene_.resolve();
-    setCachedCalendarTimeZone(scene.zone);
-    const FindRequest request = requestFor(scene);
-    const FindOutcome found = findDirection(request, goOn);
-    std::string answer = scene_.wantsJson() ? findJson(scene, request, found).dump(2) + "\n"
-                                            : findText(scene, request, found, terminal);
-    if (!found.isComplete) throw Interrupted(std::move(answer));
-    return answer;
+    const FindReport report = answer(ask(), goOn);
+    std::string text =
+        scene_.wantsJson() ? json(report).dump(2) + "\n" : findText(report, terminal);
+    if (!report.found.isComplete) throw Interrupted(std::move(text));
+    return text;
   }
 
  private:
@@ -182,12 +145,12 @@ class FindCommand : public Command {
         ->type_name("DEGREES");
   }
 
-  FindRequest requestFor(const Scene& scene) const {
+  FindQuestion ask() const {
+    FindQuestion question{.scene = scene_.resolve(), .wanted = {}};
     expectGoodOptions();
-    FindRequest request;
+    FindRequest& request = question.wanted;
     request.body = body_ == "moon" ? FindBody::moon : FindBody::sun;
-    request.observer = pinAt(scene.location);
-    request.period = period_.resolve(scene.zone);
+    request.period = period_.resolve(question.scene.zone);
     request.azimuth = static_cast<float>(azimuth_);
     if (elevation_) {
       request.elevation = ElevationWindow{
@@ -200,7 +163,7 @@ class FindCommand : public Command {
                      : sort_ == "phase"   ? FindColumn::phase
                                           : FindColumn::date;
     request.ascending = !isDescending_;
-    return request;
+    return question;
   }
 
   void expectGoodOptions() const {

@@ -6,7 +6,6 @@
 
 #include "input/InputError.h"
 #include "input/MomentParser.h"
-#include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {
@@ -26,8 +25,8 @@ DateRange::Type typeOfUnit(char unit) {
   }
 }
 
-void expectGood(const DatePeriod& period) {
-  const auto error = validateDateRange(period.start, period.end);
+void expectGood(const DatePeriod& period, const Calendar& calendar) {
+  const auto error = validateDateRange(period.start, period.end, calendar);
   if (!error) return;
   std::string message = error->message;
   if (message.ends_with('.')) message.pop_back();
@@ -67,8 +66,9 @@ DatePeriod PeriodOptions::resolve(const TimeZone& zone) const {
   };
   const Date first = dateOf(from_);
   const DateRange range = range_.empty() ? kDateRanges[kDefaultDateRangeRow] : parseRange(range_);
-  const DatePeriod period = wholeDays(first, to_.empty() ? range.addToDate(first) : dateOf(to_));
-  expectGood(period);
+  const DatePeriod period =
+      wholeDays(first, to_.empty() ? range.addToDate(first, calendar) : dateOf(to_), calendar);
+  expectGood(period, calendar);
   return period;
 }
 

@@ -18,9 +18,8 @@ class PeriodOptions {
   void addTo(CLI::App& command);
 
   /// The whole local days that are meant: from today where no first day is given, for a
-  /// month where no last day or length is.  Uses the cached calendar, whose zone must
-  /// be `zone`.  Throws InputError for a period that ends before it begins or is
-  /// longer than a search may be.
+  /// month where no last day or length is.  Throws InputError for a period that ends
+  /// before it begins or is longer than a search may be.
   DatePeriod resolve(const TimeZone& zone) const;
 
  private:

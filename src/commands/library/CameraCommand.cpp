@@ -2,11 +2,7 @@
 
 #include <fmt/format.h>
 
-#include <stdexcept>
-
-#include "answers/common/CalculatorSession.h"
-#include "answers/common/CameraFinder.h"
-#include "calculators/camera/CameraChooser.h"
+#include "answers/library/Cameras.h"
 #include "commands/library/CameraFormOptions.h"
 #include "commands/library/CameraOutput.h"
 #include "commands/library/Commands.h"
@@ -17,20 +13,21 @@ namespace {
 
 class CameraCommand : public Command {
  public:
+  explicit CameraCommand(Home& home) : home_(home) {}
+
   void addTo(CLI::App& program) override;
   std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
-  std::string show(CalculatorSession& session, const Terminal& terminal) const;
-  std::string add(CalculatorSession& session, const Terminal& terminal) const;
-  std::string edit(CalculatorSession& session, const Terminal& terminal) const;
+  std::string addOrEdit(CalculatorSession& session, const Terminal& terminal) const;
   std::string remove(CalculatorSession& session) const;
   std::string use(CalculatorSession& session) const;
+  std::string textOrJson(const CameraReport& report, const Terminal& terminal) const {
+    return wantsJson_ ? json(report).dump(2) + "\n"
+                      : cameraText(report.camera, report.isChosen, terminal);
+  }
 
-  void keep(CameraForm& form, CalculatorSession& session) const;
-  std::string answer(const AbstractCamera& camera, CalculatorSession& session,
-                     const Terminal& terminal) const;
-
+  Home& home_;
   CLI::App* show_ = nullptr;
   CLI::App* add_ = nullptr;
   CLI::App* edit_ = nullptr;
@@ -41,25 +38,6 @@ class CameraCommand : public Command {
   CameraFormOptions options_;
   bool wantsJson_ = false;
 };
-
-std::optional<AbstractCamera> chosenCamera(CalculatorSession& session) {
-  return AbstractCamera::currentCamera(session.settings(), session.cameras());
-}
-
-CameraChooser chooserOf(CalculatorSession& session) {
-  return CameraChooser(session.settings(), session.cameras());
-}
-
-/// The record of an own camera, and no other.
-CustomCameraRecord ownCamera(CalculatorSession& session, const std::string& name) {
-  const AbstractCamera camera = findCamera(allCameras(session.cameras()), name);
-  const auto record = isOwn(camera)
-                          ? session.cameras().loadCameraWithModel(camera.shortModelString())
-                          : std::nullopt;
-  if (record) return *record;
-  throw InputError(fmt::format("{} is of the catalogue; only your own cameras can be changed",
-                               inQuotes(camera.modelString())));
-}
 
 void CameraCommand::addTo(CLI::App& program) {
   CLI::App* app = program.add_subcommand("camera", "Show, choose and describe a camera");
@@ -97,87 +75,50 @@ void CameraCommand::addTo(CLI::App& program) {
 }
 
 std::string CameraCommand::run(const Terminal& terminal, const GoOn&) {
-  CalculatorSession session;
-  if (show_->parsed()) return show(session, terminal);
-  if (add_->parsed()) return add(session, terminal);
-  if (edit_->parsed()) return edit(session, terminal);
-  return remove_->parsed() ? remove(session) : use(session);
-}
-
-std::string CameraCommand::answer(const AbstractCamera& camera, CalculatorSession& session,
-                                  const Terminal& terminal) const {
-  const bool isChosen = camera == chosenCamera(session);
-  return wantsJson_ ? cameraJson(camera, isChosen).dump(2) + "\n"
-                    : cameraText(camera, isChosen, terminal);
-}
-
-std::string CameraCommand::show(CalculatorSession& session, const Terminal& terminal) const {
-  if (show_->count("NAME") > 0) {
-    return answer(findCamera(allCameras(session.cameras()), name_), session, terminal);
+  CalculatorSession session(home_);
+  if (show_->parsed()) {
+    CameraQuestion question;
+    if (show_->count("NAME") > 0) question.name = name_;
+    return textOrJson(answer(question, session), terminal);
   }
-  const auto chosen = chosenCamera(session);
-  if (chosen) return answer(*chosen, session, terminal);
-  throw std::runtime_error(
-      fmt::format("the chosen camera {} is there no more; choose one with zenivo camera use",
-                  inQuotes(AbstractCamera::currentCameraModel(session.settings()))));
+  if (remove_->parsed()) return remove(session);
+  return use_->parsed() ? use(session) : addOrEdit(session, terminal);
 }
 
-/// Stores the camera when the form has no fault; a choice follows a changed name.
-void CameraCommand::keep(CameraForm& form, CalculatorSession& session) const {
-  expectPrintable(form.camera().model, "the name of a camera");
-  if (const auto fault = form.validate(session.cameras())) throw InputError(textOfFault(*fault));
-  std::string error;
-  if (!chooserOf(session).saveCustomCamera(form.camera(), &error)) throw std::runtime_error(error);
-  session.save();
-}
-
-std::string CameraCommand::add(CalculatorSession& session, const Terminal& terminal) const {
-  CameraForm form;
-  form.setName(name_);
-  options_.fill(form);
-  keep(form, session);
-  return answer(AbstractCamera::fromRecord(form.camera()), session, terminal);
-}
-
-std::string CameraCommand::edit(CalculatorSession& session, const Terminal& terminal) const {
-  CameraForm form(ownCamera(session, name_));
-  if (newName_) form.setName(*newName_);
-  options_.fill(form);
-  keep(form, session);
-  return answer(AbstractCamera::fromRecord(form.camera()), session, terminal);
+std::string CameraCommand::addOrEdit(CalculatorSession& session, const Terminal& terminal) const {
+  CameraDescription description = options_.description();
+  description.name = add_->parsed() ? name_ : newName_;
+  try {
+    return textOrJson(add_->parsed() ? answer(AddCamera{description}, session)
+                                     : answer(EditCamera{name_, description}, session),
+                      terminal);
+  } catch (const CameraFault& fault) {
+    const std::string_view option = optionOf(fault.field());
+    if (option.empty()) throw;
+    throw InputError(fmt::format("{}; see {}", fault.what(), option));
+  }
 }
 
 std::string CameraCommand::remove(CalculatorSession& session) const {
-  const CustomCameraRecord record = ownCamera(session, name_);
-  const AbstractCamera camera = AbstractCamera::fromRecord(record);
-  const bool wasChosen = camera == chosenCamera(session);
-  std::string error;
-  if (!chooserOf(session).deleteCustomCamera(record, &error)) throw std::runtime_error(error);
-  session.save();
-  const auto chosen = chosenCamera(session);
-  if (wantsJson_) {
-    return Json{{"removed", cameraJson(camera, false)},
-                {"chosen", chosen ? cameraJson(*chosen, true) : Json(nullptr)}}
-               .dump(2) +
-           "\n";
+  const RemovedCameraReport report = answer(RemoveCamera{name_}, session);
+  if (wantsJson_) return json(report).dump(2) + "\n";
+  std::string text = fmt::format("{} is removed.\n", report.removed.modelString());
+  if (report.wasChosen && report.chosen) {
+    text += fmt::format("{} is chosen now.\n", report.chosen->modelString());
   }
-  std::string text = fmt::format("{} is removed.\n", record.model);
-  if (wasChosen && chosen) text += fmt::format("{} is chosen now.\n", chosen->modelString());
   return text;
 }
 
 std::string CameraCommand::use(CalculatorSession& session) const {
-  const AbstractCamera camera = findCamera(allCameras(session.cameras()), name_);
-  chooserOf(session).selectCamera(camera);
-  session.save();
-  return wantsJson_ ? cameraJson(camera, true).dump(2) + "\n"
-                    : fmt::format("{} is chosen.\n", camera.modelString());
+  const CameraReport report = answer(UseCamera{name_}, session);
+  return wantsJson_ ? json(report).dump(2) + "\n"
+                    : fmt::format("{} is chosen.\n", report.camera.modelString());
 }
 
 }  // namespace
 
-std::unique_ptr<Command> makeCameraCommand() {
-  return std::make_unique<CameraCommand>();
+std::unique_ptr<Command> makeCameraCommand(Home& home) {
+  return std::make_unique<CameraCommand>(home);
 }
 
 }  // namespace zenivo::cli

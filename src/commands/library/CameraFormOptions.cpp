@@ -64,53 +64,48 @@ void CameraFormOptions::addTo(CLI::App& command) {
       ->type_name("F");
 }
 
-void CameraFormOptions::fill(CameraForm& form) const {
-  if (sensor_) form.setSensorSize(sensorFrom(*sensor_));
-  if (isFilm_ || isDigital_) form.setIsFilm(isFilm_);
-  if (megapixels_) form.setMegapixels(numberFrom("--megapixels", *megapixels_, "MP", "24.2"));
+CameraDescription CameraFormOptions::description() const {
+  CameraDescription camera;
+  if (sensor_) camera.sensor = sensorFrom(*sensor_);
+  if (isFilm_ || isDigital_) camera.isFilm = isFilm_;
+  if (megapixels_) camera.megapixels = numberFrom("--megapixels", *megapixels_, "MP", "24.2");
   if (coc_) {
-    form.setCocAutomatic(*coc_ == kAutomatic);
-    if (*coc_ != kAutomatic) form.setCoc(numberFrom("--coc", *coc_, "mm", "0.03 or auto"));
+    camera.coc.emplace();
+    if (*coc_ != kAutomatic) camera.coc = numberFrom("--coc", *coc_, "mm", "0.03 or auto");
   }
   if (focalLength_) {
-    form.setHasFixedFocalLength(*focalLength_ != kNone);
+    camera.focalLength.emplace();
     if (*focalLength_ != kNone) {
-      form.setFocalLength(numberFrom("--focal", *focalLength_, "mm", "35mm or none"));
+      camera.focalLength = numberFrom("--focal", *focalLength_, "mm", "35mm or none");
     }
   }
   if (aperture_) {
-    form.setHasFixedAperture(*aperture_ != kNone);
+    camera.fstop.emplace();
     if (*aperture_ != kNone) {
-      const auto aperture = CameraValuesParser::parseAperture(*aperture_);
-      if (!aperture) refuse("--aperture", *aperture_, "f/2.8 or none");
-      form.setAperture(aperture);
+      const auto fstop = CameraValuesParser::parseAperture(*aperture_);
+      if (!fstop) refuse("--aperture", *aperture_, "f/2.8 or none");
+      camera.fstop = fstop;
     }
   }
+  return camera;
 }
 
-std::string textOfFault(const CameraFormFault& fault) {
-  const char* option = nullptr;
-  switch (fault.field) {
+std::string_view optionOf(CameraFormField field) {
+  switch (field) {
     using enum CameraFormField;
     case name:
       break;
     case sensorWidth:
     case sensorHeight:
-      option = "--sensor";
-      break;
+      return "--sensor";
     case megapixels:
-      option = "--megapixels";
-      break;
+      return "--megapixels";
     case coc:
-      option = "--coc";
-      break;
+      return "--coc";
     case focalLength:
-      option = "--focal";
-      break;
+      return "--focal";
   }
-  std::string text = fault.message();
-  if (text.ends_with('.')) text.pop_back();
-  return option != nullptr ? fmt::format("{}; see {}", text, option) : text;
+  return "";
 }
 
 }  // namespace zenivo::cli

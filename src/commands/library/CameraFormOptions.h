@@ -5,8 +5,9 @@
 #include <CLI/CLI.hpp>
 #include <optional>
 #include <string>
+#include <string_view>
 
-#include "calculators/camera/CameraForm.h"
+#include "answers/library/Cameras.h"
 
 namespace zenivo::cli {
 
@@ -15,8 +16,8 @@ class CameraFormOptions {
  public:
   void addTo(CLI::App& command);
 
-  /// Fills in what was given and leaves the rest.  Throws InputError for what cannot be read.
-  void fill(CameraForm& form) const;
+  /// What was given.  Throws InputError for what cannot be read.
+  CameraDescription description() const;
 
  private:
   std::optional<std::string> sensor_;
@@ -28,7 +29,7 @@ class CameraFormOptions {
   std::optional<std::string> aperture_;
 };
 
-/// The fault as the user reads it, with the option that mends it.
-std::string textOfFault(const CameraFormFault& fault);
+/// The option that mends a fault there; empty for that of the name.
+std::string_view optionOf(CameraFormField field);
 
 }  // namespace zenivo::cli

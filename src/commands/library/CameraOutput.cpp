@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include "answers/common/CameraFinder.h"
-#include "answers/common/CameraJson.h"
 #include "calculators/camera/CameraValuesFormatter.h"
 #include "calculators/camera/Texts.h"
 
@@ -17,17 +16,6 @@ bool isCocDerived(const AbstractCamera& camera) {
 }
 
 }  // namespace
-
-Json cameraJson(const AbstractCamera& camera, bool isChosen) {
-  Json json = cameraJson(camera);
-  json["cameraId"] =
-      isOwn(camera) ? Json(nullptr) : Json(std::get<std::int64_t>(camera.cameraId.value()));
-  json["brand"] = camera.brand ? Json(*camera.brand) : Json(nullptr);
-  json["model"] = camera.shortModelString();
-  json["cocDerived"] = isCocDerived(camera);
-  json["chosen"] = isChosen;
-  return json;
-}
 
 std::string sensorText(const SensorSize& size) {
   return fmt::format("{} x {} mm", numberWithAtMost(kDecimals, size.width),

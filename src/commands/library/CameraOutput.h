@@ -4,15 +4,10 @@
 
 #include <string>
 
-#include "answers/common/Moments.h"
 #include "calculators/camera/AbstractCamera.h"
 #include "commands/common/Terminal.h"
 
 namespace zenivo::cli {
-
-/// The keys of cli/common/CameraJson.h, and "cameraId", "brand", "model", "cocDerived" and
-/// "chosen".
-Json cameraJson(const AbstractCamera& camera, bool isChosen);
 
 /// "35.9 x 23.9 mm"
 std::string sensorText(const SensorSize& size);

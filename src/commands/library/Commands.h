@@ -4,15 +4,16 @@
 
 #include <memory>
 
+#include "answers/common/Home.h"
 #include "commands/common/Command.h"
 
 namespace zenivo::cli {
 
-std::unique_ptr<Command> makeCamerasCommand();
-std::unique_ptr<Command> makeCameraCommand();
-std::unique_ptr<Command> makePoisCommand();
-std::unique_ptr<Command> makeSettingsCommand();
-std::unique_ptr<Command> makeOpenCommand();
-std::unique_ptr<Command> makeStoreCommand();
+std::unique_ptr<Command> makeCamerasCommand(Home& home);
+std::unique_ptr<Command> makeCameraCommand(Home& home);
+std::unique_ptr<Command> makePoisCommand(Home& home);
+std::unique_ptr<Command> makeSettingsCommand(Home& home);
+std::unique_ptr<Command> makeOpenCommand(Home& home);
+std::unique_ptr<Command> makeStoreCommand(Home& home);
 
 }  // namespace zenivo::cli
