@@ -10,7 +10,6 @@
 #include "answers/calculators/Readout.h"
 #include "answers/common/CalculatorSession.h"
 #include "calculators/TimelapseCalculator.h"
-#include "calculators/TimelapseIntervals.h"
 
 namespace zenivo {
 

@@ -1,12 +1,25 @@
-#include "calculators/DofTable.h"
+#include "calculators/DepthTables.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "app/settings/SettingsKeys.h"
+#include "calculators/camera/Ladders.h"
 #include "calculators/camera/Texts.h"
 
 namespace zenivo {
 namespace {
+
+std::int64_t clampedIndex(std::int64_t index, int count) {
+  return std::clamp<std::int64_t>(index, 0, std::max(count - 1, 0));
+}
+
+/// An offset that is not a number is the start.
+float clampedOffset(float offset, int count) {
+  const auto last = static_cast<float>(std::max(count - 1, 0));
+  return offset > 0 ? std::min(offset, last) : 0;
+}
 
 constexpr LensKeys kDofTableLens{settings::dofTable_focalLength, settings::dofTable_teleconverter,
                                  settings::dofTable_teleconverter2};
@@ -35,7 +48,26 @@ void append(std::vector<float>& distances, const Steps (&steps)[Count], float un
   }
 }
 
+constexpr TablePositionKeys kHyperfocalPosition{
+    settings::hyperfocalTable_offsetX, settings::hyperfocalTable_offsetY,
+    settings::hyperfocalTable_selectedRow, settings::hyperfocalTable_selectedCol};
+
 }  // namespace
+
+TablePosition TablePosition::load(const UserDefaults& defaults, const TablePositionKeys& keys,
+                                  int rows, int columns) {
+  return {clampedOffset(defaults.floatForKey(keys.offsetX), columns),
+          clampedOffset(defaults.floatForKey(keys.offsetY), rows),
+          clampedIndex(defaults.integerForKey(keys.selectedRow), rows),
+          clampedIndex(defaults.integerForKey(keys.selectedCol), columns)};
+}
+
+void TablePosition::save(UserDefaults& defaults, const TablePositionKeys& keys) const {
+  defaults.setFloat(offsetX, keys.offsetX);
+  defaults.setFloat(offsetY, keys.offsetY);
+  defaults.setInteger(selectedRow, keys.selectedRow);
+  defaults.setInteger(selectedCol, keys.selectedCol);
+}
 
 DofTable::DofTable(const CalculatorEnvironment& environment) : CameraCalculator(environment) {}
 
@@ -90,30 +122,31 @@ DofTable::Cell DofTable::cell(std::size_t row, std::size_t column) {
   return {dof_.dofNearLimit(), dof_.dofFarLimit(), dof_.depthOfField()};
 }
 
-std::string DofTable::cellText(std::size_t row, std::size_t column) {
-  const CameraValuesFormatter formatter = environment().formatter();
-  if (row == 0) return formatter.formatDistance(hyperfocal(column), false);
-  const Cell values = cell(row, column);
-  if (type_ == DofTableType::totalDof) return formatter.formatDistance(values.depthOfField, false);
-  return fmt::format("{} – {}", formatter.formatDistance(values.nearLimit, false),
-                     formatter.formatDistance(values.farLimit, false));
+HyperfocalTable::HyperfocalTable(const CalculatorEnvironment& environment)
+    : CameraCalculator(environment) {}
+
+void HyperfocalTable::load() {
+  loadCamera();
+  dof_ = Dof();
+  dof_.setCircleOfConfusion(camera() ? camera()->coc : 0);
+  focalLengths_ = FocalLength::standardFocalLengths();
+  if (isFocalLengthFixed()) focalLengths_ = {camera()->fixedFocalLengthInMetres()};
+  stops_ = stopsOfCamera();
+  position_ =
+      TablePosition::load(defaults(), kHyperfocalPosition, static_cast<int>(focalLengths_.size()),
+                          static_cast<int>(stops_.size()));
 }
 
-std::string DofTable::title() const {
-  const bool imperial = environment().units.currentUnits() == UnitSystem::imperial;
-  return fmt::format("{} ({})",
-                     calculatorText(type_ == DofTableType::totalDof ? "dof_table_total_dof"
-                                                                    : "dof_table_near_far"),
-                     commonText(imperial ? "unit_abbr_ft" : "unit_abbr_m"));
+void HyperfocalTable::save() const {
+  position_.save(defaults(), kHyperfocalPosition);
+  defaults().synchronize();
 }
 
-std::string DofTable::rowHeader(std::size_t row) const {
-  if (row == 0) return calculatorText("dof_hyperfocal_distance");
-  return environment().formatter().formatDistance(distances_[row - 1], false);
-}
-
-std::string DofTable::columnHeader(std::size_t column) const {
-  return CameraValuesFormatter::formatAperture(stops_[column].fstop);
+float HyperfocalTable::hyperfocal(std::size_t row, std::size_t column) {
+  dof_.setFocalLength(focalLengths_[row]);
+  dof_.setAperture(stops_[column]);
+  dof_.calculateDOFValues();
+  return dof_.hyperfocal();
 }
 
 }  // namespace zenivo

@@ -1,4 +1,4 @@
-// The star trail calculator.
+// The calculators of the night: the longest exposure with stars as points, and star trails.
 
 #pragma once
 
@@ -7,9 +7,33 @@
 
 #include "calculators/CameraCalculator.h"
 #include "calculators/models/NightModel.h"
+#include "calculators/models/SpotStarsModel.h"
 #include "foundation/UserDefaults.h"
 
 namespace zenivo {
+
+class SpotStarsCalculator : public CameraCalculator {
+ public:
+  /// Once in the life of the settings, a declination of exactly 35 degrees, which an
+  /// early version put there of its own accord, becomes 0.
+  explicit SpotStarsCalculator(const CalculatorEnvironment& environment);
+
+  /// Takes the inputs from the settings and sensor and fixed values from the current
+  /// camera: to be called whenever the calculator is shown.
+  void load();
+  void save() const { model_.saveUserDefaults(defaults()); }
+
+  const SpotStarsModel& model() const { return model_; }
+
+  // Edits.  What the camera fixes cannot be changed.
+  EditResult setLens(const LensInput& lens);
+  EditResult setAperture(const Aperture& aperture);
+  void setDeclination(float degrees) { model_.setDeclination(degrees); }
+  void setAccuracy(SpotStarsAccuracy accuracy) { model_.setAccuracy(accuracy); }
+
+ private:
+  SpotStarsModel model_;
+};
 
 /// A place on the drawing of the trails, in its units, y downwards.
 struct TrailPoint {
@@ -39,12 +63,6 @@ class StarTrailCalculator {
   /// The angle of a touch about the centre of the trails, from 0 up to 360 degrees,
   /// becomes the angle swept.
   void setAngleByTouch(const TrailPoint& touch, const TrailPoint& circleCenter);
-
-  /// The localised name of the hemisphere whose pole the stars turn about.
-  std::string hemisphereText() const;
-
-  /// Exposure time, angle and hemisphere.
-  std::vector<ResultRow> results() const;
 
  private:
   UserDefaults& defaults_;

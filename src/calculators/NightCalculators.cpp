@@ -1,6 +1,10 @@
-#include "calculators/SpotStarsCalculator.h"
+#include "calculators/NightCalculators.h"
+
+#include <cmath>
+#include <numbers>
 
 #include "app/settings/SettingsKeys.h"
+#include "calculators/camera/CameraValuesFormatter.h"
 #include "calculators/camera/Texts.h"
 
 namespace zenivo {
@@ -17,6 +21,12 @@ const UserDefaults& withCorrectedDeclination(UserDefaults& defaults) {
   defaults.synchronize();
   return defaults;
 }
+
+constexpr float kDefaultExposureTime = 60;
+
+/// The numbers of the hemispheres in the settings.
+constexpr int kNorth = 0;
+constexpr int kSouth = 1;
 
 }  // namespace
 
@@ -53,37 +63,39 @@ EditResult SpotStarsCalculator::setAperture(const Aperture& aperture) {
   return std::nullopt;
 }
 
-std::string SpotStarsCalculator::accuracyText(SpotStarsAccuracy accuracy) {
-  return calculatorText(accuracy == SpotStarsAccuracy::standard
-                            ? "night_spot_stars_accuracy_default"
-                            : "night_spot_stars_accuracy_accurate");
+StarTrailCalculator::StarTrailCalculator(UserDefaults& defaults) : defaults_(defaults) {
+  load();
 }
 
-std::string SpotStarsCalculator::accuracyInfo(SpotStarsAccuracy accuracy) {
-  return calculatorText(accuracy == SpotStarsAccuracy::standard
-                            ? "night_spot_stars_accuracy_default_info"
-                            : "night_spot_stars_accuracy_accurate_info");
+void StarTrailCalculator::load() {
+  const float stored = defaults_.floatForKey(settings::nightStarTrail_exposureTime);
+  model_ = NightModel::initWithExposureTime(
+      stored == 0 ? kDefaultExposureTime : stored,
+      defaults_.integerForKey(settings::nightStarTrail_hemisphere) != kSouth);
+  model_.calculateAngleFromExposureTime();
 }
 
-std::string SpotStarsCalculator::declinationDescription() {
-  return calculatorText("night_spot_stars_declination_description");
+void StarTrailCalculator::save() const {
+  defaults_.setFloat(model_.exposureTime, settings::nightStarTrail_exposureTime);
+  defaults_.setInteger(model_.isNorthHemisphere ? kNorth : kSouth,
+                       settings::nightStarTrail_hemisphere);
+  defaults_.synchronize();
 }
 
-std::string SpotStarsCalculator::resultsTitle() {
-  return calculatorText("night_spot_star_max_exposure_time");
+void StarTrailCalculator::setExposureTime(float seconds) {
+  model_.exposureTime = seconds;
+  model_.calculateAngleFromExposureTime();
 }
 
-std::vector<ResultRow> SpotStarsCalculator::results() const {
-  const auto text = [](float seconds) {
-    return CameraValuesFormatter::formatSpotStarsShutterSpeed(seconds, true);
-  };
-  return {{"night_spot_stars_npf_rule", text(model_.maxExposureTimeWithNPFRule())},
-          {"night_spot_stars_500_rule", text(model_.maxExposureTimeWithRuleOf500())}};
+void StarTrailCalculator::setAngle(float degrees) {
+  model_.angle = degrees;
+  model_.calculateExposureTimeFromAngle();
 }
 
-std::vector<std::string> SpotStarsCalculator::resultInfos() {
-  return {calculatorText("night_spot_stars_npf_rule_info"),
-          calculatorText("night_spot_stars_500_rule_info")};
+void StarTrailCalculator::setAngleByTouch(const TrailPoint& touch, const TrailPoint& circleCenter) {
+  const double angle =
+      std::atan2(touch.y - circleCenter.y, touch.x - circleCenter.x) * 180 / std::numbers::pi;
+  setAngle(static_cast<float>(angle < 0 ? angle + 360 : angle));
 }
 
 }  // namespace zenivo

@@ -1,15 +1,40 @@
-// Depth of field for all distances and apertures.
+// Depth of field and hyperfocal distances for all stops.
 
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "calculators/CameraCalculator.h"
-#include "calculators/TablePosition.h"
 #include "calculators/models/Dof.h"
+#include "foundation/UserDefaults.h"
 
 namespace zenivo {
+
+/// The settings under which a table keeps its position.
+struct TablePositionKeys {
+  std::string_view offsetX;
+  std::string_view offsetY;
+  std::string_view selectedRow;
+  std::string_view selectedCol;
+};
+
+/// The first column and row in view, with fractions of a cell, and the cell selected.
+struct TablePosition {
+  float offsetX = 0;
+  float offsetY = 0;
+  std::int64_t selectedRow = 0;
+  std::int64_t selectedCol = 0;
+
+  /// The stored position, brought into a table of that many rows and columns.
+  static TablePosition load(const UserDefaults& defaults, const TablePositionKeys& keys, int rows,
+                            int columns);
+  void save(UserDefaults& defaults, const TablePositionKeys& keys) const;
+
+  friend bool operator==(const TablePosition&, const TablePosition&) = default;
+};
 
 /// What the cells of the table show, by its number in the settings.
 enum class DofTableType { nearFar = 0, totalDof = 1 };
@@ -51,15 +76,6 @@ class DofTable : public CameraCalculator {
   /// the table.
   Cell cell(std::size_t row, std::size_t column);
 
-  /// The cell in the units in force, without their name: near and far limit as
-  /// "2.5 – 4.1", or the depth.
-  std::string cellText(std::size_t row, std::size_t column);
-
-  /// What the cells show, and the unit: "Near and far limit (m)".
-  std::string title() const;
-  std::string rowHeader(std::size_t row) const;
-  std::string columnHeader(std::size_t column) const;
-
   const TablePosition& position() const { return position_; }
   void setPosition(const TablePosition& position) { position_ = position; }
 
@@ -67,6 +83,32 @@ class DofTable : public CameraCalculator {
   Dof dof_;
   DofTableType type_ = DofTableType::nearFar;
   std::vector<float> distances_;
+  std::vector<Aperture> stops_;
+  TablePosition position_;
+};
+
+/// Rows are focal lengths, columns are stops.  A cell is computed when it is asked for.
+class HyperfocalTable : public CameraCalculator {
+ public:
+  explicit HyperfocalTable(const CalculatorEnvironment& environment);
+
+  /// Takes camera, ladders and position anew: a fixed lens has one row, a fixed
+  /// aperture one column.
+  void load();
+  void save() const;
+
+  const std::vector<float>& focalLengths() const { return focalLengths_; }
+  const std::vector<Aperture>& stops() const { return stops_; }
+
+  /// Metres.  REQUIRES: a row and a column of the table.
+  float hyperfocal(std::size_t row, std::size_t column);
+
+  const TablePosition& position() const { return position_; }
+  void setPosition(const TablePosition& position) { position_ = position; }
+
+ private:
+  Dof dof_;
+  std::vector<float> focalLengths_;
   std::vector<Aperture> stops_;
   TablePosition position_;
 };
