@@ -31,8 +31,8 @@ layer(time USES foundation PACKAGES fmt)
 
 layer(app/settings USES foundation PACKAGES fmt)
 
-layer(store/sqlite PACKAGES sqlite)
-layer(store/model USES foundation store/sqlite PACKAGES fmt openssl sqlite)
+layer(store/model USES foundation PACKAGES fmt openssl)
+layer(store/sqlite USES foundation store/model PACKAGES fmt sqlite)
 layer(store/predicates USES store/model PACKAGES icu)
 layer(store/file USES foundation store/sqlite store/model store/predicates PACKAGES fmt)
 layer(store/graph USES foundation store/model store/predicates store/file)

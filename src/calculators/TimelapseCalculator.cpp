@@ -5,10 +5,10 @@
 #include <limits>
 
 #include "app/settings/SettingsKeys.h"
-#include "calculators/ResourceRow.h"
 #include "calculators/camera/CameraValuesFormatter.h"
 #include "calculators/camera/Texts.h"
 #include "foundation/Bundle.h"
+#include "foundation/KeyedArchive.h"
 #include "foundation/LocalizedString.h"
 #include "foundation/PropertyList.h"
 
@@ -71,11 +71,12 @@ std::vector<TimelapseIntervalRow> timelapseIntervals(const std::filesystem::path
   std::vector<TimelapseIntervalRow> rows;
   const auto list = readPropertyListFile(file);
   if (!list || list->array() == nullptr) return rows;
-  for (const PropertyList& entry : *list->array()) {
-    TimelapseIntervalRow row{textForKey(entry, "Event"), textForKey(entry, "Interval"),
-                             textForKey(entry, "EventDuration"),
-                             numberForKey(entry, "IntervalValue"),
-                             numberForKey(entry, "EventDurationValue")};
+  for (const PropertyList& each : *list->array()) {
+    const KeyedUnarchiver entry(each);
+    TimelapseIntervalRow row{entry.decodeString("Event"), entry.decodeString("Interval"),
+                             entry.decodeString("EventDuration"),
+                             entry.decodeDouble("IntervalValue"),
+                             entry.decodeDouble("EventDurationValue")};
     if (row.intervalValue > 0 && row.eventDurationValue > 0) rows.push_back(std::move(row));
   }
   return rows;

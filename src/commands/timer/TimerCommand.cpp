@@ -51,9 +51,9 @@ TimerReport keptTimer() {
 
 /// Throws std::runtime_error unless the file of the settings holds what the timer stored.
 void expectKept(UserDefaults& defaults) {
-  std::string error;
+  Error error;
   if (!defaults.synchronize(&error)) {
-    throw std::runtime_error("the countdown cannot be kept: " + error);
+    throw std::runtime_error("the countdown cannot be kept: " + error.description);
   }
 }
 
