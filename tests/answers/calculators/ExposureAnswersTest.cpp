@@ -32,8 +32,8 @@ TEST_F(ExposureAnswers, ChartsOfNeutralDensityFilters) {
     const char* filter;
     float bare;
     double seconds;
-  } cases[] = {{"ND1000", 1 / 60.F, 16}, {"ND3.0", 1 / 125.F, 8},      {"10 stops", 1 / 8.F, 128},
-               {"10", 1, 17 * 60},       {"ND64", 1 / 125.F, 1 / 2.0}, {"ND1.8", 1 / 30.F, 2},
+  } cases[] = {{"ND1000", 1 / 60.F, 16},   {"ND3.0", 1 / 125.F, 8},      {"10 stops", 1 / 8.F, 128},
+               {"10", 1, 17 * 60},         {"ND64", 1 / 125.F, 1 / 2.0}, {"ND1.8", 1 / 30.F, 2},
                {"15 stops", 1 / 60.F, 546}};
   for (const auto& [filter, bare, seconds] : cases) {
     EXPECT_NEAR(ask(shutterOf(bare, filter)).shot.shutterSpeed(), seconds, seconds * 0.07)
@@ -167,9 +167,9 @@ TEST_F(ExposureAnswers, TimelapseArithmetic) {
     EXPECT_DOUBLE_EQ(json["inputs"][key]["value"], value);
     EXPECT_EQ(json["results"]["numberOfPhotos"]["value"], photos);
   }
-  EXPECT_EQ(jsonOf(TimelapseQuestion{.interval = 5, .duration = 3600, .imageSize = 20})["results"]
-                  ["memoryUsage"]
-                      .dump(),
+  EXPECT_EQ(jsonOf(TimelapseQuestion{
+                .interval = 5, .duration = 3600, .imageSize = 20})["results"]["memoryUsage"]
+                .dump(),
             R"({"value":14400.0,"unit":"MB","text":"14.06 GB"})");
 }
 

@@ -111,8 +111,7 @@ TEST_F(LensAnswers, AnInfiniteDepthHasNoMatchingAperture) {
 TEST_F(LensAnswers, ACameraThatHasGoneIsNamed) {
   session_.settings().setObject("sold", settings::global_camera);
   session_.settings().setObject("sold", settings::global_camera_model);
-  const std::string reason =
-      "the camera \"sold\" is no longer there; choose one with --camera";
+  const std::string reason = "the camera \"sold\" is no longer there; choose one with --camera";
   EXPECT_EQ(refusalOf(DofQuestion()), reason);
   EXPECT_EQ(refusalOf(DofTableQuestion()), reason);
   EXPECT_EQ(refusalOf(HyperfocalQuestion()), reason);
