@@ -29,7 +29,7 @@ TEST_F(CalculatorCommands, TextsOfEach) {
       {"fov --focal 50mm --portrait", {"portrait", "39.60°", "26.99°"}},
       {"fov distance --height 324m", {"Height of the object", "324 m"}},
       {"match --to 'Fujifilm X-T4'", {"Fujifilm X-T4\n", "Same depth of field"}},
-      {"stars --focal 25mm", {"500 rule", "20s"}},
+      {"stars --focal 25mm", {"Rule of 500", "19.94s"}},
       {"trails --time 1h", {"15.04°", "North"}},
       {"exposure --test-shutter 1/60 --filter ND1000", {"17s (solved)", "10 stops"}},
       {"exposure values", {"f/8, ISO 100", "Full Moon"}},

@@ -64,10 +64,13 @@ Readout readout(const StarsReport& report) {
                      {"ruleOf500", calculatorText("night_spot_stars_500_rule"),
                       longestTime(model.maxExposureTimeWithRuleOf500())}};
   if (explains) {
-    readout.notes = {calculatorText("night_spot_stars_npf_rule_info"),
-                     calculatorText("night_spot_stars_500_rule_info"),
-                     calculatorText(accuracyInfoKey(model.accuracy())),
-                     calculatorText("night_spot_stars_declination_description")};
+    const auto explain = [&readout](const std::string& label, const std::string& info) {
+      readout.notes.push_back(label + ": " + info);
+    };
+    explain(readout.results[0].label, calculatorText("night_spot_stars_npf_rule_info"));
+    explain(readout.results[1].label, calculatorText("night_spot_stars_500_rule_info"));
+    explain("Accuracy", calculatorText(accuracyInfoKey(model.accuracy())));
+    explain("Declination", calculatorText("night_spot_stars_declination_description"));
   }
   return readout;
 }

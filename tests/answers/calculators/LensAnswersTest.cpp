@@ -97,7 +97,7 @@ TEST_F(LensAnswers, CamerasThatFixTheLens) {
   question.lens = lensOfMillimetres(50);
   EXPECT_THAT(refusalOf(question), HasSubstr("The lens of this camera"));
   EXPECT_EQ(ask(HyperfocalQuestion{"Ricoh GR III", {}, {{}, true}}).rows.size(), 1U);
-  const Json match = jsonOf(MatchQuestion{{}, "Apple iPhone 11", lensOfMillimetres(50), {}, {}});
+  const Json match = jsonOf(MatchQuestion{kFullFrameCamera, "Apple iPhone 11", lensOfMillimetres(50), {}, {}});
   EXPECT_EQ(match["results"]["diagonal"].dump(), R"({"value":null,"unit":"mm","text":"--"})");
 }
 
