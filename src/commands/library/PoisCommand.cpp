@@ -15,8 +15,10 @@
 namespace zenivo::cli {
 namespace {
 
-Location placeFrom(const std::string& text) {
-  return looksLikeCoordinates(text) ? parseCoordinates(text) : findPlace(GeoNames(), text).location;
+Coordinate placeFrom(const std::string& text) {
+  const ZVLocation place =
+      looksLikeCoordinates(text) ? parseCoordinates(text) : findPlace(GeoNames(), text).location;
+  return place.coordinate;
 }
 
 class PoisCommand : public Command {
