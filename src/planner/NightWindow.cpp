@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "time/DateEphemeris.h"
+
 namespace zenivo {
 namespace {
 
@@ -16,11 +18,16 @@ bool beginsBeforeDusk(const SunEvent& day) {
          twilight.mjdEnd() < twilight.mjdStart();
 }
 
-/// It does not get dark today, or it is dark all day long: neither has a night with
-/// a dusk and a dawn.
-bool hasNoNight(const SunEvent& today) {
-  return today.astronomicalTwilight.mjdEnd() == kAlwaysBelow ||
-         today.astronomicalTwilight.mjdStart() == kAlwaysAbove;
+bool neverGetsDark(const SunEvent& day) {
+  return day.astronomicalTwilight.mjdStart() == kAlwaysAbove;
+}
+
+bool isDarkAllDay(const SunEvent& day) {
+  return day.astronomicalTwilight.mjdStart() == kAlwaysBelow;
+}
+
+double midnightOf(const SunEvent& day) {
+  return modifiedJulianDay(Date::withTimeIntervalSinceReferenceDate(day.date));
 }
 
 std::optional<NightWindow> nightFrom(double dusk, double dawn) {
@@ -28,14 +35,20 @@ std::optional<NightWindow> nightFrom(double dusk, double dawn) {
   return NightWindow{dusk, dawn};
 }
 
+/// The dawn that a day has: its beginning when it is dark all day.
+double dawnOf(const SunEvent& day) {
+  return isDarkAllDay(day) ? midnightOf(day) : day.astronomicalTwilight.mjdStart();
+}
+
 }  // namespace
 
 std::optional<NightWindow> nightEndingToday(std::span<const SunEvent, 3> sunEvents) {
   const SunEvent& yesterday = sunEvents[0];
   const SunEvent& today = sunEvents[1];
-  if (hasNoNight(today)) return std::nullopt;
-  const double dawn = today.astronomicalTwilight.mjdStart();
+  if (neverGetsDark(today)) return std::nullopt;
+  const double dawn = dawnOf(today);
   if (beginsBeforeDusk(today)) return nightFrom(today.astronomicalTwilight.mjdEnd(), dawn);
+  if (isDarkAllDay(yesterday)) return nightFrom(midnightOf(yesterday), dawn);
   const double second = secondDusk(yesterday);
   return nightFrom(drawEventAtMjd(second) ? second : yesterday.astronomicalTwilight.mjdEnd(), dawn);
 }
@@ -43,9 +56,10 @@ std::optional<NightWindow> nightEndingToday(std::span<const SunEvent, 3> sunEven
 std::optional<NightWindow> nightBeginningToday(std::span<const SunEvent, 3> sunEvents) {
   const SunEvent& today = sunEvents[1];
   const SunEvent& tomorrow = sunEvents[2];
-  if (hasNoNight(today)) return std::nullopt;
-  const double dawn = tomorrow.astronomicalTwilight.mjdStart();
+  if (neverGetsDark(today)) return std::nullopt;
+  const double dawn = dawnOf(tomorrow);
   if (beginsBeforeDusk(tomorrow)) return nightFrom(tomorrow.astronomicalTwilight.mjdEnd(), dawn);
+  if (isDarkAllDay(today)) return nightFrom(midnightOf(today), dawn);
   const double dusk = std::max(today.astronomicalTwilight.mjdEnd(), secondDusk(today), mjdIsBefore);
   return nightFrom(dusk, dawn);
 }

@@ -10,7 +10,8 @@
 namespace zenivo {
 
 /// From dusk to dawn: the Sun below -18 degrees.  `dusk` is a moment; `dawn` is one
-/// or a sentinel.
+/// or a sentinel.  A day that is dark from midnight to midnight has neither: the night that
+/// begins on it begins with the day, and the one that ends on it ends there.
 struct NightWindow {
   double dusk = 0;
   double dawn = 0;

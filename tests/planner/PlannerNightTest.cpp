@@ -52,6 +52,26 @@ TEST_F(PlannerNight, MidnightDoesNotChangeTheNight) {
   EXPECT_GE(secondDusks, 2);
 }
 
+// Within five degrees of the South Pole it stays dark for weeks, and the galactic centre,
+// 29 degrees south, never sets: whenever it is dark the window holds the moment.
+TEST_F(PlannerNight, PolarNightIsNightAtAnyHour) {
+  for (const double latitude : {-85.5, -87.0, -90.0}) {
+    Session session(ZVObserver(Coordinate{latitude, 15}), TimeZone(), dateIn("GMT", 2026, 4, 1));
+    int dark = 0;
+    for (int hours = 0; hours < 160 * 24; hours += 7) {
+      session->setCurrentDate(dateIn("GMT", 2026, 4, 1, hours));
+      if (session->getSunPosition().elevation_ > -18.2) continue;
+      ++dark;
+      const MilkyWayEvent& event = session->getCurrentMilkyWayEvent();
+      const double now = modifiedJulianDay(session->currentDate());
+      EXPECT_LE(event.mjdVisibilityFrom, now) << latitude << " " << hours;
+      EXPECT_GE(event.mjdVisibilityTo, now) << latitude << " " << hours;
+      EXPECT_GT(event.visibilityFromElevation, 20) << latitude << " " << hours;
+    }
+    EXPECT_GT(dark, 200) << latitude;
+  }
+}
+
 TEST_F(PlannerNight, NoDarkNightNoMilkyWay) {
   for (const auto& [latitude, month] : {std::pair{58.0, 6}, {65.0, 1}, {-70.0, 12}}) {
     const Session session(ZVObserver(Coordinate{latitude, 0}), TimeZone(),
