@@ -169,6 +169,11 @@ PtPolar MeteorShower::radiantPositionAtMjd(double mjd, double deltaT, double sol
 double MeteorShower::calculateMeteorsPerHourWithSolarLongitude(double solarLongitude,
                                                                double radiantElevation,
                                                                double limitingMagnitude) const {
+  // ZHR is what is seen of the stream's middle with the radiant in the zenith and stars of
+  // 6.4 at the limit.  It is less by the sine of the radiant's altitude, for the stream then
+  // comes in aslant; by r for each magnitude that the sky takes away; and by how far the Earth
+  // is from the stream's middle, whose density falls off as a Lorentzian of full width w.
+  //
   // The Earth's attraction lifts the radiant toward the zenith, that of slow meteors most
   // (Gural, WGN 29, 2001, 134).
   constexpr double kEscapeSpeedSquared = 123.06;  // km2/s2, at the height of meteors

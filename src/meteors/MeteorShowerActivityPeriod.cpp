@@ -16,6 +16,10 @@ bool MeteorShowerActivityPeriod::isUpcoming(Date date) const {
   return days >= 0.0 && days <= kDaysAhead;
 }
 
+bool MeteorShowerActivityPeriod::containsPredictedPeak() const {
+  return contains(dateFromModifiedJulianDay(peakMjd, true));
+}
+
 double MeteorShowerActivityPeriod::bestKnownPeakMjd() const {
   return hasRealPeak() && drawEventAtMjd(realPeakMjd) ? realPeakMjd : peakMjd;
 }

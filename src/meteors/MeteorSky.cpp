@@ -13,7 +13,7 @@ namespace {
 constexpr double kRelativeHumidity = 40.0;  // percent
 constexpr double kAirTemperature = 15.0;    // degrees Celsius
 /// Where no Moon stands: 89 degrees down, and dark.
-constexpr double kNoMoonElevation = -1.5533430342749532;
+constexpr double kNoMoonElevation = -89.0 * kDegree;
 
 }  // namespace
 

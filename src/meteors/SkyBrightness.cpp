@@ -26,12 +26,16 @@ constexpr std::array<BandConstants, 5> kBandConstants{{
     {0.9, -12.7, 0.0, 0.015, 3e-13, -1.17, -27.55},    // I
 }};
 
-constexpr double kAstronomicalDusk = -0.3141592653589793;  // -18 degrees
-constexpr double kZenithAirMass = 0.9999995824576546;
-/// Light scattered from 180 degrees away, for the Sun and the Moon alike: the rest of
-/// the model is for the zenith, and this makes it independent of where they stand.
+constexpr double kAstronomicalDusk = -18.0 * kDegree;
+constexpr double kZenithAirMass = 0.9999995824576546;   // 1 / (1 + 0.025 e^-11)
+constexpr double kZenithGasMass = 0.9999992124581687;   // 1 / (1 + 0.0286 e^-10.5)
+constexpr double kZenithDustMass = 0.9999999999997184;  // 1 / (1 + 0.0123 e^-24.5)
+/// Light scattered from an angle of r degrees away is
+///   10^(6.15 - r / 40) + 6.2e7 / r^2 + 10^5.36 (1.06 + cos^2 r):
+/// haze close to the source, its aureole, and the air's own scattering.  Taken at 180
+/// degrees for the Sun and the Moon alike, as the rest of the model is for the zenith.
 constexpr double kScattering = 473876.98507629026;
-constexpr double kMultipleScattering = 440000.0;
+constexpr double kMultipleScattering = 440000.0;  // from all sides, once per extinction
 
 /// Flux ratio of a difference in magnitudes.
 double dimmed(double magnitudes) {
@@ -39,10 +43,11 @@ double dimmed(double magnitudes) {
 }
 
 double zenithDistance(double azimuth, double elevation) {
-  constexpr double kCosineOfZenith = 6.123233995736766e-17;
+  constexpr double kCosineOfZenith = 6.123233995736766e-17;  // cos(pi / 2) as a double
   return std::acos(std::sin(elevation) + std::cos(elevation) * std::cos(azimuth) * kCosineOfZenith);
 }
 
+/// 1 / cos z, which a term that counts near the horizon keeps finite: 40 on it.
 double airMass(double zenithDistance) {
   constexpr double kBelowTheHorizon = 40.0;
   if (zenithDistance > kPi / 2.0) return kBelowTheHorizon;
@@ -55,6 +60,7 @@ double scattered(double transmitted) {
   return kScattering * transmitted + kMultipleScattering * (1.0 - transmitted);
 }
 
+/// From -12.73 when full, the phase angle in degrees: the opposition surge is left out.
 double moonMagnitude(double phaseIllumination) {
   const double phaseAngle = std::abs((1.0 - phaseIllumination) * 180.0);
   return -12.73 + 0.026 * phaseAngle + 4e-9 * std::pow(phaseAngle, 4.0);
@@ -62,6 +68,12 @@ double moonMagnitude(double phaseIllumination) {
 
 }  // namespace
 
+// Extinction is the sum of four, each in magnitudes per air mass:
+//   air molecules   0.1066 e^(-H/8200) u^-4          u: wavelength over that of V
+//   dust            0.1 e^(-H/1500) u^-1.3, more in humid air, more in summer
+//   ozone           a band's, with latitude and season
+//   water vapour    a band's, with humidity and temperature, e^(-H/8200)
+// H is the height in metres.  Summer is where sin(season) has the sign of the latitude.
 SkyModel::SkyModel(std::int64_t year, int month, const ZVLocation& location,
                    double relativeHumidity, double airTemperature)
     : solarCycle_(1.0 + 0.3 * std::cos(static_cast<double>(year - 1992) * 6.283 / 11.0)) {
@@ -83,11 +95,18 @@ SkyModel::SkyModel(std::int64_t year, int month, const ZVLocation& location,
     const double rayleigh = 0.1066 * thinAir * std::pow(u, -4.0);
     const double aerosol = aerosols * std::pow(u, -1.3);
     extinction_[i] = rayleigh + aerosol + band.ozone * ozone + band.water * water;
-    zenithLoss_[i] = rayleigh * 0.9999992124581687 + aerosol * 0.9999999999997184 +
-                     band.ozone * ozone + band.water * water * 0.9999992124581687;
+    zenithLoss_[i] = rayleigh * kZenithGasMass + aerosol * kZenithDustMass + band.ozone * ozone +
+                     band.water * water * kZenithGasMass;
   }
 }
 
+// A light of magnitude m in a band with zero point m0 arrives as 10^(-0.4 (m - m0 + 43.27)),
+// is dimmed by 10^(-0.4 K X) along its X air masses, and of what comes from the side the air
+// over the observer throws down the part 1 - 10^(-0.4 K) that it takes out.  By day and by
+// moonlight that is all; in twilight, with the Sun below the horizon, the glow loses a
+// magnitude a degree instead, and falls off as 100 / r, r again 180 degrees.  The
+// darker of day and twilight is the one that holds.  Below it lies the glow of the dark sky,
+// which breathes with the Sun's activity.
 double SkyModel::zenithBrightness(SkyBand skyBand, const SkyLights& lights) const {
   constexpr double kUnit = 1e12;
   const auto i = static_cast<std::size_t>(skyBand);
@@ -97,7 +116,7 @@ double SkyModel::zenithBrightness(SkyBand skyBand, const SkyLights& lights) cons
 
   const double transmitted = dimmed(extinction_[i] * kZenithAirMass);
   const double twilight = dimmed(band.sun - band.zeroPoint + 32.5 - lights.sunElevation / kDegree) *
-                          0.5555555555555556 * (1.0 - transmitted);
+                          (100.0 / 180.0) * (1.0 - transmitted);
   const double daylight = dimmed(band.sun - band.zeroPoint + 43.27) * (1.0 - transmitted) *
                           scattered(dimmed(extinction_[i] * sunAirMass));
   double brightness = std::min(daylight, twilight) + solarCycle_ * band.darkSky * transmitted;
@@ -110,6 +129,8 @@ double SkyModel::zenithBrightness(SkyBand skyBand, const SkyLights& lights) cons
   return brightness * kUnit;
 }
 
+// Hecht's formula for the threshold of the eye, in footcandles, on a background of B
+// nanolamberts: c1 (1 + sqrt(c2 B))^2, once for rods and once for cones.
 double SkyModel::limitingMagnitude(const SkyLights& lights) const {
   constexpr double kUnitsPerNanolambert = 0.00111;
   constexpr double kSunMagnitude = -26.74;
@@ -120,6 +141,7 @@ double SkyModel::limitingMagnitude(const SkyLights& lights) const {
   const double nanolamberts = zenithBrightness(SkyBand::V, lights) / kUnitsPerNanolambert;
   if (nanolamberts < 0.0) return kSunMagnitude;
   const bool rods = nanolamberts < kRodVisionBelow;
+  // 10^-9.8 and 10^-1.9; 10^-8.35 and 10^-5.9.
   const double c1 = rods ? 1.584893192461111e-10 : 4.4668256362516596e-09;
   const double c2 = rods ? 0.012589254117941675 : 1.2589254117941661e-06;
   const double threshold = c1 * std::pow(1.0 + std::sqrt(c2 * nanolamberts), 2.0);

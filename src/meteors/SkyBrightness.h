@@ -1,5 +1,9 @@
 // How bright the sky is, and which stars it leaves to the eye.
 //
+// Error: half a magnitude of the limit by night and one by day, against what observers report
+// (under a full and a half Moon, at sunset, at noon).
+// Special cases: from the moment both lights are down (the Sun at -18 degrees) the limit is
+// 6.4 whatever the brightness says; without a known altitude the place is at sea level.
 // Source: B. E. Schaefer, "To the Visual Limits", Sky & Telescope 95-5 (1998) 57, and
 // Krisciunas & Schaefer, PASP 103 (1991) 1033, for a point at the zenith.
 

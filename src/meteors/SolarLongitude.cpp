@@ -68,6 +68,10 @@ double sum(std::span<const Term> series, double tau) {
 
 }  // namespace
 
+// The Earth's heliocentric longitude in the frame of J2000.0, turned by half a circle: its mean
+// longitude, linear in time but for a small square, and the series of VSOP87 for what its
+// ellipse (the first two terms) and the planets add.  Terms below 1.3e-6 radians are left
+// out, and so is aberration: streams are told by the geometric longitude.
 double calculateSolarLongitudeForMjd(double mjd) {
   constexpr double kDaysPerMillennium = 365250.0;
   const double tau = (mjd - kMjdJ2000) / kDaysPerMillennium;
@@ -80,6 +84,11 @@ double calculateSolarLongitudeForMjd(double mjd) {
   return reduced < 0.0 ? reduced + 360.0 : reduced;
 }
 
+// The Sun's longitude grows by 360 degrees in 365.2564 days, so that lambda is reached
+// 58.13165 days a radian after a start that every year moves by an anomalistic year.  The
+// first sine is the equation of the centre turned round, in days (2 e / n), its phase the longitude
+// of perihelion; the second its next harmonic (3/4 e^2 / n); the last term is the difference of the
+// anomalistic and the sidereal year, which the mid-month stands for.
 double predictedPeakMjd(double solarLongitude, std::int64_t year, int month) {
   constexpr double kYear = 365.2596358;  // anomalistic, days
   constexpr double kFarthestFromMidMonth = 50.0;

@@ -12,6 +12,12 @@ bool isWest(const Coordinate& point) {
   return point.longitude < 0;
 }
 
+/// On the sphere with the pole, the circle's centre (latitude f) and the point, whose distance
+/// from the centre is r and its direction b: by the law of cosines
+///   sin(latitude) = sin f cos r + cos f sin r cos b,
+/// and for the difference in longitude, with both legs over cos(latitude) so that the
+/// quadrant is kept,
+///   tan = sin b sin r cos f / (cos r - sin f sin(latitude)).
 /// The point of the circle in that direction (radians from north through east)
 /// from its centre.
 Coordinate pointOfCircle(double latitude, double longitude, double radius, double bearing) {
@@ -51,7 +57,7 @@ void arrangeForMap(TerminatorCircle& circle) {
 }  // namespace
 
 double terminatorElevation(std::size_t circle) {
-  constexpr double kSunset = -0.013962634015954637;  // -0.8 degrees
+  constexpr double kSunset = -0.8 * kDegree;
   return circle == 1 ? kSunset : (1.0 - static_cast<double>(circle)) * 6.0 * kDegree;
 }
 

@@ -28,6 +28,10 @@ double terminatorElevation(std::size_t circle);
 /// A circle that runs around the Earth, one that holds just one of the poles, comes
 /// from west to east, its first point the first after the date line.  One that
 /// closes on the map keeps the order of a loop.
+///
+/// Error: the Sun's geometric elevation at each point is right to 1e-9 degree on the sphere.
+/// Special cases: around a pole every point has the longitude that its bearing gives.
+/// Source: spherical trigonometry; the derivation stands with pointOfCircle.
 void fillTerminatorLine(TerminatorLine& line, double declination, double longitude);
 
 }  // namespace zenivo

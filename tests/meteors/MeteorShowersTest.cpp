@@ -114,6 +114,24 @@ TEST(MeteorShowers, ActiveAndUpcoming) {
   EXPECT_EQ(codes(catalogue.majorShowers()), "SDA PER ORI LEO GEM URS QUA LYR ETA ");
 }
 
+// A stream's dates move by a day in 72 years: the sidereal year is 0.0142 days longer than
+// the calendar's.
+TEST(MeteorShowers, PeaksLeaveTheDatesOfOurTime) {
+  MeteorShowers catalogue(std::nullopt);
+  const auto outside = [&](std::int64_t year) {
+    catalogue.calculateMeteorShowersActivitiesWithYear(year, gmtCachedCalendar());
+    int count = 0;
+    for (const auto& shower : catalogue.showers()) {
+      const auto* period = std::as_const(*shower).activityPeriodForYear(year);
+      count += period != nullptr && !period->containsPredictedPeak();
+    }
+    return count;
+  };
+  for (std::int64_t year = 1937; year < 2100; ++year) EXPECT_EQ(outside(year), 0) << year;
+  EXPECT_EQ(outside(1583), 8);
+  EXPECT_EQ(outside(2300), 8);
+}
+
 TEST(MeteorShowers, TheOrderKnowsShowersWithoutPeriods) {
   MeteorShowers catalogue(kTeide);
   const MeteorShower& none = showerWithCode(catalogue, "LYR");
