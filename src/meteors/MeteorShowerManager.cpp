@@ -2,14 +2,35 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
+#include <tuple>
 #include <utility>
 
 #include "engine/Angles.h"
+#include "engine/MoonlessHours.h"
 #include "meteors/MeteorSky.h"
 #include "meteors/SolarLongitude.h"
 #include "time/DateEphemeris.h"
 
 namespace zenivo {
+
+namespace {
+
+/// Place in a list of showers: by class, then by peak; those without a period last.
+auto listRank(const MeteorShower& shower, Date date) {
+  const MeteorShowerActivityPeriod* period = shower.currentOrNextActivityPeriodFromDate(date);
+  return std::tuple(shower.showerClass, period == nullptr,
+                    period == nullptr ? Date() : period->bestKnownPeakDate());
+}
+
+MeteorShowers::List inListOrder(MeteorShowers::List list, Date date) {
+  std::ranges::stable_sort(list, [&](const auto& lhs, const auto& rhs) {
+    return listRank(*lhs, date) < listRank(*rhs, date);
+  });
+  return list;
+}
+
+}  // namespace
 
 using ephemeris::PtMoon;
 using ephemeris::PtSun;
@@ -26,35 +47,25 @@ MeteorShowerManager::MeteorShowerManager(const LocationInfoData& data, std::int6
     : LocationInfoTesselManager(data),
       inCalendarMode_(calendarMode),
       meteorShowerIdToCalculate_(filterByShower),
-      cache_(std::move(cache)),
-      meteorShowers_(location()) {
+      meteorShowers_(location()),
+      peaks_(meteorShowers_, std::move(cache)) {
   createBodies();
-  if (cache_) cache_->setPlace(peakPlace());
+  peaks_.setPlace(location(), calendar());
   setActivitiesYear(yearValue(currentDate(), calendar()));
   if (!inCalendarMode_) recalculateAll();
 }
 
 MeteorShowerManager::~MeteorShowerManager() {
   pendingPeaks_ = {};
-  alive_.reset();
-  supersedePeaks();
 }
 
 void MeteorShowerManager::setDelegate(std::weak_ptr<MeteorShowerManagerDelegate> delegate) {
   delegate_ = std::move(delegate);
 }
 
-PeakPlace MeteorShowerManager::peakPlace() const {
-  return {.coordinate = location() ? location()->coordinate : kInvalidCoordinate,
-          .zone = calendar().timeZone().name()};
-}
-
 void MeteorShowerManager::createBodies() {
-  sun_.reset();
-  moon_.reset();
-  if (!location()) return;
-  sun_.emplace(location()->getPtPosition());
-  moon_.emplace(location()->getPtPosition());
+  bodies_.reset();
+  if (location()) bodies_.emplace(location()->getPtPosition());
 }
 
 bool MeteorShowerManager::shouldCalculateInfoFor(const MeteorShower& shower) const {
@@ -63,8 +74,8 @@ bool MeteorShowerManager::shouldCalculateInfoFor(const MeteorShower& shower) con
 
 void MeteorShowerManager::setActivitiesYear(std::int64_t year) {
   activitiesYear_ = year;
-  supersedePeaks();
-  const std::lock_guard lock(readLock_);
+  peaks_.supersede();
+  const auto lock = peaks_.lockCatalogue();
   meteorShowers_.calculateMeteorShowersActivitiesWithYear(year, calendar());
 }
 
@@ -78,19 +89,18 @@ void MeteorShowerManager::recalculateAll() {
 void MeteorShowerManager::updateLocation(const std::optional<ZVLocation>& newLocation) {
   setLocation(newLocation);
   createBodies();
-  supersedePeaks();
+  const bool isFar = peaks_.setPlace(location(), calendar());
   {
-    const std::lock_guard lock(readLock_);
+    const auto lock = peaks_.lockCatalogue();
     meteorShowers_.setLocation(location());
-    // Without a cache nothing tells how far the peaks' place is.
-    if (!cache_ || cache_->setPlace(peakPlace())) meteorShowers_.clearPeaksInfo();
+    if (isFar) meteorShowers_.clearPeaksInfo();
   }
   if (!inCalendarMode_) recalculateAll();
 }
 
 void MeteorShowerManager::timeZoneUpdated(const TimeZone& zone) {
   setTimeZone(zone);
-  if (cache_) cache_->setPlace(peakPlace());
+  peaks_.setPlace(location(), calendar());
   setActivitiesYear(yearValue(currentDate(), calendar()));
   if (!inCalendarMode_) recalculateAll();
 }
@@ -134,10 +144,10 @@ void MeteorShowerManager::calculateRealTimeData() {
   isSupermoon_ = false;
   currentMeteorRate_ = 0;
   limitingMagnitude_ = 0;
-  if (!hasBodies()) return;
+  if (!bodies_) return;
   const MeteorMoment day = momentOfDay(mjdStart(), calendar());
   const MeteorSky sky = MeteorSkyModel(*location(), day.year, day.month)
-                            .skyAt(currentMjdDate(), deltaT(), *sun_, *moon_);
+                            .skyAt(currentMjdDate(), deltaT(), bodies_->sun, bodies_->moon);
   limitingMagnitude_ = sky.limitingMagnitude;
   currentMeteorRate_ = static_cast<float>(rateOfActiveShowers(sky, nullptr).rate);
   for (const auto& shower : meteorShowers_.showers()) {
@@ -145,9 +155,10 @@ void MeteorShowerManager::calculateRealTimeData() {
     shower->updateMeteorsPerHourWithSolarLongitude(sky.solarLongitude, radiant.elevation_ * kDegree,
                                                    sky.limitingMagnitude);
   }
-  moonPhase_ = moonPhaseDataForMjd(sky.mjd, sky.deltaT, *sun_, *moon_, currentDate(), calendar());
-  moonPosition_ = moon_->horizontal();
-  isSupermoon_ = isSupermoonAtPhase(moonPhase_, *moon_, calendar());
+  moonPhase_ = moonPhaseDataForMjd(sky.mjd, sky.deltaT, bodies_->sun, bodies_->moon, currentDate(),
+                                   calendar());
+  moonPosition_ = bodies_->moon.horizontal();
+  isSupermoon_ = isSupermoonAtPhase(moonPhase_, bodies_->moon, calendar());
 }
 
 void MeteorShowerManager::calculateMeteorShowerActivitesForYear(std::int64_t year, bool updates) {
@@ -155,7 +166,7 @@ void MeteorShowerManager::calculateMeteorShowerActivitesForYear(std::int64_t yea
   recalculateTwilightsAndNightTimes(DayShift::all);
   if (activitiesYear_ != year) setActivitiesYear(year);
   {
-    const std::lock_guard lock(readLock_);
+    const auto lock = peaks_.lockCatalogue();
     meteorShowers_.sortShowersForMjd(currentMjdDate());
   }
   calculateCurrentLocationShowersPeaks(updates);
@@ -180,7 +191,7 @@ void MeteorShowerManager::selectMeteorShower(const std::shared_ptr<MeteorShower>
 bool MeteorShowerManager::isPeakDay(const MeteorShower& shower) const {
   const MeteorShowerActivityPeriod* period = shower.currentActivityPeriodAtDate(currentDate());
   if (period == nullptr || !period->hasRealPeak()) return false;
-  const auto [earlier, later] = std::minmax({meteorMjdPeakThreshold_, currentMjdDate()});
+  const auto [earlier, later] = std::minmax({threeDays_.threshold(), currentMjdDate()});
   return period->realPeakMjd >= earlier && period->realPeakMjd <= later;
 }
 
@@ -218,6 +229,198 @@ MeteorRates MeteorShowerManager::calculateActiveMeteorsRateForMeteorShower(
   if (!location()) return {};
   const MeteorSkyModel model(*location(), atMoment.year, atMoment.month);
   return ratesOfShower(shower, model.skyAt(atMoment.mjd, atMoment.deltaT, sun, moon));
+}
+
+// The three days and the night that concerns the moment.
+
+void MeteorShowerManager::recalculateTwilightsAndNightTimes(DayShift shift) {
+  threeDays_.moveTo(currentDate(), calendar(), bodies_ ? &*bodies_ : nullptr, shift,
+                    !inCalendarMode_);
+}
+
+void MeteorShowerManager::calculateElevationsForSelectedMeteorShower(DayShift shift) {
+  if (inCalendarMode_) return;
+  const auto calculate = [this](DayIndex index) {
+    calculateSelectedMeteorShowerElevationsAndTotalRate(threeDays_.day(index));
+  };
+  if (shift != DayShift::right) calculate(Yesterday);
+  if (shift == DayShift::all) calculate(Today);
+  if (shift != DayShift::left) calculate(Tomorrow);
+}
+
+void MeteorShowerManager::calculateSelectedMeteorShowerElevationsAndTotalRate(
+    MeteorDayInfoData& day) {
+  if (!bodies_) return;
+  MeteorMoment moment = momentOfDay(day.mjdStart, calendar());
+  for (MeteorGraphInfoAtMjd& info : day.elevationsAndRates) {
+    moment.mjd = info.mjd;
+    info.meteorElevation = 0;
+    info.rate = static_cast<float>(
+        calculateActiveMeteorsRateAtMjd(moment, &info, bodies_->sun, bodies_->moon).rate);
+  }
+}
+
+/// Midnight of the day in whose evening the night concerned begins.
+double MeteorShowerManager::mjdOfEvening() const {
+  return currentDayInfoForMilkyWayInfo().mjdStart;
+}
+
+void MeteorShowerManager::calculateMoonlessHours() {
+  moonlessHours_ = 0;
+  if (!bodies_ || (inCalendarMode_ && meteorShowerIdToCalculate_ < 0)) return;
+  const bool lastNight = threeDays_.isLastNight(currentMjdDate());
+  const Date evening =
+      lastNight ? dateByAddingNumberOfDays(currentDate(), -1, calendar()) : currentDate();
+  moonlessHours_ = static_cast<float>(
+      moonlessHoursForNightAtDate(evening, bodies_->sun, bodies_->moon, calendar()));
+}
+
+void MeteorShowerManager::recalculateDataOnThresholdCross(DayShift shift) {
+  const bool lastNight = threeDays_.isLastNight(currentMjdDate());
+  const auto activeIds = [this] {
+    std::set<std::int64_t> ids;
+    for (const auto& shower : activeShowers()) ids.insert(shower->meteorId);
+    return ids;
+  };
+  const std::set<std::int64_t> oldActiveIds = activeIds();
+  {
+    const auto lock = peaks_.lockCatalogue();
+    meteorShowers_.refreshActiveMeteorShowersForMjd(currentMjdDate() - (lastNight ? 1.0 : 0.0));
+  }
+  // The curves of the days that stay show the rate of the showers then active.
+  if (activeIds() != oldActiveIds) shift = DayShift::all;
+  if (meteorShowerIdToCalculate_ >= 0) {
+    refreshSelectedMeteorShower();
+    calculateElevationsForSelectedMeteorShower(shift);
+  } else {
+    updateActiveAndUpcomingMeteorShowers();
+    calculateTonightMaxRatePeak();
+    calculateActiveAndUpcomingMaxPeaks();
+    const bool selectionChanged = refreshSelectedMeteorShower();
+    calculateElevationsForSelectedMeteorShower(selectionChanged ? DayShift::all : shift);
+    calculateMoonlessHours();
+  }
+  calculateCurrentLocationShowersPeaksInBackground();
+}
+
+void MeteorShowerManager::updateActiveAndUpcomingMeteorShowers() {
+  {
+    const auto lock = peaks_.lockCatalogue();
+    meteorShowers_.sortActiveAndUpcomingShowersForMjd(currentMjdDate());
+  }
+  activeAndUpcomingMeteorShowers_ = inListOrder(activeShowers(), currentDate());
+  const List upcoming = inListOrder(upcomingShowers(), currentDate());
+  activeAndUpcomingMeteorShowers_.insert(activeAndUpcomingMeteorShowers_.end(), upcoming.begin(),
+                                         upcoming.end());
+}
+
+bool MeteorShowerManager::refreshSelectedMeteorShower() {
+  const List& list = activeAndUpcomingMeteorShowers_;
+  std::shared_ptr<MeteorShower> selected;
+  if (meteorShowerIdToCalculate_ >= 0) {
+    selected = meteorShowerWithId(meteorShowerIdToCalculate_);
+  } else if (std::ranges::find(list, selectedMeteorShower_) != list.end()) {
+    selected = selectedMeteorShower_;
+  } else if (peakInfo_.bestMeteorShower) {
+    selected = peakInfo_.bestMeteorShower;
+  } else if (!list.empty()) {
+    selected = list.front();
+  }
+  std::swap(selected, selectedMeteorShower_);
+  return selected != selectedMeteorShower_;
+}
+
+void MeteorShowerManager::calculateTonightMaxRatePeak() {
+  constexpr double kStep = 1.0 / kMinutesPerDay;
+  constexpr double kEndTolerance = 0.0001;
+  peakInfo_ = {};
+  if (!activeShowers().empty()) peakInfo_.bestMeteorShower = activeShowers().front();
+  if (!bodies_) return;
+  const MjdRateWindow window = calculateMjdRateStart(currentMjdDate(), threeDays_.days());
+  if (!window.isNight()) return;
+  double bestShowerRate = 0;
+  MeteorMoment moment = momentOfDay(mjdStart(), calendar());
+  for (int n = 0;; ++n) {
+    moment.mjd = window.start + n * kStep;
+    if (moment.mjd - window.end >= kEndTolerance) return;
+    const ActiveMeteorsRate now =
+        calculateActiveMeteorsRateAtMjd(moment, nullptr, bodies_->sun, bodies_->moon);
+    if (now.rate > peakInfo_.rate) {
+      peakInfo_.rate = now.rate;
+      peakInfo_.mjd = moment.mjd;
+    }
+    if (now.bestMeteorShowerRate > bestShowerRate) {
+      bestShowerRate = now.bestMeteorShowerRate;
+      peakInfo_.bestMeteorShower = now.bestMeteorShower;
+    }
+  }
+}
+
+// Peaks.
+
+void MeteorShowerManager::calculatePeakDateForMeteorShower(MeteorShower& shower,
+                                                           MeteorShowerActivityPeriod& period,
+                                                           PtSun& sun, PtMoon& moon) {
+  peaks_.calculate(shower, period, sun, moon);
+}
+
+void MeteorShowerManager::calculatePeakDateForMeteorShower(MeteorShower& shower, Date currentDate) {
+  if (!bodies_) return;
+  for (MeteorShowerActivityPeriod& period : shower.activityPeriods) {
+    if (period.endDate < currentDate) continue;
+    if (!period.hasRealPeak()) peaks_.calculate(shower, period, bodies_->sun, bodies_->moon);
+    if (!period.realPeakDate || *period.realPeakDate >= currentDate) return;
+  }
+}
+
+void MeteorShowerManager::calculatePeakForShowerId(std::int64_t id, Date currentDate) {
+  const auto shower = meteorShowerWithId(id);
+  if (shower) calculatePeakDateForMeteorShower(*shower, currentDate);
+}
+
+void MeteorShowerManager::calculateMajorShowersPeaks() {
+  for (const auto& shower : majorShowers()) {
+    if (shouldCalculateInfoFor(*shower)) calculatePeakDateForMeteorShower(*shower, currentDate());
+  }
+}
+
+void MeteorShowerManager::calculateActiveAndUpcomingMaxPeaks() {
+  for (const auto& shower : activeAndUpcomingMeteorShowers_) {
+    calculatePeakDateForMeteorShower(*shower, currentDate());
+  }
+}
+
+void MeteorShowerManager::calculateMeteorShowerRealPeaks() {
+  calculateMajorShowersPeaks();
+  calculateCurrentLocationShowersPeaksInBackground();
+}
+
+void MeteorShowerManager::calculateCurrentLocationShowersPeaksInBackground() {
+  pendingPeaks_ =
+      mainQueue().performAfterDelay(0.2, [this] { calculateCurrentLocationShowersPeaks(true); });
+}
+
+void MeteorShowerManager::calculateCurrentLocationShowersPeaks(bool updates) {
+  if (!bodies_) return;
+  const auto tell = [this](void (MeteorShowerManagerDelegate::*message)()) {
+    if (const auto delegate = delegate_.lock()) ((*delegate).*message)();
+  };
+  const auto showerDone = [tell, updates] {
+    if (updates) tell(&MeteorShowerManagerDelegate::didUpdateShowersPeaks);
+  };
+  const auto allDone = [tell] { tell(&MeteorShowerManagerDelegate::didFinishShowersPeaks); };
+  if (meteorShowerIdToCalculate_ < 0) {
+    return peaks_.calculateInBackground(currentDate(), {showerDone, allDone});
+  }
+  if (const auto shower = meteorShowerWithId(meteorShowerIdToCalculate_)) {
+    for (MeteorShowerActivityPeriod& period : shower->activityPeriods) {
+      if (period.endDate < currentDate() || period.hasRealPeak()) continue;
+      peaks_.calculate(*shower, period, bodies_->sun, bodies_->moon);
+    }
+  }
+  if (cache()) cache()->save();
+  showerDone();
+  allDone();
 }
 
 }  // namespace zenivo

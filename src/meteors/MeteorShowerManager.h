@@ -3,26 +3,20 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
-#include <vector>
 
 #include "engine/MoonPhase.h"
-#include "engine/PtMoon.h"
 #include "engine/PtPolar.h"
-#include "engine/PtSun.h"
 #include "foundation/MainQueue.h"
-#include "foundation/OperationQueue.h"
 #include "meteors/LocationInfoTesselManager.h"
 #include "meteors/MeteorDayInfoData.h"
 #include "meteors/MeteorMoment.h"
 #include "meteors/MeteorNight.h"
-#include "meteors/MeteorShowerCache.h"
 #include "meteors/MeteorShowerManagerDelegate.h"
 #include "meteors/MeteorShowers.h"
-#include "meteors/RealPeak.h"
+#include "meteors/MeteorThreeDays.h"
+#include "meteors/ShowerPeaks.h"
 
 namespace zenivo {
 
@@ -41,9 +35,6 @@ struct ActiveMeteorsRate {
   std::shared_ptr<MeteorShower> bestMeteorShower;  ///< the one with the highest rate above 0
   double bestMeteorShowerRate = 0;
 };
-
-/// A step of the three-day window.
-enum class DayShift { all = 0, left = 1, right = 2 };
 
 /// Answers for a place and a moment, in the local days of the zone that it is given.
 ///
@@ -70,7 +61,7 @@ class MeteorShowerManager : public LocationInfoTesselManager {
   void setDelegate(std::weak_ptr<MeteorShowerManagerDelegate> delegate);
 
   bool inCalendarMode() const { return inCalendarMode_; }
-  const Cache& cache() const { return cache_; }
+  const Cache& cache() const { return peaks_.cache(); }
 
   /// Limits all work to one shower; negative for all.  Takes effect with the next data.
   void setMeteorShowerIdToCalculate(std::int64_t id) { meteorShowerIdToCalculate_ = id; }
@@ -130,11 +121,13 @@ class MeteorShowerManager : public LocationInfoTesselManager {
 
   const MeteorMaxPeakInfo& maxPeakInfo() const { return peakInfo_; }
   /// Before it the night concerned is the one that began yesterday.
-  double meteorMjdPeakThreshold() const { return meteorMjdPeakThreshold_; }
-  const MeteorDays& daysInfo() const { return daysInfo_; }
-  const MeteorDayInfoData& currentDayInfo() const { return daysInfo_[Today]; }
+  double meteorMjdPeakThreshold() const { return threeDays_.threshold(); }
+  const MeteorDays& daysInfo() const { return threeDays_.days(); }
+  const MeteorDayInfoData& currentDayInfo() const { return threeDays_.days()[Today]; }
   /// The day in whose evening the night concerned begins.
-  const MeteorDayInfoData& currentDayInfoForMilkyWayInfo() const;
+  const MeteorDayInfoData& currentDayInfoForMilkyWayInfo() const {
+    return threeDays_.evening(currentMjdDate());
+  }
 
   // Rates.
 
@@ -171,23 +164,13 @@ class MeteorShowerManager : public LocationInfoTesselManager {
   void calculateTonightMaxRatePeak();
 
  private:
-  struct PeaksRequest;
-
-  PeakPlace peakPlace() const;
   void createBodies();
-  bool hasBodies() const { return sun_ && moon_; }
   ActiveMeteorsRate rateOfActiveShowers(const MeteorSky& sky, MeteorGraphInfoAtMjd* mjdInfo) const;
   bool shouldCalculateInfoFor(const MeteorShower& shower) const;
   double mjdOfEvening() const;
   void setActivitiesYear(std::int64_t year);
   void recalculateAll();
-
-  // MeteorShowerManagerNight.cpp
-  void createDaysInfoArray();
-  void shiftLeftDaysInfoArray();
-  void shiftRightDaysInfoArray();
   void recalculateTwilightsAndNightTimes(DayShift shift);
-  void calculateTwilightAndNightTimesForDay(MeteorDayInfoData& day, double startMjd, double endMjd);
   void calculateElevationsForSelectedMeteorShower(DayShift shift);
   void calculateSelectedMeteorShowerElevationsAndTotalRate(MeteorDayInfoData& day);
   void calculateMoonlessHours();
@@ -195,35 +178,16 @@ class MeteorShowerManager : public LocationInfoTesselManager {
   void updateActiveAndUpcomingMeteorShowers();
   bool refreshSelectedMeteorShower();
 
-  // MeteorShowerManagerPeaks.cpp
-  void startPeaksJob(bool updates);
-  void runPeaksJob(const PeaksRequest& request);
-  std::vector<RealPeakTask> peakTasks(const PeaksRequest& request);
-  bool deliverPeaks(const RealPeakTask& task, const PeaksRequest& request);
-  void onMainQueue(const PeaksRequest& request, std::function<void()> work);
-  void takeOverPeaks(const RealPeakTask& task);
-  void supersedePeaks();
-
   const bool inCalendarMode_;
   std::int64_t meteorShowerIdToCalculate_;
-  const Cache cache_;
   std::weak_ptr<MeteorShowerManagerDelegate> delegate_;
 
-  /// Guards what the background reads: the catalogue's lists and periods, written on the
-  /// main thread alone, and the generation.  Taken before the cache's own lock.
-  std::mutex readLock_;
-  MeteorShowers meteorShowers_;
-  /// Counts the changes of place, zone and year; a job from before the last one ends.
-  std::uint64_t peaksGeneration_ = 0;
-
+  MeteorShowers meteorShowers_;  ///< changed under the lock of the peaks
   std::int64_t activitiesYear_ = 0;
-  std::shared_ptr<PeakSamples> peakSamples_;  ///< of this generation; none without a place
-  std::optional<ephemeris::PtSun> sun_;
-  std::optional<ephemeris::PtMoon> moon_;
+  std::optional<MeteorBodies> bodies_;  ///< none without a place
   List activeAndUpcomingMeteorShowers_;
   std::shared_ptr<MeteorShower> selectedMeteorShower_;
-  MeteorDays daysInfo_;
-  double meteorMjdPeakThreshold_ = 0;
+  MeteorThreeDays threeDays_;
   MeteorMaxPeakInfo peakInfo_;
   float currentMeteorRate_ = 0;
   double limitingMagnitude_ = 0;
@@ -232,10 +196,8 @@ class MeteorShowerManager : public LocationInfoTesselManager {
   MoonPhaseResult moonPhase_;
   PtPolar moonPosition_;
 
-  /// Lives as long as the manager: work that waits in the main queue looks at it.
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
   DelayedCall pendingPeaks_;
-  OperationQueue peaksQueue_{1};  // destroyed first: it waits for the job
+  ShowerPeaks peaks_;  // destroyed first: it waits for its job
 };
 
 }  // namespace zenivo
