@@ -131,7 +131,7 @@ TEST_F(PoisCommand, OwnPlacesAreAmongThem) {
 
 TEST_F(PoisCommand, RefusesWhatMakesNoSense) {
   expectRefused("pois --near 91,0", 2, "latitude");
-  expectRefused("pois --near Xqzzy", 2, "no city named");
+  expectRefused("pois --near Xqzzy", 2, "no place named");
   expectRefused("pois --limit 0", 2, "--limit");
   expectRefused("pois one two", 2, "two");
 }
