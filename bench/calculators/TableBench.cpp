@@ -20,8 +20,8 @@ class OneCamera : public CameraStore {
     return std::nullopt;
   }
   bool existsCameraWithModel(const CustomCameraRecord&) const override { return false; }
-  bool saveCustomCamera(const CustomCameraRecord&, std::string*) override { return false; }
-  bool deleteCustomCamera(std::string_view, std::string*) override { return false; }
+  bool saveCustomCamera(const CustomCameraRecord&, Error*) override { return false; }
+  bool deleteCustomCamera(std::string_view, Error*) override { return false; }
 
  private:
   CameraRecord camera_{1, "Alpha", "FF", {36, 24}, 24.0F, {}, {}, false};

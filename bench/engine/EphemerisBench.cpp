@@ -105,6 +105,7 @@ BENCHMARK(Transit<PtMoon>);
 void Day(benchmark::State& state) {
   PtSun sun;
   PtMoon moon;
+  const Calendar calendar{TimeZone()};
   const auto azimuths = [](PtPlanet& body, const RiseSet& found) {
     for (const double mjd : {found.rise, found.set}) {
       if (drawEventAtMjd(mjd)) body.computePosition(true, mjd, kDeltaT);
@@ -116,7 +117,7 @@ void Day(benchmark::State& state) {
     const PtPosition place(c.latitude, c.longitude);
     sun.setPosition(place);
     moon.setPosition(place);
-    benchmark::DoNotOptimize(calculateTwilightsForMjd(c.mjdAt0, kDeltaT, sun, cachedCalendar()));
+    benchmark::DoNotOptimize(calculateTwilightsForMjd(c.mjdAt0, kDeltaT, 1, sun, calendar));
     azimuths(sun, sun.riseSet(EventKind::riseSet, c.mjdAt0, kDeltaT));
     benchmark::DoNotOptimize(sun.transit(c.mjdAt0, kDeltaT));
     azimuths(moon, moon.riseSet(EventKind::riseSet, c.mjdAt0, kDeltaT));

@@ -5,6 +5,7 @@
 #include "engine/MoonApsides.h"
 #include "engine/MoonDistancesYear.h"
 #include "engine/MoonPhases.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo {
 namespace {
@@ -22,7 +23,7 @@ void BM_ApsidesOfAYear(benchmark::State& state) {
   std::int64_t year = 2000;
   for (auto _ : state) {
     year = 2000 + (year + 1) % 100;
-    benchmark::DoNotOptimize(apogeePerigeesForYear(year, cachedCalendar()));
+    benchmark::DoNotOptimize(apogeePerigeesForYear(year, gmtCachedCalendar()));
   }
 }
 BENCHMARK(BM_ApsidesOfAYear)->Unit(benchmark::kMicrosecond);

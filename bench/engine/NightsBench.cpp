@@ -20,8 +20,8 @@ void BM_MoonlessHours(benchmark::State& state) {
   ephemeris::PtMoon moon(kPlace);
   Date date;
   for (auto _ : state) {
-    date = dateByAddingNumberOfDays(date, 1, cachedCalendar());
-    benchmark::DoNotOptimize(moonlessHoursForNightAtDate(date, sun, moon, cachedCalendar()));
+    date = dateByAddingNumberOfDays(date, 1, gmtCachedCalendar());
+    benchmark::DoNotOptimize(moonlessHoursForNightAtDate(date, sun, moon, gmtCachedCalendar()));
   }
 }
 BENCHMARK(BM_MoonlessHours)->Iterations(2000)->Unit(benchmark::kMicrosecond);
@@ -31,9 +31,9 @@ void BM_GalacticCenterVisibility(benchmark::State& state) {
   ephemeris::PtMilkyWay milkyWay(kPlace);
   Date date;
   for (auto _ : state) {
-    date = dateByAddingNumberOfDays(date, 1, cachedCalendar());
+    date = dateByAddingNumberOfDays(date, 1, gmtCachedCalendar());
     benchmark::DoNotOptimize(
-        calculateGalacticCenterVisibility(milkyWay, sun, date, cachedCalendar()));
+        calculateGalacticCenterVisibility(milkyWay, sun, date, gmtCachedCalendar()));
   }
 }
 BENCHMARK(BM_GalacticCenterVisibility)->Iterations(2000)->Unit(benchmark::kMicrosecond);
@@ -45,7 +45,7 @@ void BM_NextDateOfGalacticCenter(benchmark::State& state) {
   const Date date = dateWithPtDateTime({2025, 11, 20, 12, 0});
   for (auto _ : state) {
     benchmark::DoNotOptimize(
-        nextDateGalacticCenterIsVisible(milkyWay, sun, date, cachedCalendar()));
+        nextDateGalacticCenterIsVisible(milkyWay, sun, date, gmtCachedCalendar()));
   }
 }
 BENCHMARK(BM_NextDateOfGalacticCenter)->Unit(benchmark::kMillisecond);

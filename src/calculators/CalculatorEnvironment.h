@@ -17,7 +17,7 @@ struct CalculatorEnvironment {
   DistanceUnitsManager& units;
   CameraStore& cameras;
 
-  CameraValuesFormatter formatter() const { return CameraValuesFormatter(units); }
+  CameraValuesFormatter formatter() const { return CameraValuesFormatter(units.currentUnits()); }
 };
 
 }  // namespace zenivo

@@ -2,8 +2,8 @@
 
 #include <charconv>
 
-#include "calculators/ResourceRow.h"
 #include "foundation/Bundle.h"
+#include "foundation/KeyedArchive.h"
 #include "foundation/LocalizedString.h"
 #include "foundation/PropertyList.h"
 
@@ -12,12 +12,12 @@ namespace {
 
 constexpr const char* kTable = "ExposureValues";
 
-ExposureValueSection sectionFrom(const PropertyList& entry) {
-  ExposureValueSection section{textForKey(entry, "Title"), {}};
-  const PropertyList* values = entry.valueForKey("Values");
-  if (values == nullptr || values->array() == nullptr) return section;
-  for (const PropertyList& value : *values->array()) {
-    ExposureValueRow row{textForKey(value, "LightCondition"), textForKey(value, "EV100")};
+ExposureValueSection sectionFrom(const PropertyList& each) {
+  const KeyedUnarchiver entry(each);
+  ExposureValueSection section{entry.decodeString("Title"), {}};
+  for (const PropertyList& value : entry.decodeArray("Values")) {
+    const KeyedUnarchiver fields(value);
+    ExposureValueRow row{fields.decodeString("LightCondition"), fields.decodeString("EV100")};
     if (!row.lightCondition.empty() && !row.ev100.empty()) section.rows.push_back(std::move(row));
   }
   return section;

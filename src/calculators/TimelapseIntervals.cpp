@@ -1,7 +1,7 @@
 #include "calculators/TimelapseIntervals.h"
 
-#include "calculators/ResourceRow.h"
 #include "foundation/Bundle.h"
+#include "foundation/KeyedArchive.h"
 #include "foundation/LocalizedString.h"
 #include "foundation/PropertyList.h"
 
@@ -32,11 +32,12 @@ std::vector<TimelapseIntervalRow> timelapseIntervals(const std::filesystem::path
   std::vector<TimelapseIntervalRow> rows;
   const auto list = readPropertyListFile(file);
   if (!list || list->array() == nullptr) return rows;
-  for (const PropertyList& entry : *list->array()) {
-    TimelapseIntervalRow row{textForKey(entry, "Event"), textForKey(entry, "Interval"),
-                             textForKey(entry, "EventDuration"),
-                             numberForKey(entry, "IntervalValue"),
-                             numberForKey(entry, "EventDurationValue")};
+  for (const PropertyList& each : *list->array()) {
+    const KeyedUnarchiver entry(each);
+    TimelapseIntervalRow row{entry.decodeString("Event"), entry.decodeString("Interval"),
+                             entry.decodeString("EventDuration"),
+                             entry.decodeDouble("IntervalValue"),
+                             entry.decodeDouble("EventDurationValue")};
     if (row.intervalValue > 0 && row.eventDurationValue > 0) rows.push_back(std::move(row));
   }
   return rows;

@@ -20,6 +20,7 @@
 #include "commands/events/Commands.h"
 #include "commands/library/Commands.h"
 #include "commands/sky/Commands.h"
+#include "commands/timer/Commands.h"
 #include "foundation/UserFolder.h"
 #include "input/InputError.h"
 #include "input/Suggestions.h"

@@ -13,9 +13,9 @@ constexpr double kEquatorialRadius = 6378140.0;  // metres
 }  // namespace
 
 EclipseObserver::EclipseObserver(const PtPosition& position)
-    : latitude(position.latitude * kDegree),
-      longitude(-position.longitude * kDegree),
-      altitude(position.altitude) {
+    : latitude(position.latitude() * kDegree),
+      longitude(-position.longitude() * kDegree),
+      altitude(position.altitude()) {
   const double u = std::atan(kAxisRatio * std::tan(latitude));
   const double height = altitude / kEquatorialRadius;
   rhoSinPhi = kAxisRatio * std::sin(u) + height * std::sin(latitude);

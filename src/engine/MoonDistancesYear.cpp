@@ -26,7 +26,7 @@ std::vector<PtDateTime> fullMoonsOfMonth(std::int64_t year, int month, const Cal
 
 MoonDistancesYear::MoonDistancesYear(const PtPosition& location, std::int64_t year,
                                      Calendar calendar)
-    : location_(location.latitude, location.longitude),
+    : location_(location.latitude(), location.longitude()),
       calendar_(std::move(calendar)),
       year_(year) {
   recalculateDistances();

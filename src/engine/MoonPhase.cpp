@@ -48,8 +48,8 @@ MoonPhaseResult moonPhaseDataForMjd(double mjd, double deltaT, ephemeris::PtSun&
   if (withHighPrecision) {
     const std::vector<PtMoonPhaseWithDate> phases =
         phasesFromDate(startOfMonthOfDate(currentDate, calendar));
-    const PtMoonPhaseWithDate* ofDay = phaseOfDay(phases, dayValue(currentDate, calendar),
-                                                  monthValue(currentDate, calendar), calendar);
+    const PtMoonPhaseWithDate* ofDay = phaseForDayOfMonth(
+        phases, dayValue(currentDate, calendar), monthValue(currentDate, calendar), calendar);
     result.mjdPhase = ofDay ? getMjd(ofDay->date) : kNotThisDay;
     if (ofDay) result.phase = ofDay->phase;
   }

@@ -47,7 +47,7 @@ MoonPhase PtMoon::moonPhaseGeometry(const Vector3D& moonEcliptic, const Vector3D
   geometry.waxing_ = normalizeRadians(eastOfSun) <= kPi;
   geometry.moon_phase_type_ = phaseType(geometry.phase_, geometry.waxing_);
   geometry.parallactic_angle_ =
-      parallacticAngle(moonHourAngle, getPosition().latitude * kDegree, moonEquatorial.theta());
+      parallacticAngle(moonHourAngle, getPosition().latitude() * kDegree, moonEquatorial.theta());
   geometry.zenith_angle_ =
       positionAngleOfBrightLimb(moonEquatorial, sunEquatorial) - geometry.parallactic_angle_;
   if (geometry.zenith_angle_ < 0.0) geometry.zenith_angle_ += kTwoPi;

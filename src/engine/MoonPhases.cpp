@@ -130,13 +130,13 @@ std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start) {
   return phases;
 }
 
-const PtMoonPhaseWithDate* phaseOfDay(std::span<const PtMoonPhaseWithDate> phases, int day,
-                                      int month, const Calendar& calendar) {
-  const auto found = std::find_if(phases.rbegin(), phases.rend(), [&](const auto& item) {
+const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDate> phases, int day,
+                                              int month, const Calendar& calendar) {
+  const auto found = std::ranges::find_if(phases, [&](const PtMoonPhaseWithDate& item) {
     const DateComponents c = calendar.componentsFromDate(dateWithPtDateTime(item.date));
     return c.day == day && c.month == month;
   });
-  return found == phases.rend() ? nullptr : &*found;
+  return found == phases.end() ? nullptr : &*found;
 }
 
 }  // namespace zenivo

@@ -43,9 +43,9 @@ double moonPhaseJulianEphemerisDate(double k);
 /// moments are late by deltaT, about a minute in this century.
 std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start);
 
-/// The last of `phases` that falls on that day of that month in the zone of
-/// the calendar, or nullptr.  The list spans less than a year.
-const PtMoonPhaseWithDate* phaseOfDay(std::span<const PtMoonPhaseWithDate> phases, int day,
-                                      int month, const Calendar& calendar);
+/// The one of `phases` that falls on that day of that month in the zone of the
+/// calendar, or nullptr; it lives as long as the list.  The list spans less than a year.
+const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDate> phases, int day,
+                                              int month, const Calendar& calendar);
 
 }  // namespace zenivo

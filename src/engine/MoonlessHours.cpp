@@ -9,7 +9,7 @@
 #include "engine/PtSun.h"
 #include "engine/Twilight.h"
 #include "foundation/Log.h"
-#include "time/DateEphemeris.h"
+#include "time/LocalDay.h"
 
 namespace zenivo {
 namespace {
@@ -19,18 +19,6 @@ using ephemeris::PtMoon;
 using ephemeris::PtSun;
 using ephemeris::RiseSet;
 
-/// A local day: its midnight and the deltaT there.
-struct Day {
-  Day(Date midnight, const Calendar& calendar)
-      : mjdAt0(modifiedJulianDay(midnight)),
-        deltaT(getDeltaT(ptDateTimeForDate(midnight))),
-        dayOfMonth(dayValue(midnight, calendar)) {}
-
-  double mjdAt0;
-  double deltaT;
-  int dayOfMonth;
-};
-
 struct Night {
   double start;
   double end;
@@ -38,11 +26,7 @@ struct Night {
   double hours() const { return (end - start) * 24.0; }
 };
 
-AstronomicalTwilight twilightOf(const Day& day, PtSun& sun, const Calendar& calendar) {
-  return calculateAstronomicalTwilight(sun, day.mjdAt0, day.deltaT, day.dayOfMonth, calendar);
-}
-
-bool isPolarDay(const Day& day, PtSun& sun) {
+bool isPolarDay(const LocalDay& day, PtSun& sun) {
   return sun.riseSet(EventKind::riseSet, day.mjdAt0, day.deltaT).rise == kAlwaysAbove;
 }
 
@@ -54,11 +38,11 @@ double eveningDusk(const AstronomicalTwilight& twilight, double mjdAt0, double n
 }
 
 /// The night that begins in the evening of `day`.
-std::optional<Night> nightOf(const Day& day, const Day& next, PtSun& sun,
+std::optional<Night> nightOf(const LocalDay& day, const LocalDay& next, PtSun& sun,
                              const Calendar& calendar) {
   if (isPolarDay(day, sun) || isPolarDay(next, sun)) return std::nullopt;
-  const AstronomicalTwilight first = twilightOf(day, sun, calendar);
-  const AstronomicalTwilight second = twilightOf(next, sun, calendar);
+  const AstronomicalTwilight first = astronomicalTwilightOfDay(sun, day, calendar);
+  const AstronomicalTwilight second = astronomicalTwilightOfDay(sun, next, calendar);
 
   double start = eveningDusk(first, day.mjdAt0, next.mjdAt0);
   double end = second.start;
@@ -95,10 +79,8 @@ std::vector<MoonRiseSet> moonUp(const RiseSet& first, const RiseSet& second) {
 }  // namespace
 
 double moonlessHoursForNightAtDate(Date date, PtSun& sun, PtMoon& moon, const Calendar& calendar) {
-  const Date noon = dateWithNoonDateTime(date, calendar);
-  const Day day(dateWithStartDateTime(noon, calendar), calendar);
-  const Day next(dateWithStartDateTime(dateByAddingNumberOfDays(noon, 1, calendar), calendar),
-                 calendar);
+  const LocalDay day = LocalDay::of(date, calendar);
+  const LocalDay next = day.dayAfter(1, calendar);
   const std::optional<Night> night = nightOf(day, next, sun, calendar);
   if (!night) return 0.0;
 

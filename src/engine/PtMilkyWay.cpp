@@ -89,10 +89,10 @@ PtMilkyWayPosition PtMilkyWay::milkyWayPosition(double mjd, double deltaT) {
   return position;
 }
 
-VisibilityWindow PtMilkyWay::visibilityWindow(double mjd, double deltaT, double dawn, double dusk) {
+VisibilityWindow PtMilkyWay::visibilityWindow(double dusk, double dawn, double deltaT) {
   VisibilityWindow window;
-  if (!drawEventAtMjd(mjd)) return window;  // no dusk to search from
-  const RiseSet riseAndSet = riseSet(EventKind::riseSet, mjd, deltaT);
+  if (!drawEventAtMjd(dusk)) return window;
+  const RiseSet riseAndSet = riseSet(EventKind::riseSet, dusk, deltaT);
   window.rise = riseAndSet.rise;
   window.set = riseAndSet.set;
   if (mjdIsBefore(dawn, window.rise) && mjdIsBefore(window.rise, window.set)) {
@@ -100,10 +100,9 @@ VisibilityWindow PtMilkyWay::visibilityWindow(double mjd, double deltaT, double 
     window.rise = kAlwaysBelow;
     window.set = kAlwaysBelow;
   }
-  if (mjdIsBefore(window.set, window.rise)) window.rise = mjd;  // up at the start
+  if (mjdIsBefore(window.set, window.rise)) window.rise = dusk;  // up at the start
 
-  const bool noNight = dusk == kNotThisDay || dusk == kAlwaysAbove || dawn == kAlwaysAbove;
-  if (noNight || window.rise == kAlwaysBelow) return window;
+  if (dawn == kAlwaysAbove || window.rise == kAlwaysBelow) return window;
   if (window.rise == kAlwaysAbove) {
     window.from = dusk;
     window.to = dawn;

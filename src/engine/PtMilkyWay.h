@@ -31,9 +31,10 @@ class PtMilkyWay : public FixedBody {
   /// elevation in horizontal(), too.
   PtMilkyWayPosition milkyWayPosition(double mjd, double deltaT);
 
-  /// When the centre is above the horizon between `dusk` and `dawn`, searched in
-  /// the 24 hours from `mjd` (that is, dusk) on.  Each may be a sentinel.
-  VisibilityWindow visibilityWindow(double mjd, double deltaT, double dawn, double dusk);
+  /// When the centre is above the horizon between `dusk` and `dawn`, each a moment or a
+  /// sentinel: without a dusk or a dawn it is not seen.  Searched in the 24 hours from
+  /// dusk on.
+  VisibilityWindow visibilityWindow(double dusk, double dawn, double deltaT);
 
  private:
   PtPolar refractedPlace(const Vector3D& equatorial, double siderealTime);

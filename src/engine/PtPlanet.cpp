@@ -23,9 +23,9 @@ double safeAsin(double x) {
 void PtPlanet::setPosition(const PtPosition& observer) {
   if (observer == observer_) return;
   observer_ = observer;
-  longitude_ = observer.longitude * kDegree;
-  sinLatitude_ = std::sin(observer.latitude * kDegree);
-  cosLatitude_ = std::cos(observer.latitude * kDegree);
+  longitude_ = observer.longitude() * kDegree;
+  sinLatitude_ = std::sin(observer.latitude() * kDegree);
+  cosLatitude_ = std::cos(observer.latitude() * kDegree);
   forgetDaySamples();
 }
 
@@ -77,8 +77,8 @@ TopocentricPosition PtPlanet::topocentric(const Vector3D& equatorial, double sid
   const double sinP = sinParallax(equatorial.r());
   const double cosDeclination = std::cos(equatorial.theta());
   const double x = cosDeclination * std::sin(hourAngle_);
-  const double y = cosDeclination * std::cos(hourAngle_) - observer_.rhoCosPhi * sinP;
-  const double z = std::sin(equatorial.theta()) - observer_.rhoSinPhi * sinP;
+  const double y = cosDeclination * std::cos(hourAngle_) - observer_.rhoCosPhi() * sinP;
+  const double z = std::sin(equatorial.theta()) - observer_.rhoSinPhi() * sinP;
   const double q = std::sqrt(x * x + y * y + z * z);
   return {.hourAngle = std::atan2(x, y),
           .declination = safeAsin(z / q),

@@ -49,7 +49,7 @@ const DaySample& PtPlanet::daySample(double mjdAt0, double deltaT, int hour) {
 }
 
 double PtPlanet::horizonAltitude(double altitude) const {
-  const double root = std::sqrt(std::max(observer_.heightAboveHorizon, 0.0));
+  const double root = std::sqrt(std::max(observer_.heightAboveHorizon(), 0.0));
   if (altitude == 0.0) {
     return altitude - 0.035333333333333335 * root - refractionApparentToTrue(altitude);
   }
@@ -61,7 +61,7 @@ double PtPlanet::sinRiseAltitude(bool centre, double altitude, double distance) 
   const double sinP = sinParallax(distance);
   const double h = horizonAltitude(altitude);
   double h0 = h;
-  if (sinP > 0.0) h0 += std::asin(std::cos(h * kDegree) * observer_.rho * sinP) / kDegree;
+  if (sinP > 0.0) h0 += std::asin(std::cos(h * kDegree) * observer_.rho() * sinP) / kDegree;
   if (!centre) h0 -= (1.0 + std::sin(h0 * kDegree) * sinP) * semiDiameter(sinP, distance);
   return std::sin(h0 * kDegree);
 }
@@ -126,12 +126,12 @@ double PtPlanet::transit(double mjdAt0, double deltaT) {
   // The equation of the equinoxes of the last place taken; in a day it changes by
   // less than 0.01 s.
   const double th = 15.0 * (greenwichSiderealTime(mjdAt0) + tomorrow.equationOfEquinoxes);
-  const double m = frac((a2 - observer_.longitude - th) / 360.0);
+  const double m = frac((a2 - observer_.longitude() - th) / 360.0);
   const double turn = th + 360.985647 * m;
   const double th2 = turn - 360.0 * std::floor(turn / 360.0);
   const double n = m + deltaT;
   const double alpha = a2 + n / 2.0 * ((a3 - a1) + n * (a1 + a3 - 2.0 * a2));
-  const double H = normalizeAngle180(observer_.longitude + th2 - alpha);
+  const double H = normalizeAngle180(observer_.longitude() + th2 - alpha);
   const double m2 = m - H / 360.0;
   return m2 > 1.0 ? kNotThisDay : mjdAt0 + m2;
 }

@@ -4,24 +4,41 @@
 
 namespace zenivo {
 
-/// An observer on the ellipsoid.  The first four values are given, the others
-/// derive from them: the place relative to the Earth's centre.
+/// An observer on the ellipsoid: what is given, and what follows from it, his place
+/// relative to the Earth's centre.  A value that is replaced whole, so that the one
+/// never belongs to another place than the other.
+///
+/// Error: rho, rhoCosPhi and rhoSinPhi are right to 1e-8 of the ellipsoid of the IAU of
+/// 1976 (1/298.257), which lies within a metre of today's.
+/// Special cases: at a pole rhoCosPhi is 0 to 1e-16; a value that is not a number makes
+/// those that follow from it none, too.
 /// Source: Meeus, Astronomical Algorithms (1998), chapter 11.
-struct PtPosition {
+class PtPosition {
+ public:
   /// Latitude and longitude 0, on the ellipsoid.
-  PtPosition() : PtPosition(0, 0, 0, 0) {}
-  PtPosition(double theLatitude, double theLongitude, double theAltitude = 0,
-             double theHeightAboveHorizon = 0);
+  PtPosition() : PtPosition(0, 0) {}
+  PtPosition(double latitude, double longitude, double altitude = 0, double heightAboveHorizon = 0);
 
-  double latitude;            ///< degrees, geodetic, north positive
-  double longitude;           ///< degrees, east positive
-  double altitude;            ///< metres above the ellipsoid; 0 when not known
-  double heightAboveHorizon;  ///< metres above the visible horizon; 0 for no dip
-  double rho;                 ///< distance from the Earth's centre, Earth radii
-  double rhoCosPhi;           ///< its equatorial component
-  double rhoSinPhi;           ///< its polar component
+  double latitude() const { return latitude_; }    ///< degrees, geodetic, north positive
+  double longitude() const { return longitude_; }  ///< degrees, east positive
+  double altitude() const { return altitude_; }    ///< metres above the ellipsoid; 0: not known
+  /// Metres above the visible horizon; 0 for no dip.
+  double heightAboveHorizon() const { return heightAboveHorizon_; }
+
+  double rho() const { return rho_; }  ///< distance from the Earth's centre, Earth radii
+  double rhoCosPhi() const { return rhoCosPhi_; }  ///< its equatorial component
+  double rhoSinPhi() const { return rhoSinPhi_; }  ///< its polar component
 
   friend bool operator==(const PtPosition&, const PtPosition&) = default;
+
+ private:
+  double latitude_;
+  double longitude_;
+  double altitude_;
+  double heightAboveHorizon_;
+  double rho_;
+  double rhoCosPhi_;
+  double rhoSinPhi_;
 };
 
 }  // namespace zenivo

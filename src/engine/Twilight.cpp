@@ -22,11 +22,16 @@ AstronomicalTwilight calculateAstronomicalTwilight(ephemeris::PtSun& sun, double
   return twilight;
 }
 
-Twilights calculateTwilightsForMjd(double mjdAt0, double deltaT, ephemeris::PtSun& sun,
-                                   const Calendar& calendar) {
+AstronomicalTwilight astronomicalTwilightOfDay(ephemeris::PtSun& sun, const LocalDay& day,
+                                               const Calendar& calendar) {
+  return calculateAstronomicalTwilight(sun, day.mjdAt0, day.deltaT, dayValue(day.date, calendar),
+                                       calendar);
+}
+
+Twilights calculateTwilightsForMjd(double mjdAt0, double deltaT, int localDay,
+                                   ephemeris::PtSun& sun, const Calendar& calendar) {
   const RiseSet civil = sun.riseSet(EventKind::civil, mjdAt0, deltaT);
   const RiseSet nautical = sun.riseSet(EventKind::nautical, mjdAt0, deltaT);
-  const int localDay = dayValue(dateFromModifiedJulianDay(mjdAt0), calendar);
   const AstronomicalTwilight astronomical =
       calculateAstronomicalTwilight(sun, mjdAt0, deltaT, localDay, calendar);
   const RiseSet blue = sun.riseSet(EventKind::blueHour, mjdAt0, deltaT);

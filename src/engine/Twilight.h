@@ -4,6 +4,7 @@
 
 #include "engine/PtSun.h"
 #include "foundation/Calendar.h"
+#include "time/LocalDay.h"
 #include "time/Mjd.h"
 
 namespace zenivo {
@@ -39,14 +40,18 @@ struct AstronomicalTwilight {
   double end2 = kAlwaysBelow;
 };
 
-/// `localDay` is the local day of the month at `atMjd`, the local midnight that
-/// opens the day; a second dusk counts when it falls on it (in the zone of the calendar).
+/// `localDay` is the local day of the month at `atMjd`, the local midnight that opens
+/// the day, told by who knows the midnight to the second; a second dusk counts when it
+/// falls on that day in the zone of the calendar.
 AstronomicalTwilight calculateAstronomicalTwilight(ephemeris::PtSun& sun, double atMjd,
                                                    double deltaT, int localDay,
                                                    const Calendar& calendar);
 
-/// All twilights of the day that local midnight `mjdAt0` opens, for sun's observer.
-Twilights calculateTwilightsForMjd(double mjdAt0, double deltaT, ephemeris::PtSun& sun,
-                                   const Calendar& calendar);
+AstronomicalTwilight astronomicalTwilightOfDay(ephemeris::PtSun& sun, const LocalDay& day,
+                                               const Calendar& calendar);
+
+/// All twilights of a local day, for sun's observer.
+Twilights calculateTwilightsForMjd(double mjdAt0, double deltaT, int localDay,
+                                   ephemeris::PtSun& sun, const Calendar& calendar);
 
 }  // namespace zenivo

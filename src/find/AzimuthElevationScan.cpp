@@ -104,7 +104,7 @@ double scanMjdForAzimuthElevation(ephemeris::PtPlanet& body, const DirectionWind
   const Edge first = edgeAt(body, left, day, deltaT);
   const Edge second = edgeAt(body, right, day, deltaT);
   if (first.elevation < 0.0 && second.elevation < 0.0 &&
-      std::abs(body.getPosition().latitude) > kTropics) {
+      std::abs(body.getPosition().latitude()) > kTropics) {
     return kNoDirectionMoment;
   }
   const bool bothUp = first.elevation >= 0.0 && second.elevation >= 0.0;

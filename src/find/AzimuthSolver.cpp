@@ -59,13 +59,13 @@ double mjdForAzimuth(ephemeris::PtPlanet& body, double azimuth, double day, doub
   constexpr int kRounds = 10;
   constexpr double kCloseEnough = 0.005;  // hours
   const PtPosition& observer = body.getPosition();
-  const HourAngleOfAzimuth wanted(azimuth, observer.latitude);
-  double t = 12.0 - observer.longitude / 15.0;
+  const HourAngleOfAzimuth wanted(azimuth, observer.latitude());
+  double t = 12.0 - observer.longitude() / 15.0;
   for (int round = 0; round < kRounds; ++round) {
     const double mjd = day + t / 24.0;
     const Vector3D place = body.equatorialPosition(false, mjd, deltaT);
     const double siderealTime =
-        observer.longitude * kDegree + body.apparentSiderealTime(mjd) * kRadiansPerHour;
+        observer.longitude() * kDegree + body.apparentSiderealTime(mjd) * kRadiansPerHour;
     const double H = std::fmod(siderealTime - place.phi(), kTwoPi) / kDegree;
     double next = t + (wanted.at(place.theta()) - H) / 15.0;
     while (next < 0.0) next += 24.0;

@@ -75,7 +75,7 @@ std::optional<ZVFindResultBodyAtAzimuth> AzimuthSearch::onDay(double day) {
 
   // In the tropics a body can pass an azimuth twice a day, and the solver may have
   // settled on the passage below the horizon.
-  const bool mayPassTwice = std::abs(bodies_.body().getPosition().latitude) <= kTropics;
+  const bool mayPassTwice = std::abs(bodies_.body().getPosition().latitude()) <= kTropics;
   const bool down = bodies_.body().horizontal().elevation_ < 0.0;
   if (miss >= kTolerance || (down && mayPassTwice)) {
     const double scanned = scanMjdForAzimuth(bodies_.body(), azimuth, day, deltaT_);

@@ -88,11 +88,11 @@ bool MeteorShowerCache::save() const {
   // The file is written without holding up whoever reads a peak meanwhile.
   const std::lock_guard onlyWriter(fileMutex_);
   const PropertyList archive = archivedObject(cacheData());
-  std::string error;
+  Error error;
   std::error_code failure;
   std::filesystem::create_directories(folder_, failure);
   if (writePropertyListFile(file(), archive, &error)) return true;
-  log(LogLevel::warning, fmt::format("{} is not written: {}", file().string(), error));
+  log(LogLevel::warning, fmt::format("{} is not written: {}", file().string(), error.description));
   return false;
 }
 

@@ -37,24 +37,19 @@ void searchRiseTransitSet(CelestialBodyEvent& event, PtPlanet& body, const Local
 }
 
 SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day) {
+  const Calendar calendar = cachedCalendar();
+  const Twilights t =
+      calculateTwilightsForMjd(day.mjdAt0, day.deltaT, dayValue(day.date, calendar), sun, calendar);
   SunEvent event;
-  const auto search = [&](EventKind kind) { return sun.riseSet(kind, day.mjdAt0, day.deltaT); };
-  const auto twilight = [](const RiseSet& crossings) {
-    return TwilightEvent(crossings.rise, crossings.set);
-  };
-  const auto eveningFirst = [](const RiseSet& crossings) {
-    return TwilightEvent(crossings.set, crossings.rise);
-  };
-  event.civilTwilight = twilight(search(EventKind::civil));
-  event.nauticalTwilight = twilight(search(EventKind::nautical));
-  const AstronomicalTwilight astronomical = calculateAstronomicalTwilight(
-      sun, day.mjdAt0, day.deltaT, dayValue(day.date, cachedCalendar()), cachedCalendar());
-  event.astronomicalTwilight = TwilightEvent(astronomical.start, astronomical.end);
-  if (astronomical.end2 != kAlwaysBelow && astronomical.end2 != astronomical.end) {
-    event.astronomicalTwilight2 = TwilightEvent(kAlwaysBelow, astronomical.end2);
+  event.civilTwilight = TwilightEvent(t.mjdCivilTwStart, t.mjdCivilTwEnd);
+  event.nauticalTwilight = TwilightEvent(t.mjdNautTwStart, t.mjdNautTwEnd);
+  event.astronomicalTwilight = TwilightEvent(t.mjdAstronomicalTwStart, t.mjdAstronomicalTwEnd);
+  if (t.mjdAstronomicalTwEnd2 != kAlwaysBelow &&
+      t.mjdAstronomicalTwEnd2 != t.mjdAstronomicalTwEnd) {
+    event.astronomicalTwilight2 = TwilightEvent(kAlwaysBelow, t.mjdAstronomicalTwEnd2);
   }
-  event.blueHour = eveningFirst(search(EventKind::blueHour));
-  event.goldenHour = eveningFirst(search(EventKind::goldenHour));
+  event.blueHour = TwilightEvent(t.mjdBlueHourStart, t.mjdBlueHourEnd);
+  event.goldenHour = TwilightEvent(t.mjdGoldenHourStart, t.mjdGoldenHourEnd);
   searchRiseTransitSet(event, sun, day);
   return event;
 }

@@ -8,8 +8,8 @@ namespace zenivo {
 namespace {
 
 ZVLocation locationOf(const PtPosition& observer) {
-  return {.coordinate = {observer.latitude, observer.longitude},
-          .altitude = observer.altitude,
+  return {.coordinate = {observer.latitude(), observer.longitude()},
+          .altitude = observer.altitude(),
           .verticalAccuracy = 1};
 }
 

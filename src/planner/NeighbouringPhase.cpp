@@ -8,15 +8,6 @@
 
 namespace zenivo {
 
-const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDate> phases, int day,
-                                              int month) {
-  const auto found = std::ranges::find_if(phases, [&](const PtMoonPhaseWithDate& phase) {
-    const Date date = dateWithPtDateTime(phase.date);
-    return dayValue(date, cachedCalendar()) == day && monthValue(date, cachedCalendar()) == month;
-  });
-  return found != phases.end() ? &*found : nullptr;
-}
-
 std::optional<PtMoonPhaseWithDate> neighbouringPhase(Date date, bool forward, std::int32_t phase) {
   const auto qualifies = [&](const PtMoonPhaseWithDate& candidate) {
     const Date moment = dateWithPtDateTime(candidate.date);

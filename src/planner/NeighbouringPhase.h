@@ -3,17 +3,11 @@
 #pragma once
 
 #include <optional>
-#include <span>
 
 #include "engine/MoonPhases.h"
 #include "foundation/Date.h"
 
 namespace zenivo {
-
-/// The phase of a list that falls on that day of that month in the observer's zone;
-/// nullptr when none does.
-const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDate> phases, int day,
-                                              int month);
 
 /// The first principal phase after a moment (forward), or the last before it; moments
 /// of phases are taken to the nearest minute.  With a phase code the first or last of

@@ -111,7 +111,7 @@ void PlannerManager::recalculateMonthPhases() {
 }
 
 const PtMoonPhaseWithDate* PlannerManager::getPhaseForDay(int day, int ofMonth) const {
-  return phaseForDayOfMonth(moonMonthPhases_, day, ofMonth);
+  return phaseForDayOfMonth(moonMonthPhases_, day, ofMonth, cachedCalendar());
 }
 
 std::optional<PtMoonPhaseWithDate> PlannerManager::phaseOfDay(const LocalDay& day) const {
@@ -122,9 +122,9 @@ std::optional<PtMoonPhaseWithDate> PlannerManager::phaseOfDay(const LocalDay& da
   const bool isListed = start == moonMonthStart_ && !moonMonthPhases_.empty();
   const std::vector<PtMoonPhaseWithDate> otherMonth =
       isListed ? std::vector<PtMoonPhaseWithDate>() : phasesFromDate(start);
-  const PtMoonPhaseWithDate* phase = phaseForDayOfMonth(isListed ? moonMonthPhases_ : otherMonth,
-                                                        dayValue(day.date, cachedCalendar()),
-                                                        monthValue(day.date, cachedCalendar()));
+  const PtMoonPhaseWithDate* phase = phaseForDayOfMonth(
+      isListed ? moonMonthPhases_ : otherMonth, dayValue(day.date, cachedCalendar()),
+      monthValue(day.date, cachedCalendar()), cachedCalendar());
   return phase != nullptr ? std::optional(*phase) : std::nullopt;
 }
 

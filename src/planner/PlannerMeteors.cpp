@@ -39,7 +39,7 @@ void PlannerManager::updateMeteorShowerLocation() {
 void PlannerManager::updateMeteorShowerPositionsPerHour() {
   meteorShowerPositionsPerHour_.reset();
   if (!meteorLayer_) return;
-  const LocalDay day(dateWithStartDateTime(currentDate_, cachedCalendar()));
+  const LocalDay day = LocalDay::of(currentDate_, cachedCalendar());
   std::optional<ephemeris::PtStar> radiant = meteorLayer_->radiant(day.mjdAt0);
   if (!radiant) return;
   CelestialBodyEvent event;

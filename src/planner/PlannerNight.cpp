@@ -62,7 +62,7 @@ void PlannerManager::fillMilkyWayEvent(const NightWindow& night) {
   setFromMjd(record, night.dusk);
   const double deltaT = getDeltaT(record);
   const ephemeris::VisibilityWindow window =
-      milkyWay_->visibilityWindow(night.dusk, deltaT, night.dawn, night.dusk);
+      milkyWay_->visibilityWindow(night.dusk, night.dawn, deltaT);
   mwEvent_.setMjdRise(window.rise);
   mwEvent_.setMjdSet(window.set);
   mwEvent_.mjdVisibilityFrom = window.from;

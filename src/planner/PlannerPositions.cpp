@@ -85,7 +85,7 @@ void PlannerManager::twilightLayerChanged() {
 
 void PlannerManager::fillTerminatorLine() {
   if (!terminatorLine_) return;
-  const double longitude = sun_->getPosition().longitude * kDegree;
+  const double longitude = sun_->getPosition().longitude() * kDegree;
   zenivo::fillTerminatorLine(*terminatorLine_, sun_->equatorial().theta(),
                              longitude - sun_->hourAngle());
 }

@@ -10,8 +10,12 @@ LocalDay::LocalDay(Date midnight) : date(midnight) {
   deltaT = getDeltaT(record);
 }
 
+LocalDay LocalDay::of(Date moment, const Calendar& calendar) {
+  return LocalDay(dateWithStartDateTime(moment, calendar));
+}
+
 LocalDay LocalDay::dayAfter(int days, const Calendar& calendar) const {
-  return LocalDay(dateWithStartDateTime(dateByAddingNumberOfDays(date, days, calendar), calendar));
+  return of(dateByAddingNumberOfDays(date, days, calendar), calendar);
 }
 
 }  // namespace zenivo

@@ -12,6 +12,9 @@ namespace zenivo {
 struct LocalDay {
   explicit LocalDay(Date midnight);
 
+  /// The one in which a moment falls.
+  static LocalDay of(Date moment, const Calendar& calendar);
+
   /// That of a midnight `days` later, counted on the calendar.
   LocalDay dayAfter(int days, const Calendar& calendar) const;
 

@@ -53,9 +53,9 @@ TEST(SolarCatalogue, EveryEclipseIsAsPublished) {
     if (!duration.empty()) {
       const PtPosition published = place;
       place = subAxisPoint(*rows[i]->solarEclipse);
-      const double east = angleDifference(place.longitude, published.longitude);
-      EXPECT_NEAR(place.latitude, published.latitude, 0.07);
-      EXPECT_NEAR(east * std::cos(place.latitude * kDegree), 0, 0.07);
+      const double east = angleDifference(place.longitude(), published.longitude());
+      EXPECT_NEAR(place.latitude(), published.latitude(), 0.07);
+      EXPECT_NEAR(east * std::cos(place.latitude() * kDegree), 0, 0.07);
     }
     const auto elements = elementVector(*rows[i]->solarEclipse, rows[i]->mjd);
     const auto seen = calculateSunEclipseTimes(place, elements);

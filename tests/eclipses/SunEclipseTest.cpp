@@ -106,7 +106,7 @@ TEST(SunEclipse, ContactsAreInOrderEverywhere) {
   for (const PtPosition& place : places()) {
     for (const EclipseRow* row : eclipsesOfKind(EclipseKind::solar)) {
       SCOPED_TRACE(testing::Message()
-                   << row->name << " at " << place.latitude << ", " << place.longitude);
+                   << row->name << " at " << place.latitude() << ", " << place.longitude());
       const auto seen = calculateSunEclipseTimes(place, solarElementsOf(*row));
       expectConsistent(seen);
       EXPECT_EQ(sunEclipseType(place, solarElementsOf(*row)), seen.type);

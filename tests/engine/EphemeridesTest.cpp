@@ -204,10 +204,10 @@ TEST(Refraction, FadesOutWithoutAStep) {
 // Meeus, example 11.a: Palomar, 33 21 22 N at 1706 m.
 TEST(PtPosition, Meeus) {
   const PtPosition palomar(33.0 + 21.0 / 60.0 + 22.0 / 3600.0, -116.8625, 1706, 0);
-  EXPECT_NEAR(palomar.rhoSinPhi, 0.546861, 1e-6);
-  EXPECT_NEAR(palomar.rhoCosPhi, 0.836339, 1e-6);
-  EXPECT_NEAR(palomar.rho, std::hypot(0.546861, 0.836339), 1e-6);
-  EXPECT_NEAR(PtPosition(90, 0).rho, 6356.755 / 6378.14, 1e-6);
+  EXPECT_NEAR(palomar.rhoSinPhi(), 0.546861, 1e-6);
+  EXPECT_NEAR(palomar.rhoCosPhi(), 0.836339, 1e-6);
+  EXPECT_NEAR(palomar.rho(), std::hypot(0.546861, 0.836339), 1e-6);
+  EXPECT_NEAR(PtPosition(90, 0).rho(), 6356.755 / 6378.14, 1e-6);
 }
 
 }  // namespace

@@ -69,12 +69,12 @@ TEST(RiseSet, SunWithin45SecondsOfLibnova) {
     PtSun sun(place);
     for (const EventKind kind : kKinds) {
       const auto height = [&](double mjd) {
-        const libnova::Sky sky = libnova::sunSky(mjd, kDeltaT, place.latitude, place.longitude);
+        const libnova::Sky sky = libnova::sunSky(mjd, kDeltaT, place.latitude(), place.longitude());
         return kind == EventKind::riseSet ? libnova::sunOverHorizon(sky)
                                           : sky.altitude - altitudeOf(kind);
       };
       const RiseSet found = sun.riseSet(kind, mjdAt0, kDeltaT);
-      EXPECT_LT(missInSeconds(found, height), 45.0) << place.latitude << " " << mjdAt0;
+      EXPECT_LT(missInSeconds(found, height), 45.0) << place.latitude() << " " << mjdAt0;
     }
   }
 }
@@ -86,9 +86,9 @@ TEST(RiseSet, MoonWithin45SecondsOfLibnova) {
     const RiseSet found = PtMoon(place).riseSet(EventKind::riseSet, cases.midnight(), kDeltaT);
     const auto height = [&](double mjd) {
       return libnova::moonOverHorizon(
-          libnova::moonSky(mjd, kDeltaT, place.latitude, place.longitude));
+          libnova::moonSky(mjd, kDeltaT, place.latitude(), place.longitude()));
     };
-    EXPECT_LT(missInSeconds(found, height), 45.0) << place.latitude << " " << found.rise;
+    EXPECT_LT(missInSeconds(found, height), 45.0) << place.latitude() << " " << found.rise;
   }
 }
 
@@ -99,7 +99,7 @@ TEST(Transit, WithinSecondsOfLibnova) {
     const double mjdAt0 = cases.midnight();
     const auto miss = [&](double mjd, auto&& sky) {
       if (!drawEventAtMjd(mjd)) return 0.0;
-      return std::abs(sky(mjd, kDeltaT, place.latitude, place.longitude).hourAngle) / kTwoPi *
+      return std::abs(sky(mjd, kDeltaT, place.latitude(), place.longitude()).hourAngle) / kTwoPi *
              86400.0;
     };
     EXPECT_LT(miss(PtSun(place).transit(mjdAt0, kDeltaT), libnova::sunSky), 5.0) << mjdAt0;
@@ -197,11 +197,11 @@ TEST(RiseSet, CrossingsAndSentinelsHoldEverywhere) {
       side = now;
     }
     const RiseSet found = body->riseSet(kind, mjdAt0, kDeltaT);
-    EXPECT_TRUE(drawEventAtMjd(found.rise) || !climbs) << place.latitude << " " << mjdAt0;
-    EXPECT_TRUE(drawEventAtMjd(found.set) || !sinks) << place.latitude << " " << mjdAt0;
-    EXPECT_FALSE(found.rise == kAlwaysAbove && below) << place.latitude << " " << mjdAt0;
-    EXPECT_FALSE(found.rise == kAlwaysBelow && above) << place.latitude << " " << mjdAt0;
-    EXPECT_LT(missInSeconds(found, height), 45.0) << place.latitude;
+    EXPECT_TRUE(drawEventAtMjd(found.rise) || !climbs) << place.latitude() << " " << mjdAt0;
+    EXPECT_TRUE(drawEventAtMjd(found.set) || !sinks) << place.latitude() << " " << mjdAt0;
+    EXPECT_FALSE(found.rise == kAlwaysAbove && below) << place.latitude() << " " << mjdAt0;
+    EXPECT_FALSE(found.rise == kAlwaysBelow && above) << place.latitude() << " " << mjdAt0;
+    EXPECT_LT(missInSeconds(found, height), 45.0) << place.latitude();
   }
 }
 

@@ -39,8 +39,8 @@ class TwilightsOfDay : public testing::Test {
     const Date start = dateWithStartDateTime(dateWithPtDateTime(noon), cachedCalendar());
     mjdAt0_ = modifiedJulianDay(start);
     sun_.setPosition(PtPosition(latitude, longitude));
-    return calculateTwilightsForMjd(mjdAt0_, getDeltaT(ptDateTimeForDate(start)), sun_,
-                                    cachedCalendar());
+    return calculateTwilightsForMjd(mjdAt0_, getDeltaT(ptDateTimeForDate(start)),
+                                    dayValue(start, cachedCalendar()), sun_, cachedCalendar());
   }
   void TearDown() override { setCachedCalendarTimeZone(TimeZone::defaultTimeZone()); }
 

@@ -77,7 +77,7 @@ double everyMinuteForDirection(PtPlanet& body, const DirectionWindow& w, double 
   const double t2 = mjdForAzimuth(body, right, day, kDeltaTOf2026);
   body.computePosition(false, t2, kDeltaTOf2026);
   const double e2 = body.horizontal().elevation_, x2 = azimuthMiss(body, right);
-  if (e1 < 0 && e2 < 0 && std::abs(body.getPosition().latitude) > 23.0) return -4;
+  if (e1 < 0 && e2 < 0 && std::abs(body.getPosition().latitude()) > 23.0) return -4;
 
   double nearest = 1000, best = -4;
   const auto offer = [&](double mjd) {
@@ -123,7 +123,7 @@ TEST(AzimuthScan, LeavesOutNoMinuteThatCounts) {
     const double azimuth = randomAzimuth(random), day = when(random);
     const double expected = everyMinuteForAzimuth(*body, azimuth, day);
     ASSERT_EQ(scanMjdForAzimuth(*body, azimuth, day, kDeltaTOf2026), expected)
-        << body->getPosition().latitude << " " << azimuth << " " << day;
+        << body->getPosition().latitude() << " " << azimuth << " " << day;
     found += expected > 0 ? 1 : 0;
   }
   EXPECT_GT(found, 200);
@@ -148,7 +148,7 @@ TEST(DirectionScan, LeavesOutNoMinuteThatCounts) {
     }
     const double expected = everyMinuteForDirection(*body, window, day);
     ASSERT_EQ(scanMjdForAzimuthElevation(*body, window, day, kDeltaTOf2026), expected)
-        << body->getPosition().latitude << " " << window.azimuth << " " << window.azimuthError
+        << body->getPosition().latitude() << " " << window.azimuth << " " << window.azimuthError
         << " " << window.elevation << " " << window.elevationError << " " << day;
     found += expected > 0 ? 1 : 0;
   }
@@ -162,8 +162,8 @@ TEST(AzimuthSolver, StaysInTheDayWhereverItIsAsked) {
     const auto body = bodyAt(randomPlace(random), i % 2 == 0);
     const double day = when(random), azimuth = randomAzimuth(random);
     const double mjd = mjdForAzimuth(*body, azimuth, day, kDeltaTOf2026);
-    ASSERT_GE(mjd, day) << body->getPosition().latitude << " " << azimuth;
-    ASSERT_LE(mjd, day + 1.0) << body->getPosition().latitude << " " << azimuth;
+    ASSERT_GE(mjd, day) << body->getPosition().latitude() << " " << azimuth;
+    ASSERT_LE(mjd, day + 1.0) << body->getPosition().latitude() << " " << azimuth;
   }
 }
 

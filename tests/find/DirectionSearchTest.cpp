@@ -28,7 +28,7 @@ constexpr std::pair<double, double> kPlaces[] = {
 };
 
 double localMidnight(const PtPosition& place, int day) {
-  return kFirstDay + day - place.longitude / 360.0;
+  return kFirstDay + day - place.longitude() / 360.0;
 }
 
 /// Degrees of azimuth a minute.

@@ -23,12 +23,12 @@ TEST(ZVObserver, IsTheEphemerisObserver) {
   EXPECT_EQ(observer.getPtPosition(), PtPosition(45.976389, 7.658611, 4479.75, 4479.75 - 2000.5));
 
   observer.adjustForHeightAboveHorizon = false;
-  EXPECT_EQ(observer.getPtPosition().heightAboveHorizon, 0);
+  EXPECT_EQ(observer.getPtPosition().heightAboveHorizon(), 0);
   observer.adjustForHeightAboveHorizon = true;
   observer.altitudeAtHorizon = kNoAltitudeAtHorizon;
-  EXPECT_EQ(observer.getPtPosition().heightAboveHorizon, 0);
+  EXPECT_EQ(observer.getPtPosition().heightAboveHorizon(), 0);
   observer.altitudeAtHorizon = kUnknownAltitude;
-  EXPECT_EQ(observer.getPtPosition().heightAboveHorizon, 0);
+  EXPECT_EQ(observer.getPtPosition().heightAboveHorizon(), 0);
 }
 
 TEST(ZVObserver, StandsOnTheEllipsoidWhileItsAltitudeIsNotKnown) {
@@ -39,7 +39,7 @@ TEST(ZVObserver, StandsOnTheEllipsoidWhileItsAltitudeIsNotKnown) {
   EXPECT_EQ(observer.getPtPosition(), PtPosition(45.976389, 7.658611));
   // The Dead Sea's shore is a place as well.
   observer.altitude = -430;
-  EXPECT_EQ(observer.getPtPosition().altitude, -430);
+  EXPECT_EQ(observer.getPtPosition().altitude(), -430);
 }
 
 TEST(ZVObserver, ArchiveReadsBackEqual) {

@@ -148,7 +148,7 @@ TEST_F(SunEventTest, SpansAreWhereTheSunIs) {
             light, mjd, days[0].eventsForLightType(light), days[2].eventsForLightType(light),
             today.mjdAt0, today.mjdAt0 + 1);
         EXPECT_EQ(span.has_value(), elevation > low && elevation < high)
-            << place.latitude << " " << day << " " << hour << " " << static_cast<int>(light);
+            << place.latitude() << " " << day << " " << hour << " " << static_cast<int>(light);
         if (!span) continue;
         ++spans;
         EXPECT_LE(span->mjdStart(), mjd);

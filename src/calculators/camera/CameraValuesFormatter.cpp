@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "calculators/camera/CameraFilter.h"
+#include "calculators/camera/DistanceUnitsManager.h"
 #include "calculators/camera/Iso.h"
 #include "calculators/camera/NearestLookup.h"
 #include "calculators/camera/Texts.h"
@@ -43,7 +44,7 @@ std::string CameraValuesFormatter::formatDistance(float metres, bool showUnits,
                                                   bool withFraction) const {
   if (std::isnan(metres)) return kNoValueText;
   if (metres < 0 || std::isinf(metres)) return kInfinityText;
-  if (units_->currentUnits() == UnitSystem::imperial) {
+  if (units_ == UnitSystem::imperial) {
     return formatFeetAndInches(metres, withFraction);
   }
   if (!showUnits) return numberWithAtMost(2, metres);

@@ -73,7 +73,7 @@ class EquivalentFocalLength : public LensModel {
 
   /// Computes and keeps the match; the aperture is looked up among `stops`.
   const FocalLengthMatch& calculateMatch(
-      const ApertureManager& stops = ApertureManager::sharedInstance());
+      const ApertureManager& stops);
 
  private:
   void matchFocalLength();

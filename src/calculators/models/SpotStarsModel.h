@@ -24,7 +24,7 @@ class SpotStarsModel : public LensModel {
   /// Reads the lens, the declination and the accuracy from the settings: a
   /// teleconverter of 0 reads as 1, an aperture of 0 as the stop nearest 2.8.
   explicit SpotStarsModel(const UserDefaults& defaults,
-                          const ApertureManager& stops = ApertureManager::sharedInstance());
+                          const ApertureManager& stops);
 
   /// Writes the same back, the aperture by its `fstop`.
   void saveUserDefaults(UserDefaults& defaults) const;
