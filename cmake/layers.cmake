@@ -79,7 +79,8 @@ layer(answers/calculators
     calculators/timer input answers/common
   PACKAGES fmt)
 
-layer(answers/events USES engine find answers/common)
+layer(answers/events USES time engine eclipses find input answers/common PACKAGES fmt)
+
 layer(answers/library
   USES foundation app/settings store/file data/stores place calculators/camera data/pois app/shell
     input answers/common
@@ -89,7 +90,7 @@ layer(commands/common USES foundation input answers/common PACKAGES cli11 fmt)
 layer(commands/sky
   USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
 layer(commands/events
-  USES foundation time data/stores engine eclipses meteors find input answers/common
+  USES foundation time engine eclipses meteors find input answers/common
     answers/events commands/common
   PACKAGES cli11 fmt)
 layer(commands/calculators

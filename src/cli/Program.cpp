@@ -110,8 +110,8 @@ std::vector<Entry> addCommands(CLI::App& program, Home& home) {
   commands.push_back(makeNextDarkNightCommand());
   commands.push_back(makeNextMilkyWayCommand());
   commands.push_back(makeFindCommand());
-  commands.push_back(makeEclipseCommand());
-  commands.push_back(makeEclipsesCommand());
+  commands.push_back(makeEclipseCommand(home));
+  commands.push_back(makeEclipsesCommand(home));
   commands.push_back(makeMeteorsCommand());
   commands.push_back(makeCamerasCommand(home));
   commands.push_back(makeCameraCommand(home));
