@@ -79,7 +79,7 @@ layer(answers/calculators
     calculators/timer input answers/common
   PACKAGES fmt)
 
-layer(answers/events USES time engine eclipses find input answers/common PACKAGES fmt)
+layer(answers/events USES time engine place eclipses find input answers/common PACKAGES fmt)
 
 layer(answers/library
   USES foundation app/settings store/file data/stores place calculators/camera data/pois app/shell

@@ -27,8 +27,8 @@ struct GazetteerPlace {
   std::string_view regionPostal;  ///< what is written for it in addresses, if not its code
   std::string_view country;       ///< ISO 3166, two letters; empty for none
   Coordinate coordinate;
-  double altitude = 0;    ///< metres; 0 where it is not known
-  double population = 0;  ///< 0 where it is not known
+  std::optional<double> altitude;  ///< metres
+  double population = 0;           ///< 0 where it is not known
   gazetteer::Kind kind = gazetteer::Kind::place;
 
   /// "Paris, Île-de-France, FR"

@@ -237,9 +237,8 @@ class Search {
 
 NamedPlace findPlace(const Gazetteer& gazetteer, std::string_view query) {
   const GazetteerPlace place = Search(gazetteer, query).place();
-  return {.location = {.latitude = place.coordinate.latitude,
-                       .longitude = place.coordinate.longitude,
-                       .altitude = place.altitude},
+  return {.location = place.altitude ? ZVLocation(place.coordinate, *place.altitude)
+                                     : ZVLocation(place.coordinate),
           .label = place.label(),
           .country = std::string(place.country),
           .isPointOfInterest = place.kind == gazetteer::Kind::pointOfInterest};

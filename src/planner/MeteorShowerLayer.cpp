@@ -5,15 +5,6 @@
 #include "time/DateEphemeris.h"
 
 namespace zenivo {
-namespace {
-
-ZVLocation locationOf(const PtPosition& observer) {
-  return {.coordinate = {observer.latitude(), observer.longitude()},
-          .altitude = observer.altitude(),
-          .verticalAccuracy = 1};
-}
-
-}  // namespace
 
 MeteorShowerLayer::MeteorShowerLayer(std::int64_t showerId, Date currentDate, const TimeZone& zone,
                                      MeteorShowerManager::Cache cache)
@@ -21,7 +12,7 @@ MeteorShowerLayer::MeteorShowerLayer(std::int64_t showerId, Date currentDate, co
       manager_({currentDate, std::nullopt, zone}, showerId, true, std::move(cache)) {}
 
 void MeteorShowerLayer::updateLocation(const PtPosition& observer) {
-  manager_.updateLocation(locationOf(observer));
+  manager_.updateLocation(ZVLocation(observer));
 }
 
 void MeteorShowerLayer::timeZoneUpdated(const TimeZone& zone) {

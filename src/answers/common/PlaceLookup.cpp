@@ -13,9 +13,9 @@ namespace zenivo {
 namespace {
 
 /// "3 km from Levallois-Perret; GeoNames, CC BY 4.0", or nothing in the wilderness.
-std::string placeNear(const Gazetteer& gazetteer, const Location& location) {
+std::string placeNear(const Gazetteer& gazetteer, const Coordinate& coordinate) {
   constexpr double kReach = 50;
-  const auto near = gazetteer.nearest({location.latitude, location.longitude}, kReach);
+  const auto near = gazetteer.nearest(coordinate, kReach);
   if (!near) return {};
   return fmt::format("{:.0f} km from {}; {}", near->kilometres, gazetteer.place(near->place).name,
                      kGeoNamesCredit);
@@ -25,10 +25,10 @@ std::string placeNear(const Gazetteer& gazetteer, const Location& location) {
 
 TypedPlace placeFrom(std::string_view text) {
   if (looksLikeCoordinates(text)) {
-    const Location location = parseCoordinates(text);
+    const ZVLocation location = parseCoordinates(text);
     return {.location = location,
             .name = {},
-            .origin = placeNear(Gazetteer(), location),
+            .origin = placeNear(Gazetteer(), location.coordinate),
             .country = {}};
   }
   const NamedPlace place = findPlace(Gazetteer(), text);
@@ -49,8 +49,7 @@ Scene sceneFrom(std::string_view place, std::string_view zone) {
     scene.zone = parseZone(zone);
     return scene;
   }
-  const PlaceZones zones =
-      ZoneMap().at({typed.location.latitude, typed.location.longitude}, typed.country);
+  const PlaceZones zones = ZoneMap().at(typed.location.coordinate, typed.country);
   const auto found = TimeZone::timeZoneWithName(zones.name);
   if (!found) {
     throw InputError(fmt::format("the place's time zone {} is not known here; give one with --zone",

@@ -6,13 +6,13 @@
 #include <string_view>
 
 #include "answers/common/Scene.h"
-#include "place/Location.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 
 /// A place that was typed: coordinates, or a place of the gazetteer.
 struct TypedPlace {
-  Location location;
+  ZVLocation location;
   std::string name;     ///< empty for coordinates
   std::string origin;   ///< whose name that is; of coordinates, which place is near
   std::string country;  ///< ISO 3166, two letters; empty where it is not known

@@ -6,13 +6,13 @@
 
 #include "answers/common/Moments.h"
 #include "foundation/TimeZone.h"
-#include "place/Location.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 
 /// A place and the zone of its clocks.
 struct Scene {
-  Location location;
+  ZVLocation location;
   std::string placeName;    ///< of a place that was named; empty for coordinates
   std::string placeOrigin;  ///< whose name that is, or which place is near: "GeoNames, …"
   TimeZone zone;
@@ -20,6 +20,6 @@ struct Scene {
 };
 
 /// {"latitude": …, "longitude": …, "altitude": …}
-Json placeJson(const Location& location);
+Json placeJson(const ZVLocation& location);
 
 }  // namespace zenivo

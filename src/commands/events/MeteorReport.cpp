@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "answers/common/Session.h"
 #include "commands/events/ShowerFinder.h"
 #include "foundation/MainQueue.h"
 #include "time/DateEphemeris.h"
@@ -13,7 +12,7 @@ namespace {
 
 LocationInfoData dataFor(const MeteorQuestion& question) {
   LocationInfoData data{question.moment, std::nullopt, question.zone};
-  if (question.scene) data.location = locationOfPin(pinAt(question.scene->location));
+  if (question.scene) data.location = question.scene->location;
   return data;
 }
 

@@ -38,7 +38,7 @@ class PoisCommand : public Command {
 
   std::string run(const Terminal& terminal, const GoOn&) override {
     PoisQuestion question{.text = text_, .near = {}, .limit = limit_};
-    if (!near_.empty()) question.near = placeFrom(near_).location;
+    if (!near_.empty()) question.near = placeFrom(near_).location.coordinate;
     Stores stores(home_.database());
     const PoisReport report = answer(question, stores);
     return wantsJson_ ? json(report).dump(2) + "\n" : textOf(report, terminal);
