@@ -2,9 +2,9 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/PlaceLookup.h"
 #include "answers/common/Words.h"
 #include "answers/library/Pois.h"
+#include "commands/common/PlaceText.h"
 #include "commands/common/Table.h"
 #include "commands/library/Commands.h"
 #include "foundation/LocalizedString.h"
@@ -38,7 +38,7 @@ class PoisCommand : public Command {
 
   std::string run(const Terminal& terminal, const GoOn&) override {
     PoisQuestion question{.text = text_, .near = {}, .limit = limit_};
-    if (!near_.empty()) question.near = placeFrom(near_).location.coordinate;
+    if (!near_.empty()) question.near = placeFrom(near_, "--near").coordinate;
     Stores stores(home_.database());
     const PoisReport report = answer(question, stores);
     return wantsJson_ ? json(report).dump(2) + "\n" : textOf(report, terminal);
