@@ -80,9 +80,9 @@ EclipseReport EclipseChoice::operator()(const DateComponents& day) const {
 EclipseReport EclipseChoice::operator()(const std::string& name) const {
   const auto named = catalogue_.getEclipseWithName(name);
   if (!named) {
-    throw InputError(
-        fmt::format("no eclipse named {}; write it as in SE2024Apr08T, give its date, or say next",
-                    inQuotes(name)));
+    throw InputError(fmt::format(
+        "no eclipse named {}; {}; write it as in SE2024Apr08T, give its date, or say next",
+        inQuotes(name), yearsOf(eclipsesOfKind(catalogue_, std::nullopt)).text()));
   }
   if (question_.kind && kindOf(*named) != *question_.kind) {
     throw InputError(fmt::format("{} is not a {} eclipse", named->name, wordOf(*question_.kind)));
