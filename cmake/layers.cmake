@@ -72,8 +72,9 @@ layer(app/shell
 layer(answers/common
   USES foundation time app/settings store/model data/stores place calculators/camera calculators
     data/cameras planner input
-  PACKAGES cctz fmt json)
+  PACKAGES fmt json)
 
+layer(answers/sky USES foundation time engine planner input answers/common)
 layer(answers/calculators
   USES foundation app/settings calculators/camera calculators/models calculators
     calculators/timer input answers/common
@@ -86,9 +87,9 @@ layer(answers/library
     input answers/common
   PACKAGES fmt)
 
-layer(commands/common USES foundation input answers/common PACKAGES cli11 fmt)
+layer(commands/common USES foundation time input answers/common PACKAGES cctz cli11 fmt)
 layer(commands/sky
-  USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
+  USES foundation time engine input answers/sky commands/common PACKAGES fmt)
 layer(commands/events
   USES foundation time engine eclipses meteors find input answers/common
     answers/events commands/common

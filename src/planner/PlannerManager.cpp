@@ -33,7 +33,8 @@ PlannerManager::PlannerManager(UserDefaults& userDefaults, PlannerSides sides)
       milkyWay_(givenOrNew(std::move(sides.milkyWay))),
       azimuthManager_(std::move(sides.azimuthManager)),
       makeMeteorLayer_(std::move(sides.meteors)),
-      calendar_(cachedCalendar()) {
+      calendar_(cachedCalendar()),
+      leavesProcessZone_(sides.leavesProcessZone) {
   isFirstLaunch_ = !userDefaults.objectForKey(settings::planner_observer);
   refreshBodies();
   const auto savedDate = userDefaults.objectForKey(settings::planner_date);
@@ -173,7 +174,7 @@ void PlannerManager::setCurrentTimeZone(const TimeZone& zone) {
 
 void PlannerManager::adoptTimeZone(const TimeZone& zone) {
   calendar_.setTimeZone(zone);
-  setProcessTimeZone(zone);
+  if (!leavesProcessZone_) setProcessTimeZone(zone);
 }
 
 void PlannerManager::restoreTimeZone() const {

@@ -90,6 +90,11 @@ Date dateFromModifiedJulianDay(double mjd, bool withSeconds) {
   return dateWithPtDateTime(record, withSeconds);
 }
 
+Date dateOfMjd(double mjd) {
+  constexpr double kMjdOf1970 = 40587;
+  return Date::withTimeIntervalSince1970((mjd - kMjdOf1970) * kSecondsPerDay);
+}
+
 double modifiedJulianDay(Date date) {
   return getMjd(ptDateTimeForDate(date));
 }

@@ -33,6 +33,9 @@ PtDateTime ptDateTimeForDate(Date date);
 /// Without seconds the date stands on a whole minute.
 Date dateFromModifiedJulianDay(double mjd, bool withSeconds = false);
 
+/// The moment of a real mjd, without rounding.
+Date dateOfMjd(double mjd);
+
 /// Fractions of a second are lost.
 double modifiedJulianDay(Date date);
 

@@ -2,9 +2,9 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/Words.h"
 #include "answers/library/Pois.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "commands/library/Commands.h"
 #include "foundation/LocalizedString.h"
 #include "input/CoordinateParser.h"
