@@ -87,7 +87,11 @@ layer(answers/library
     input answers/common
   PACKAGES fmt)
 
-layer(commands/common USES foundation time input answers/common PACKAGES cctz cli11 fmt)
+layer(answers/map USES foundation time engine place map/lines answers/common)
+
+layer(commands/common
+  USES foundation time place input answers/common
+  PACKAGES cctz cli11 fmt)
 layer(commands/sky
   USES foundation time engine input answers/sky commands/common PACKAGES fmt)
 layer(commands/events
@@ -104,7 +108,9 @@ layer(commands/timer
 layer(commands/library
   USES foundation calculators/camera input answers/common answers/library commands/common
   PACKAGES cli11 fmt)
+layer(commands/map
+  USES foundation place calculators/camera input answers/common answers/map commands/common PACKAGES fmt)
 layer(cli
   USES foundation input answers/common commands/common commands/sky commands/events
-    commands/calculators commands/timer commands/library
+    commands/calculators commands/timer commands/library commands/map
   PACKAGES cli11 fmt)
