@@ -109,7 +109,7 @@ layer(commands/library
   USES foundation calculators/camera input answers/common answers/library commands/common
   PACKAGES cli11 fmt)
 layer(commands/map
-  USES foundation place calculators/camera input answers/common answers/map commands/common PACKAGES fmt)
+  USES foundation place calculators/camera input answers/map commands/common PACKAGES fmt)
 layer(cli
   USES foundation input answers/common commands/common commands/sky commands/events
     commands/calculators commands/timer commands/library commands/map

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "answers/map/Pin.h"
+#include "commands/common/Clock.h"
 #include "commands/common/PlaceText.h"
 #include "commands/common/Table.h"
 #include "commands/common/Words.h"
