@@ -133,7 +133,7 @@ std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start) {
 const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDate> phases, int day,
                                               int month, const Calendar& calendar) {
   const auto found = std::ranges::find_if(phases, [&](const PtMoonPhaseWithDate& item) {
-    const DateComponents c = calendar.componentsFromDate(dateWithPtDateTime(item.date));
+    const DateComponents c = calendar.componentsFromDate(dateWithPtDateTime(item.date, true));
     return c.day == day && c.month == month;
   });
   return found == phases.end() ? nullptr : &*found;

@@ -39,10 +39,10 @@ std::string dayTitle(Date date, const TimeZone& zone) {
 }
 
 std::string momentTitle(double mjd, const TimeZone& zone) {
-  const Date minute = nearestMinute(dateOfMjd(mjd), zone);
-  return fmt::format("{}, {} {}", dayTitle(minute, zone),
-                     DateFormatter("%H:%M", zone).stringFromDate(minute),
-                     offsetTitle(minute, zone));
+  const Date moment = dateOfMjd(mjd);
+  const DayClock clock(Calendar(zone).componentsFromDate(moment), zone);
+  return fmt::format("{}, {} {}", dayTitle(moment, zone), clock.time(mjd),
+                     offsetTitle(moment, zone));
 }
 
 std::string offsetTitle(Date date, const TimeZone& zone) {

@@ -13,7 +13,8 @@ namespace zenivo::cli {
 /// "Sunday 7 June 2026"
 std::string dayTitle(Date date, const TimeZone& zone);
 
-/// "Sunday 7 June 2026, 05:47 UTC+02:00", to the nearest minute; not for sentinels.
+/// "Sunday 7 June 2026, 05:47 UTC+02:00", to the nearest minute; the last half minute of a day
+/// is its "24:00".  Not for sentinels.
 std::string momentTitle(double mjd, const TimeZone& zone);
 
 /// "UTC+02:00", with seconds only where the offset has some.

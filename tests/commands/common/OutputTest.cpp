@@ -52,6 +52,14 @@ TEST(DayClock, TimesToTheNearestMinute) {
   EXPECT_EQ(amsterdam.time(15020 + 12 / 24.0), "12:20");
 }
 
+TEST(MomentTitle, KeepsTheDayOfTheMoment) {
+  // 2025-05-20 11:59:54 UT, and a minute before.
+  constexpr double kMoment = 60815.49992602666;
+  const TimeZone zone = zoneNamed("Etc/GMT-12");
+  EXPECT_EQ(momentTitle(kMoment, zone), "Tuesday 20 May 2025, 24:00 UTC+12:00");
+  EXPECT_EQ(momentTitle(kMoment - 1 / 1440.0, zone), "Tuesday 20 May 2025, 23:59 UTC+12:00");
+}
+
 TEST(DayClock, OffsetsAndLengths) {
   struct Case {
     DayClock clock;
