@@ -3,6 +3,7 @@
 #include "answers/common/Session.h"
 #include "engine/Angles.h"
 #include "engine/LightBands.h"
+#include "engine/PtSun.h"
 #include "foundation/DateFormatter.h"
 #include "time/DateEphemeris.h"
 
@@ -19,7 +20,7 @@ Json bodyJson(const SkyReport::Body& body) {
 Json sunJson(const SkyReport& sky) {
   Json sun = bodyJson(sky.sun);
   sun["shadowRatio"] = sky.sun.shadowRatio;
-  sun["light"] = lightTypeKeyForSunElevation(sky.sun.position.elevation_);
+  sun["light"] = lightTypeKeyForSunElevation(sky.elevationForLight);
   return sun;
 }
 
@@ -41,12 +42,16 @@ SkyReport answer(const SkyQuestion& question) {
   const Session session(question.scene, question.moment);
   const PlannerManager& planner = session.planner();
   const Date moment = question.moment;
+  const double deltaT = getDeltaT(ptDateTimeForDate(moment));
   SkyReport report;
   report.question = question;
   report.mjd = modifiedJulianDay(moment);
-  report.deltaT = getDeltaT(ptDateTimeForDate(moment)) * kSecondsPerDay;
+  report.deltaT = deltaT * kSecondsPerDay;
   report.sun = {planner.getSunPosition(), planner.getSunAngularDiameter(),
                 planner.getSunShadowRatio()};
+  ephemeris::PtSun sun(question.scene.location.getPtPosition());
+  sun.computePosition(true, report.mjd, deltaT);
+  report.elevationForLight = elevationForLight(sun);
   report.moon = {planner.getMoonPosition(), planner.getMoonAngularDiameter(),
                  planner.getMoonShadowRatio()};
   report.phase = planner.getMoonPhase();
@@ -58,6 +63,7 @@ SkyReport answer(const SkyQuestion& question) {
 Json json(const SkyReport& report) {
   const auto& [scene, moment] = report.question;
   return {{"place", placeJson(scene.location)},
+          {"zone", scene.zone.name()},
           {"time", iso8601String(moment, scene.zone)},
           {"mjd", report.mjd},
           {"deltaT", report.deltaT},

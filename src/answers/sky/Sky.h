@@ -26,6 +26,7 @@ struct SkyReport {
   double mjd = 0;
   double deltaT = 0;  ///< seconds
   Body sun;
+  double elevationForLight = 0;  ///< the Sun's by which the band of light is told, degrees
   Body moon;
   MoonPhase phase;
   double moonAge = 0;  ///< days

@@ -44,7 +44,7 @@ std::string skyText(const SkyReport& sky, const Terminal& terminal) {
   std::string text = heading(scene, dayTitle(moment, scene.zone) + ", " + clock,
                              offsetTitle(moment, scene.zone), terminal);
   text += "\n" + table.text(terminal) + "\n";
-  text += fmt::format("Light: {}; {}\n", lightTypeForSunElevation(sky.sun.position.elevation_),
+  text += fmt::format("Light: {}; {}\n", lightTypeForSunElevation(sky.elevationForLight),
                       shadowText(sky.sun.shadowRatio));
   text +=
       fmt::format("Moon: {}, {} lit, {:.1f} days old; {}\n", phaseName(sky.phase.moon_phase_type_),
