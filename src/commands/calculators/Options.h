@@ -16,7 +16,7 @@
 #include "answers/calculators/DepthOfField.h"
 #include "answers/calculators/DepthTables.h"
 #include "answers/calculators/Inverse.h"
-#include "calculators/camera/DistanceUnit.h"
+#include "calculators/camera/DistanceUnits.h"
 #include "input/InputError.h"
 
 namespace zenivo::cli {
