@@ -139,9 +139,8 @@ std::optional<int> readOffset(Scanner& scanner) {
   const int minutes = more();
   const int seconds = more();
   if (hours > 23) scanner.fail("the offset must be less than 24 hours");
-  if (minutes > 59 || seconds > 59) {
-    scanner.fail("the offset's minutes and seconds must be 0 to 59");
-  }
+  if (minutes > 59) scanner.fail("the offset's minutes must be 0 to 59");
+  if (seconds > 59) scanner.fail("the offset's seconds must be 0 to 59");
   const int size = hours * 3600 + minutes * 60 + seconds;
   return isWest ? -size : size;
 }
