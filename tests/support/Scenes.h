@@ -8,10 +8,10 @@
 namespace zenivo {
 
 inline Scene sceneAt(double latitude, double longitude, const std::string& zone) {
-  return {.location = ZVLocation(Coordinate{latitude, longitude}),
-          .placeName = {},
-          .zone = zoneNamed(zone),
-          .zoneOrigin = {}};
+  Scene scene;
+  scene.location = ZVLocation(Coordinate{latitude, longitude});
+  scene.zone = zoneNamed(zone);
+  return scene;
 }
 
 }  // namespace zenivo
