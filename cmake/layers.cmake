@@ -79,14 +79,16 @@ layer(answers/calculators
     calculators/timer input answers/common
   PACKAGES fmt)
 
-layer(answers/events USES time engine eclipses find input answers/common PACKAGES fmt)
+layer(answers/events USES time engine place eclipses find input answers/common PACKAGES fmt)
 
 layer(answers/library
   USES foundation app/settings store/file data/stores place calculators/camera data/pois app/shell
     input answers/common
   PACKAGES fmt)
 
-layer(commands/common USES foundation input answers/common PACKAGES cli11 fmt)
+layer(answers/map USES foundation time engine place map/lines answers/common)
+
+layer(commands/common USES foundation place input answers/common PACKAGES cli11 fmt)
 layer(commands/sky
   USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
 layer(commands/events
@@ -103,7 +105,9 @@ layer(commands/timer
 layer(commands/library
   USES foundation calculators/camera input answers/common answers/library commands/common
   PACKAGES cli11 fmt)
+layer(commands/map
+  USES foundation place calculators/camera input answers/common answers/map commands/common PACKAGES fmt)
 layer(cli
   USES foundation input answers/common commands/common commands/sky commands/events
-    commands/calculators commands/timer commands/library
+    commands/calculators commands/timer commands/library commands/map
   PACKAGES cli11 fmt)

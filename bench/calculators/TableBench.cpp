@@ -4,8 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include "app/settings/RegisteredDefaults.h"
-#include "calculators/DofTable.h"
-#include "calculators/HyperfocalTable.h"
+#include "calculators/DepthTables.h"
 
 namespace zenivo {
 namespace {
@@ -69,10 +68,13 @@ void BM_TextsOfDofTable(benchmark::State& state) {
   Desk desk;
   DofTable table({desk.defaults, desk.apertures, desk.units, desk.cameras});
   table.load();
+  const CameraValuesFormatter formatter(UnitSystem::metric);
   for (auto _ : state) {
-    for (std::size_t row = 0; row < table.rowCount(); ++row) {
+    for (std::size_t row = 1; row < table.rowCount(); ++row) {
       for (std::size_t column = 0; column < table.stops().size(); ++column) {
-        benchmark::DoNotOptimize(table.cellText(row, column));
+        const DofTable::Cell cell = table.cell(row, column);
+        benchmark::DoNotOptimize(formatter.formatDistance(cell.nearLimit, false));
+        benchmark::DoNotOptimize(formatter.formatDistance(cell.farLimit, false));
       }
     }
   }

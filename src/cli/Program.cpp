@@ -21,6 +21,7 @@
 #include "commands/common/Command.h"
 #include "commands/events/Commands.h"
 #include "commands/library/Commands.h"
+#include "commands/map/Commands.h"
 #include "commands/sky/Commands.h"
 #include "commands/timer/Commands.h"
 #include "foundation/UserFolder.h"
@@ -37,7 +38,7 @@ constexpr const char* kDescription =
     "and set, and what light falls.";
 
 constexpr const char* kFooter =
-    "A place is LAT,LON[,ALT_M] or the name of a city:\n"
+    "A place is LAT,LON[,ALT_M] or a name:\n"
     "  --at 48.8584,2.2945      --at \"48°51'30\\\"N 2°17'40\\\"E\"\n"
     "  --at Paris               --at \"Portland, US\"\n"
     "Times are ISO 8601, local to the zone unless they carry an offset:\n"
@@ -48,7 +49,7 @@ constexpr const char* kFooter =
     "  zenivo sky --at \"Portland, US\" --json\n"
     "  zenivo next-milky-way --at -24.6,-70.4\n"
     "\n"
-    "City names and their time zones: GeoNames (CC BY 4.0).\n"
+    "Names of places: GeoNames (CC BY 4.0); time zones: OpenStreetMap contributors (ODbL).\n"
     "zenivo COMMAND --help tells more.";
 
 /// A command by its name, and how it is made; in the order of the help.
@@ -70,6 +71,9 @@ constexpr Entry kCommands[] = {
     {"eclipse", makeEclipseCommand},
     {"eclipses", makeEclipsesCommand},
     {"meteors", [](Home&) { return makeMeteorsCommand(); }},
+    {"line", [](Home&) { return makeLineCommand(); }},
+    {"pin", [](Home&) { return makePinCommand(); }},
+    {"horizon", [](Home&) { return makeHorizonCommand(); }},
     {"cameras", makeCamerasCommand},
     {"camera", makeCameraCommand},
     {"dof", [](Home&) { return makeDofCommand(); }},

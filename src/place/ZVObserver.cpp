@@ -6,6 +6,12 @@
 #include "foundation/KeyedArchive.h"
 
 namespace zenivo {
+ZVObserver::ZVObserver(const ZVLocation& location) : PinLocation(location.coordinate) {
+  if (!location.isAltitudeKnown()) return;
+  altitude = static_cast<float>(location.altitude);
+  altitudeAccuracy = kAltitudeSetManually;
+}
+
 bool ZVObserver::isAltitudeAtHorizonValid() const {
   return altitudeAtHorizon != kNoAltitudeAtHorizon && altitudeAtHorizon != kUnknownAltitude &&
          std::isfinite(altitudeAtHorizon);

@@ -8,7 +8,7 @@
 
 #include "calculators/camera/ApertureManager.h"
 #include "calculators/camera/CameraStore.h"
-#include "calculators/camera/DistanceUnitsManager.h"
+#include "calculators/camera/DistanceUnits.h"
 #include "foundation/Error.h"
 #include "foundation/UserDefaults.h"
 

@@ -9,7 +9,7 @@
 #include "answers/calculators/Readout.h"
 #include "answers/common/CalculatorSession.h"
 #include "calculators/camera/AbstractCamera.h"
-#include "calculators/camera/Aperture.h"
+#include "calculators/camera/ApertureManager.h"
 #include "calculators/camera/CameraChooser.h"
 #include "calculators/camera/CameraValuesFormatter.h"
 #include "calculators/camera/LensInput.h"

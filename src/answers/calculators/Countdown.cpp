@@ -4,8 +4,7 @@
 
 #include "app/settings/SettingsKeys.h"
 #include "calculators/ExposureCalculator.h"
-#include "calculators/SpotStarsCalculator.h"
-#include "calculators/StarTrailCalculator.h"
+#include "calculators/NightCalculators.h"
 
 namespace zenivo {
 namespace {

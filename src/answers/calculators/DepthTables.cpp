@@ -7,8 +7,8 @@
 #include <set>
 
 #include "answers/common/CameraJson.h"
-#include "calculators/HyperfocalTable.h"
-#include "calculators/camera/NearestLookup.h"
+#include "calculators/DepthTables.h"
+#include "calculators/camera/Ladders.h"
 #include "calculators/camera/Texts.h"
 #include "input/InputError.h"
 

@@ -9,7 +9,7 @@
 
 #include "answers/calculators/CameraAndLens.h"
 #include "answers/common/CalculatorSession.h"
-#include "calculators/DofTable.h"
+#include "calculators/DepthTables.h"
 
 namespace zenivo {
 

@@ -12,7 +12,6 @@
 #include "answers/calculators/Readout.h"
 #include "answers/common/CalculatorSession.h"
 #include "calculators/ExposureCalculator.h"
-#include "calculators/ExposureValues.h"
 #include "calculators/camera/CameraValuesParser.h"
 
 namespace zenivo {

@@ -1,6 +1,6 @@
 #include "answers/calculators/FieldOfView.h"
 
-#include "calculators/FovSubjectDistanceCalculator.h"
+#include "calculators/FovCalculator.h"
 #include "calculators/camera/Texts.h"
 
 namespace zenivo {

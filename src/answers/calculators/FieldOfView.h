@@ -10,7 +10,7 @@
 #include "answers/calculators/Readout.h"
 #include "answers/common/CalculatorSession.h"
 #include "calculators/FovCalculator.h"
-#include "calculators/models/FovSubjectDistance.h"
+#include "calculators/models/Fov.h"
 
 namespace zenivo {
 

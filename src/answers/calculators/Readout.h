@@ -8,7 +8,7 @@
 
 #include "answers/common/Numbers.h"
 #include "calculators/camera/AbstractCamera.h"
-#include "calculators/camera/DistanceUnit.h"
+#include "calculators/camera/DistanceUnits.h"
 
 namespace zenivo {
 

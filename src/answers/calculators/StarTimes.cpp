@@ -2,13 +2,22 @@
 
 #include <cmath>
 
-#include "calculators/SpotStarsCalculator.h"
-#include "calculators/StarTrailCalculator.h"
+#include "calculators/NightCalculators.h"
 #include "calculators/camera/Texts.h"
 #include "input/InputError.h"
 
 namespace zenivo {
 namespace {
+
+std::string accuracyKey(SpotStarsAccuracy accuracy) {
+  return accuracy == SpotStarsAccuracy::standard ? "night_spot_stars_accuracy_default"
+                                                 : "night_spot_stars_accuracy_accurate";
+}
+
+std::string accuracyInfoKey(SpotStarsAccuracy accuracy) {
+  return accuracy == SpotStarsAccuracy::standard ? "night_spot_stars_accuracy_default_info"
+                                                 : "night_spot_stars_accuracy_accurate_info";
+}
 
 Quantity longestTime(float seconds) {
   return inSeconds(seconds, CameraValuesFormatter::formatSpotStarsShutterSpeed(seconds, true));
@@ -33,11 +42,11 @@ StarsReport answer(const StarsQuestion& question, CalculatorSession& session) {
   }
   if (question.accuracy) calculator.setAccuracy(*question.accuracy);
   calculator.save();
-  return {setup, calculator.model()};
+  return {setup, calculator.model(), question.explains};
 }
 
 Readout readout(const StarsReport& report) {
-  const auto& [setup, model] = report;
+  const auto& [setup, model, explains] = report;
   Readout readout = readoutOf(setup);
   addLens(readout, lensOf(model), setup);
   addAperture(readout, model.aperture());
@@ -48,12 +57,21 @@ Readout readout(const StarsReport& report) {
   readout.inputs.push_back({"accuracy",
                             "Accuracy",
                             {isAccurate ? "accurate" : "default", "",
-                             SpotStarsCalculator::accuracyText(model.accuracy())}});
-  readout.resultsTitle = SpotStarsCalculator::resultsTitle();
+                             calculatorText(accuracyKey(model.accuracy()))}});
+  readout.resultsTitle = calculatorText("night_spot_star_max_exposure_time");
   readout.results = {{"npf", calculatorText("night_spot_stars_npf_rule"),
                       longestTime(model.maxExposureTimeWithNPFRule())},
                      {"ruleOf500", calculatorText("night_spot_stars_500_rule"),
                       longestTime(model.maxExposureTimeWithRuleOf500())}};
+  if (explains) {
+    const auto explain = [&readout](const std::string& label, const std::string& info) {
+      readout.notes.push_back(label + ": " + info);
+    };
+    explain(readout.results[0].label, calculatorText("night_spot_stars_npf_rule_info"));
+    explain(readout.results[1].label, calculatorText("night_spot_stars_500_rule_info"));
+    explain("Accuracy", calculatorText(accuracyInfoKey(model.accuracy())));
+    explain("Declination", calculatorText("night_spot_stars_declination_description"));
+  }
   return readout;
 }
 

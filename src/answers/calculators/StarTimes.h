@@ -20,11 +20,13 @@ struct StarsQuestion {
   std::optional<float> fstop;        ///< the nearest stop is taken
   std::optional<float> declination;  ///< degrees, -90 to 90
   std::optional<SpotStarsAccuracy> accuracy;
+  bool explains = false;  ///< what the rules, the accuracy and the declination mean
 };
 
 struct StarsReport {
   Setup setup;
   SpotStarsModel model;
+  bool explains = false;
 };
 
 /// What was given is kept in the session, here and below.  Throws InputError for what the

@@ -10,21 +10,20 @@
 #include "answers/calculators/Readout.h"
 #include "answers/common/CalculatorSession.h"
 #include "calculators/TimelapseCalculator.h"
-#include "calculators/TimelapseIntervals.h"
 
 namespace zenivo {
 
 /// Values that are missing stay as they are kept.
 struct TimelapseQuestion {
-  std::optional<double> interval;  ///< seconds, here and below
-  std::optional<double> clip;
-  std::optional<double> duration;
-  std::optional<double> fps;        ///< a whole number
-  std::optional<double> imageSize;  ///< megabytes
+  std::optional<double> interval = {};  ///< seconds, here and below
+  std::optional<double> clip = {};
+  std::optional<double> duration = {};
+  std::optional<double> fps = {};        ///< a whole number
+  std::optional<double> imageSize = {};  ///< megabytes
   /// In place of interval and duration: an event of the table, by its name or number.  The clip
   /// is then solved for.
-  std::optional<std::string> event;
-  std::optional<TimelapseField> solveFor;  ///< one of the words below
+  std::optional<std::string> event = {};
+  std::optional<TimelapseField> solveFor = {};  ///< one of the words below
 };
 
 struct TimelapseReport {

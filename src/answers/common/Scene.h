@@ -6,19 +6,20 @@
 
 #include "answers/common/Moments.h"
 #include "foundation/TimeZone.h"
-#include "place/Location.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 
 /// A place and the zone of its clocks.
 struct Scene {
-  Location location;
-  std::string placeName;  ///< of a city that was named; empty for coordinates
+  ZVLocation location;
+  std::string placeName;    ///< of a place that was named; empty for coordinates
+  std::string placeOrigin;  ///< whose name that is, or which place is near: "GeoNames, …"
   TimeZone zone;
-  std::string zoneOrigin;  ///< why this zone: "as given", "the city's own", …
+  std::string zoneOrigin;  ///< why this zone: "as given", "by its borders; …", …
 };
 
 /// {"latitude": …, "longitude": …, "altitude": …}
-Json placeJson(const Location& location);
+Json placeJson(const ZVLocation& location);
 
 }  // namespace zenivo

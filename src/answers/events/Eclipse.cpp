@@ -5,7 +5,6 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "answers/common/Session.h"
 #include "answers/events/EclipseList.h"
 #include "eclipses/EclipseSelector.h"
 #include "input/InputError.h"
@@ -34,7 +33,7 @@ class EclipseChoice {
 EclipseReport EclipseChoice::operator()(const NextEclipse& next) const {
   constexpr double kHalfDay = 0.5;  // no eclipse is longer
   const double mjd = modifiedJulianDay(next.after);
-  const PtPosition observer = observerOf(question_.scene.location);
+  const PtPosition observer = question_.scene.location.getPtPosition();
   const auto eclipses = eclipsesOfKind(catalogue_, question_.kind);
   for (const EclipseRow& row : eclipses) {
     if (mjdOfGreatestEclipse(row) < mjd - kHalfDay) continue;
@@ -87,7 +86,7 @@ EclipseReport EclipseChoice::operator()(const std::string& name) const {
 }
 
 EclipseReport EclipseChoice::reportOn(const EclipseRow& eclipse) const {
-  auto local = localEclipse(observerOf(question_.scene.location), eclipse);
+  auto local = localEclipse(question_.scene.location.getPtPosition(), eclipse);
   if (local) return {question_.scene, eclipse, *std::move(local)};
   throw std::runtime_error(fmt::format("the catalogue lacks the elements of {}", eclipse.name));
 }

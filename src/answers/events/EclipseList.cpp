@@ -2,7 +2,6 @@
 
 #include <stdexcept>
 
-#include "answers/common/Session.h"
 #include "eclipses/EclipseSelector.h"
 #include "eclipses/LocalEclipse.h"
 #include "input/InputError.h"
@@ -17,7 +16,7 @@ EclipsesReport answer(const EclipsesQuestion& question, const EclipseCatalogue& 
     const double mjd = mjdOfGreatestEclipse(row);
     const Date date = dateOfMjd(mjd);
     if ((from && date < *from) || (to && date >= *to)) continue;
-    const std::int32_t type = scene ? eclipseTypeAt(observerOf(scene->location), row) : 0;
+    const std::int32_t type = scene ? eclipseTypeAt(scene->location.getPtPosition(), row) : 0;
     report.eclipses.push_back({std::move(row), mjd, type});
   }
   return report;

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "calculators/camera/DistanceUnit.h"
+#include "calculators/camera/DistanceUnits.h"
 
 namespace zenivo {
 

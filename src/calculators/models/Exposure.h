@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include "calculators/camera/Aperture.h"
 #include "calculators/camera/ApertureManager.h"
 
 namespace zenivo {

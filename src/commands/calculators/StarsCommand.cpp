@@ -16,7 +16,7 @@ class StarsCommand : public ReadoutCommand<StarsQuestion> {
  private:
   StarsQuestion question(UnitSystem /*units*/) const override {
     return {camera_.name(), lens_.question(), aperture_.read(CameraValuesParser::parseAperture),
-            declination_.read(CameraValuesParser::parseAngle), accuracy_.value()};
+            declination_.read(CameraValuesParser::parseAngle), accuracy_.value(), explains_};
   }
 
   CameraOption camera_;
@@ -25,6 +25,7 @@ class StarsCommand : public ReadoutCommand<StarsQuestion> {
   TypedOption declination_{"--declination", "-12.5°"};
   WordOption<SpotStarsAccuracy> accuracy_{
       {{"default", SpotStarsAccuracy::standard}, {"accurate", SpotStarsAccuracy::accurate}}};
+  bool explains_ = false;
 };
 
 void StarsCommand::addTo(CLI::App& program) {
@@ -34,6 +35,7 @@ void StarsCommand::addTo(CLI::App& program) {
   aperture_.addTo(*app, "Aperture; the nearest stop is taken");
   declination_.addTo(*app, "Lowest declination, north or south, of the stars in the frame");
   accuracy_.addTo(*app, "--accuracy", "default, or accurate for half the trail", "ACCURACY");
+  app->add_flag("--explain", explains_, "Say what the rules, the accuracy and declination mean");
   options().addTo(*app, Lengths::none);
   app->footer(
       "By the NPF rule, from aperture, pixels and focal length, and by the rule of 500, the\n"

@@ -4,20 +4,14 @@
 
 #include "answers/common/Words.h"
 #include "answers/library/Pois.h"
+#include "commands/common/PlaceText.h"
 #include "commands/common/Table.h"
 #include "commands/library/Commands.h"
 #include "foundation/LocalizedString.h"
-#include "input/CoordinateParser.h"
-#include "input/GeoNames.h"
 #include "input/InputError.h"
-#include "input/PlaceFinder.h"
 
 namespace zenivo::cli {
 namespace {
-
-Location placeFrom(const std::string& text) {
-  return looksLikeCoordinates(text) ? parseCoordinates(text) : findPlace(GeoNames(), text).location;
-}
 
 class PoisCommand : public Command {
  public:
@@ -27,14 +21,14 @@ class PoisCommand : public Command {
     CLI::App* app = program.add_subcommand("pois", "Points of interest, of the catalogue and own");
     app->add_option("TEXT", text_, "Only those whose name, country or category contains this")
         ->type_name("");
-    app->add_option("--near", near_, "The nearest first: LAT,LON or a city's name")
+    app->add_option("--near", near_, "The nearest first: LAT,LON or a place's name")
         ->type_name("PLACE");
     app->add_option("--limit", limit_, "At most so many (default: all, with --near 20)")
         ->type_name("N")
         ->check(CLI::Range(1, 1'000'000));
     app->add_flag("--json", wantsJson_, "Print JSON");
     app->footer(
-        "Distances hold to 0.6 %.\n"
+        "Distances hold to 0.7 %.\n"
         "\n"
         "Examples:\n"
         "  zenivo pois lighthouse\n"
@@ -44,7 +38,7 @@ class PoisCommand : public Command {
 
   std::string run(const Terminal& terminal, const GoOn&) override {
     PoisQuestion question{.text = text_, .near = {}, .limit = limit_};
-    if (!near_.empty()) question.near = placeFrom(near_);
+    if (!near_.empty()) question.near = placeFrom(near_, "--near").coordinate;
     Stores stores(home_.database());
     const PoisReport report = answer(question, stores);
     return wantsJson_ ? json(report).dump(2) + "\n" : textOf(report, terminal);

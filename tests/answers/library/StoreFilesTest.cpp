@@ -111,7 +111,7 @@ TEST_F(StoreAnswers, PlacesAreFoundWhateverCaseAndAccents) {
 }
 
 TEST_F(StoreAnswers, TheNearestPlacesComeFirst) {
-  const auto pois = ask(PoisQuestion{.near = Location{46.5372, 7.9614, 0}}).pois;
+  const auto pois = ask(PoisQuestion{.near = Coordinate{46.5372, 7.9614}}).pois;
   ASSERT_EQ(pois.size(), 20U);
   EXPECT_TRUE(std::ranges::is_sorted(pois, {}, &PlaceOfInterest::kilometres));
   EXPECT_EQ(pois[0].name, "Jungfrau");
@@ -127,7 +127,7 @@ TEST_F(StoreAnswers, OwnPlacesAreAmongThem) {
   own->set(CustomPoi::longitude, 7.9);
   own->set(CustomPoi::cid, 6);
   save();
-  const Json poi = json(ask(PoisQuestion{.near = Location{46.5, 7.9, 0}, .limit = 1}))["pois"][0];
+  const Json poi = json(ask(PoisQuestion{.near = Coordinate{46.5, 7.9}, .limit = 1}))["pois"][0];
   EXPECT_EQ(poi["name"], "Secret spot");
   EXPECT_EQ(poi["pid"], nullptr);
   EXPECT_EQ(poi["category"], "lighthouse");

@@ -201,7 +201,7 @@ TEST(LensInput, EquivalentFocalLengthsAreOfFullFrame) {
 
 TEST(Formatters, TellTheTimeOfOneZone) {
   const Date moment = Date::withTimeIntervalSince1970(1781992020);  // 2026-06-20 21:47 UTC
-  Formatters& formatters = Formatters::sharedInstance();
+  Formatters formatters;
   formatters.setTimeZone(*TimeZone::timeZoneWithName("Asia/Tokyo"));
   EXPECT_EQ(formatters.shortTimeFormatter().stringFromDate(moment), "06:47");
   EXPECT_EQ(formatters.shortDateFormatter().stringFromDate(moment), "2026-06-21");
