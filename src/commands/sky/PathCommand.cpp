@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "answers/sky/Path.h"
+#include "commands/common/Arguments.h"
 #include "commands/common/Clock.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
@@ -51,7 +52,7 @@ class PathCommand : public Command {
     app->add_option("body", body_, "sun or moon")
         ->required()
         ->type_name("BODY")
-        ->check(CLI::IsMember({"sun", "moon"}));
+        ->transform(oneOf({"sun", "moon"}));
     scene_.addTo(*app);
     moment_.addTo(*app);
     app->add_flag("--csv", wantsCsv_, "Print comma-separated values");
