@@ -68,9 +68,9 @@ MoonPhaseDistance MoonDistancesYear::moonDistanceWithMoon(ephemeris::PtMoon& moo
                                                           ephemeris::PtSun& sun, double mjd) {
   PtDateTime moment;
   setFromMjd(moment, mjd);
-  const double deltaT = getDeltaT(moment);
-  sun.computePosition(true, mjd, deltaT);
-  moon.computePosition(true, mjd, deltaT);
+  const ephemeris::Frame frame = ephemeris::frameAt(mjd, getDeltaT(moment));
+  sun.computePosition(true, frame);
+  moon.computePosition(true, frame);
   const MoonPhase geometry = moon.moonPhaseGeometry(
       moon.ecliptic(), moon.equatorial(), sun.ecliptic(), sun.equatorial(), moon.hourAngle());
   MoonPhaseDistance record;

@@ -7,8 +7,12 @@
 namespace zenivo::ephemeris {
 namespace {
 
-/// rotationX(-trueObliquity) rotationZ(-longitude) rotationX(obliquity), written
-/// out: the same products and sums without those by 0 and 1.
+/// Turned about the x axis to the ecliptic, by -longitude about its pole, and about the x
+/// axis back to the true equator: the three matrices multiplied out,
+///
+///   (1   0    0)   ( cl  sl  0)   (1   0   0)
+///   (0   ct  st) * (-sl  cl  0) * (0   ce se)    cl, sl of -longitude; ct, st of minus the
+///   (0  -st  ct)   (  0   0  1)   (0  -se ce)    true obliquity; ce, se of the obliquity
 Matrix3D matrixOf(double longitude, double obliquity, double trueObliquity) {
   const double ce = std::cos(obliquity), se = std::sin(obliquity);
   const double ct = std::cos(-trueObliquity), st = std::sin(-trueObliquity);

@@ -69,11 +69,11 @@ PtPolar PtMilkyWay::refractedPlace(const Vector3D& equatorial, double siderealTi
 }
 
 PtMilkyWayPosition PtMilkyWay::milkyWayPosition(double mjd, double deltaT) {
-  const Matrix3D nutation = refreshFrame(julianCenturies(mjd + deltaT));
-  const double siderealTime = apparentSiderealTime(mjd);
+  const Frame frame = frameAt(mjd, deltaT);
+  setFrame(frame);
   const auto placeOf = [&](double rightAscension, double declination) {
-    return refractedPlace(nutation * Vector3D::withPolar(rightAscension, declination),
-                          siderealTime);
+    return refractedPlace(trueEquatorial(frame, Vector3D::withPolar(rightAscension, declination)),
+                          frame.siderealTime);
   };
   // The centre comes last: what the body keeps of the query is the centre's.
   const PtPolar pole = placeOf(kPoleRightAscension, kPoleDeclination);

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "engine/Angles.h"
 #include "engine/PtPlanet.h"
 
 namespace zenivo {
@@ -30,6 +31,9 @@ class PtMoon : public PtPlanet {
   MoonPhase moonPhaseGeometry(const Vector3D& moonEcliptic, const Vector3D& moonEquatorial,
                               const Vector3D& sunEcliptic, const Vector3D& sunEquatorial,
                               double moonHourAngle) const;
+
+ protected:
+  double fastestMotion() const override { return 16.5 * kDegree; }  // at perigee 15.4
 };
 
 }  // namespace zenivo::ephemeris

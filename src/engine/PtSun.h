@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "engine/Angles.h"
 #include "engine/PtPlanet.h"
 
 namespace zenivo::ephemeris {
@@ -22,6 +23,9 @@ class PtSun : public PtPlanet {
 
   double sinParallax(double distance) const override;
   double semiDiameter(double sinParallax, double distance) const override;
+
+ protected:
+  double fastestMotion() const override { return 1.1 * kDegree; }  // at perihelion 1.02
 };
 
 }  // namespace zenivo::ephemeris

@@ -14,7 +14,7 @@ double greenwichSiderealTime(double mjd) {
                       t * (8640184.812866 + t * (0.093104 - 0.0000062 * t)) / 3600.0;
   double hours = gmst - std::floor(gmst / 24.0) * 24.0;
   if (hours < 0.0) hours += 24.0;
-  return hours < 24.0 ? hours : 0.0;  // a hair below a whole day rounds to 24
+  return hours >= 24.0 ? 0.0 : hours;  // a hair below a whole day rounds to 24
 }
 
 }  // namespace zenivo

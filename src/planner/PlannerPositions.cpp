@@ -30,10 +30,9 @@ void PlannerManager::calculatePositionsForDate(Date date) {
 
 void PlannerManager::computeBodies(Date date) {
   const PtDateTime record = ptDateTimeForDate(date);
-  const double mjd = getMjd(record);
-  const double deltaT = getDeltaT(record);
-  sun_->computePosition(true, mjd, deltaT);
-  moon_->computePosition(true, mjd, deltaT);
+  const ephemeris::Frame frame = ephemeris::frameAt(getMjd(record), getDeltaT(record));
+  sun_->computePosition(true, frame);
+  moon_->computePosition(true, frame);
 }
 
 void PlannerManager::takeSunPosition() {
