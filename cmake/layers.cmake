@@ -31,8 +31,8 @@ layer(time USES foundation PACKAGES fmt)
 
 layer(app/settings USES foundation PACKAGES fmt)
 
-layer(store/sqlite PACKAGES sqlite)
-layer(store/model USES foundation store/sqlite PACKAGES fmt openssl sqlite)
+layer(store/model USES foundation PACKAGES fmt openssl)
+layer(store/sqlite USES foundation store/model PACKAGES fmt sqlite)
 layer(store/predicates USES store/model PACKAGES icu)
 layer(store/file USES foundation store/sqlite store/model store/predicates PACKAGES fmt)
 layer(store/graph USES foundation store/model store/predicates store/file)
@@ -74,26 +74,40 @@ layer(answers/common
     data/cameras planner input
   PACKAGES cctz fmt json)
 
-layer(answers/events USES engine find answers/common)
+layer(answers/calculators
+  USES foundation app/settings calculators/camera calculators/models calculators
+    calculators/timer input answers/common
+  PACKAGES fmt)
+
+layer(answers/events USES time engine place eclipses find input answers/common PACKAGES fmt)
+
 layer(answers/library
   USES foundation app/settings store/file data/stores place calculators/camera data/pois app/shell
     input answers/common
   PACKAGES fmt)
 
-layer(commands/common USES foundation input answers/common PACKAGES cli11 fmt)
+layer(answers/map USES foundation time engine place map/lines answers/common)
+
+layer(commands/common USES foundation place input answers/common PACKAGES cli11 fmt)
 layer(commands/sky
   USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
 layer(commands/events
-  USES foundation time data/stores engine eclipses meteors find input answers/common
+  USES foundation time engine eclipses meteors find input answers/common
     answers/events commands/common
   PACKAGES cli11 fmt)
 layer(commands/calculators
-  USES foundation app/settings calculators/camera calculators/models calculators
-    calculators/timer input answers/common commands/common
+  USES calculators/camera input answers/common answers/calculators commands/common
   PACKAGES cli11 fmt)
+layer(commands/timer
+  USES foundation app/settings calculators/camera calculators/timer input answers/common
+    answers/calculators commands/common commands/calculators
+  PACKAGES fmt)
 layer(commands/library
   USES foundation calculators/camera input answers/common answers/library commands/common
   PACKAGES cli11 fmt)
+layer(commands/map
+  USES foundation place calculators/camera input answers/common answers/map commands/common PACKAGES fmt)
 layer(cli
-  USES foundation answers/common input commands/common commands/sky commands/events commands/calculators commands/library
+  USES foundation input answers/common commands/common commands/sky commands/events
+    commands/calculators commands/timer commands/library commands/map
   PACKAGES cli11 fmt)

@@ -4,8 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include "app/settings/RegisteredDefaults.h"
-#include "calculators/DofTable.h"
-#include "calculators/HyperfocalTable.h"
+#include "calculators/DepthTables.h"
 
 namespace zenivo {
 namespace {
@@ -20,8 +19,8 @@ class OneCamera : public CameraStore {
     return std::nullopt;
   }
   bool existsCameraWithModel(const CustomCameraRecord&) const override { return false; }
-  bool saveCustomCamera(const CustomCameraRecord&, std::string*) override { return false; }
-  bool deleteCustomCamera(std::string_view, std::string*) override { return false; }
+  bool saveCustomCamera(const CustomCameraRecord&, Error*) override { return false; }
+  bool deleteCustomCamera(std::string_view, Error*) override { return false; }
 
  private:
   CameraRecord camera_{1, "Alpha", "FF", {36, 24}, 24.0F, {}, {}, false};
@@ -69,10 +68,13 @@ void BM_TextsOfDofTable(benchmark::State& state) {
   Desk desk;
   DofTable table({desk.defaults, desk.apertures, desk.units, desk.cameras});
   table.load();
+  const CameraValuesFormatter formatter(UnitSystem::metric);
   for (auto _ : state) {
-    for (std::size_t row = 0; row < table.rowCount(); ++row) {
+    for (std::size_t row = 1; row < table.rowCount(); ++row) {
       for (std::size_t column = 0; column < table.stops().size(); ++column) {
-        benchmark::DoNotOptimize(table.cellText(row, column));
+        const DofTable::Cell cell = table.cell(row, column);
+        benchmark::DoNotOptimize(formatter.formatDistance(cell.nearLimit, false));
+        benchmark::DoNotOptimize(formatter.formatDistance(cell.farLimit, false));
       }
     }
   }

@@ -18,7 +18,7 @@ const ZVLocation kTeide{{28.27, -16.64}, 2390, 5};
 
 std::vector<RealPeakTask> tasksOfYear(std::int64_t year) {
   MeteorShowers catalogue(kTeide);
-  catalogue.calculateMeteorShowersActivitiesWithYear(year);
+  catalogue.calculateMeteorShowersActivitiesWithYear(year, gmtCachedCalendar());
   std::vector<RealPeakTask> tasks;
   for (const auto& shower : catalogue.showers()) {
     tasks.push_back({.shower = *shower, .periods = shower->activityPeriods});
@@ -30,7 +30,7 @@ std::vector<RealPeakTask> tasksOfYear(std::int64_t year) {
 void BM_PeaksOfAYear(benchmark::State& state) {
   const std::vector<RealPeakTask> tasks = tasksOfYear(2026);
   for (auto _ : state) {
-    PeakSamples samples(kTeide);
+    PeakSamples samples(kTeide, gmtCachedCalendar());
     calculateRealPeaks(tasks, samples, static_cast<int>(state.range(0)),
                        [](const RealPeakTask&) { return true; });
   }
@@ -48,7 +48,7 @@ void BM_PeaksOfAYearNothingShared(benchmark::State& state) {
   const std::vector<RealPeakTask> tasks = tasksOfYear(2026);
   for (auto _ : state) {
     for (const RealPeakTask& task : tasks) {
-      PeakSamples samples(kTeide);
+      PeakSamples samples(kTeide, gmtCachedCalendar());
       calculateRealPeaks({task}, samples, 1, [](const RealPeakTask&) { return true; });
     }
   }
@@ -83,7 +83,7 @@ BENCHMARK(BM_SunAndMoon)->Unit(benchmark::kMicrosecond);
 
 /// A live screen in the Perseids' week: three days, tonight, the peaks of what is active.
 void BM_OpenLiveScreen(benchmark::State& state) {
-  const LocationInfoData data{dateWithPtDateTime({2026, 8, 10, 20, 0}), kTeide};
+  const LocationInfoData data{dateWithPtDateTime({2026, 8, 10, 20, 0}), kTeide, TimeZone()};
   for (auto _ : state) {
     MeteorShowerManager manager(data, nullptr);
     benchmark::DoNotOptimize(manager.maxPeakInfo());

@@ -50,8 +50,8 @@ void PlannerDay(benchmark::State& state) {
     sun.setPosition(place);
     moon.setPosition(place);
     const LocalDay day(c.midnight);
-    benchmark::DoNotOptimize(sunEventOfDay(sun, day));
-    benchmark::DoNotOptimize(moonEventOfDay(moon, day, nullptr));
+    benchmark::DoNotOptimize(sunEventOfDay(sun, day, gmtCachedCalendar()));
+    benchmark::DoNotOptimize(moonEventOfDay(moon, day, nullptr, gmtCachedCalendar()));
   }
 }
 BENCHMARK(PlannerDay);
@@ -80,8 +80,8 @@ void YearOfDays(benchmark::State& state) {
     const LocalDay first(dateFromModifiedJulianDay(61041));
     for (int i = 0; i < 365; ++i) {
       const LocalDay day = first.dayAfter(i, cachedCalendar());
-      benchmark::DoNotOptimize(sunEventOfDay(sun, day));
-      benchmark::DoNotOptimize(moonEventOfDay(moon, day, nullptr));
+      benchmark::DoNotOptimize(sunEventOfDay(sun, day, gmtCachedCalendar()));
+      benchmark::DoNotOptimize(moonEventOfDay(moon, day, nullptr, gmtCachedCalendar()));
     }
   }
 }

@@ -4,10 +4,6 @@
 
 namespace zenivo {
 
-std::string ResultRow::label() const {
-  return calculatorText(key);
-}
-
 void CameraCalculator::loadCamera() {
   camera_ = AbstractCamera::currentCamera(environment_.defaults, environment_.cameras);
 }

@@ -1,4 +1,4 @@
-// What the calculators that look through a camera have in common.
+// What the calculators work with, and what those that look through a camera have in common.
 
 #pragma once
 
@@ -7,19 +7,25 @@
 #include <string_view>
 #include <vector>
 
-#include "calculators/CalculatorEnvironment.h"
 #include "calculators/camera/AbstractCamera.h"
+#include "calculators/camera/ApertureManager.h"
+#include "calculators/camera/CameraStore.h"
+#include "calculators/camera/CameraValuesFormatter.h"
+#include "calculators/camera/DistanceUnits.h"
 #include "calculators/camera/LensInput.h"
 #include "calculators/models/Refusal.h"
+#include "foundation/UserDefaults.h"
 
 namespace zenivo {
 
-/// One line of a calculator's read-out.
-struct ResultRow {
-  std::string_view key;  ///< of the table Calculators
-  std::string text;
+/// Settings, ladders, units and cameras; all must outlive the calculators.
+struct CalculatorEnvironment {
+  UserDefaults& defaults;
+  ApertureManager& apertures;
+  DistanceUnitsManager& units;
+  CameraStore& cameras;
 
-  std::string label() const;
+  CameraValuesFormatter formatter() const { return CameraValuesFormatter(units.currentUnits()); }
 };
 
 /// A calculator for the current camera.

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "calculators/CalculatorEnvironment.h"
+#include "calculators/CameraCalculator.h"
 #include "calculators/models/CocCalculator.h"
 #include "calculators/models/Refusal.h"
 

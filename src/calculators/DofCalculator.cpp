@@ -60,19 +60,4 @@ EditResult DofCalculator::solve(Dof& edited) const {
   return std::nullopt;
 }
 
-std::vector<ResultRow> DofCalculator::results() const {
-  const CameraValuesFormatter formatter = environment().formatter();
-  const float depth = model_.depthOfField();
-  const auto share = [&formatter, depth](float part) {
-    return formatter.formatDistanceWithPercentageOf(part, depth);
-  };
-  return {{"dof_hyperfocal_distance", formatter.formatDistance(model_.hyperfocal())},
-          {"dof_hyperfocal_near_limit", formatter.formatDistance(model_.hyperfocalNearLimit())},
-          {"dof_near_limit", formatter.formatDistance(model_.dofNearLimit())},
-          {"dof_far_limit", formatter.formatDistance(model_.dofFarLimit())},
-          {"dof_total_dof", formatter.formatDistance(depth)},
-          {"dof_depth_in_front", share(model_.depthOfFieldInFront())},
-          {"dof_depth_behind", share(model_.depthOfFieldBehind())}};
-}
-
 }  // namespace zenivo

@@ -3,9 +3,12 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "calculators/CameraCalculator.h"
+#include "calculators/InverseCalculator.h"
 #include "calculators/models/Dof.h"
 
 namespace zenivo {
@@ -50,10 +53,6 @@ class DofCalculator : public CameraCalculator {
   EditResult setAperture(const Aperture& aperture);
   EditResult setSubjectDistance(float metres);
 
-  /// The results: hyperfocal distance and its near limit, both limits, the depth and
-  /// its parts before and behind the subject with their share.
-  std::vector<ResultRow> results() const;
-
  protected:
   template <class Change>
   EditResult edit(Change change) {
@@ -71,46 +70,33 @@ class DofCalculator : public CameraCalculator {
   std::int64_t selectedPage_ = 0;
 };
 
-/// The calculator turned round: one result is given and drives one input.
-class DofInverseCalculator : public DofCalculator {
- public:
-  using DofCalculator::DofCalculator;
+/// How depth of field is turned round: the inputs drive which results (see InverseCalculator).
+struct DofInverse {
+  using Model = Dof;
+  using Variable = DofField;
+  using Field = DofField;
 
-  void load() override;
-  void save() const override;
+  static constexpr Variable kFirstVariable = DofField::focalLength;
+  static constexpr Variable kLastVariable = DofField::subjectDistance;
+  static constexpr Field kLastField = DofField::totalDof;
+  /// The hyperfocal distance does not depend on the subject's.
+  static constexpr Field firstField(Variable variable) {
+    return variable == DofField::subjectDistance ? DofField::nearLimit : DofField::hyperfocal;
+  }
 
-  /// The input that is solved for: focalLength, aperture or subjectDistance.
-  DofField freeVariable() const { return freeVariable_; }
-  /// Where the given result cannot drive the new free variable, the first that can
-  /// takes its place.
-  void setFreeVariable(DofField variable);
-
-  /// The localised names of the three free variables.
   static std::vector<std::string> freeVariableNames();
-
-  /// The results that can drive the free variable.
-  std::vector<DofField> offeredFields() const;
-  /// The result that is given.
-  DofField activeField() const { return activeField_; }
-  /// Nothing happens when the field is not offered.
-  void setActiveField(DofField field);
-  /// False while the camera fixes the free variable.
-  bool isActiveFieldEnabled() const;
-
-  /// Gives the active field a value in metres and solves for the free variable.  A far
-  /// limit below 0 means infinity, which focus at the hyperfocal distance reaches; no
+  static std::pair<Variable, Field> load(const UserDefaults& defaults, Field active);
+  static void save(UserDefaults& defaults, Variable variable, Field active);
+  static EditResult fixed(const Dof& model, Variable variable);
+  static float value(const Dof& model, Field field);
+  /// A far limit below 0 means infinity, which focus at the hyperfocal distance reaches; no
   /// depth below 0 is reached by any one value.
-  EditResult setActiveFieldValue(float metres);
-  float activeFieldValue() const;
-
- protected:
-  EditResult solve(Dof& edited) const override;
-
- private:
-  EditResult refusalOfFixed() const;
-
-  DofField freeVariable_ = DofField::focalLength;
-  DofField activeField_ = DofField::hyperfocal;
+  static void setValue(Dof& model, Field field, float metres);
+  static float solve(const Dof& model, Variable variable, Field field);
+  static void setVariable(Dof& model, Variable variable, float value);
+  static Refusal noResult(Variable variable);
 };
+
+using DofInverseCalculator = InverseCalculator<DofCalculator, DofInverse>;
 
 }  // namespace zenivo

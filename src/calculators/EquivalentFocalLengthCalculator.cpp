@@ -2,7 +2,6 @@
 
 #include "app/settings/SettingsKeys.h"
 #include "calculators/camera/CameraChooser.h"
-#include "calculators/camera/Texts.h"
 
 namespace zenivo {
 namespace {
@@ -10,10 +9,6 @@ namespace {
 constexpr LensKeys kEquivalentLens{settings::equivalentFocalLength_FocalLength,
                                    settings::equivalentFocalLength_Teleconverter,
                                    settings::equivalentFocalLength_Teleconverter2};
-
-std::string focalLengthText(float metres) {
-  return metres > 0 ? CameraValuesFormatter::formatFocalLength(metres) : kNoValueText;
-}
 
 }  // namespace
 
@@ -69,15 +64,6 @@ void EquivalentFocalLengthCalculator::setSubjectDistance(float metres) {
 EditResult EquivalentFocalLengthCalculator::apertureRefusal() const {
   if (model_.isCamera2FixedAperture() || model_.match().camera2Dof) return std::nullopt;
   return noAperture();
-}
-
-std::vector<ResultRow> EquivalentFocalLengthCalculator::results() const {
-  const FocalLengthMatch& match = model_.match();
-  return {{"fov_focal_match_horizontal", focalLengthText(match.horizontal)},
-          {"fov_focal_match_vertical", focalLengthText(match.vertical)},
-          {"fov_focal_match_diagonal", focalLengthText(match.diagonal)},
-          {"aperture",
-           match.camera2Dof ? CameraValuesFormatter::formatAperture(match.fstop) : kNoValueText}};
 }
 
 }  // namespace zenivo

@@ -35,10 +35,6 @@ class EquivalentFocalLengthCalculator : public CameraCalculator {
   /// one or where its aperture is fixed.
   EditResult apertureRefusal() const;
 
-  /// The matching focal lengths, "--" with a fixed lens, and the aperture, "--" where
-  /// there is none.
-  std::vector<ResultRow> results() const;
-
  private:
   EquivalentFocalLength model_;
   std::optional<AbstractCamera> camera2_;

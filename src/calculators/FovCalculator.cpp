@@ -8,6 +8,10 @@ namespace {
 constexpr LensKeys kFovLens{settings::fov_focalLength, settings::fov_teleconverter,
                             settings::fov_teleconverter2};
 
+constexpr LensKeys kSubjectDistanceLens{settings::fov_subjectDistanceFocalLength,
+                                        settings::fov_subjectDistanceTeleconverter,
+                                        settings::fov_subjectDistanceTeleconverter2};
+
 }  // namespace
 
 FovCalculator::FovCalculator(const CalculatorEnvironment& environment)
@@ -53,14 +57,39 @@ EditResult FovCalculator::solve(Fov& edited) const {
   return std::nullopt;
 }
 
-std::vector<ResultRow> FovCalculator::results() const {
-  const CameraValuesFormatter formatter = environment().formatter();
-  return {{"fov_horizontal_aov", CameraValuesFormatter::formatAngle(model_.horizontalAov())},
-          {"fov_vertical_aov", CameraValuesFormatter::formatAngle(model_.verticalAov())},
-          {"fov_diagonal_aov", CameraValuesFormatter::formatAngle(model_.diagonalAov())},
-          {"fov_horizontal_fov", formatter.formatDistance(model_.horizontalFov())},
-          {"fov_vertical_fov", formatter.formatDistance(model_.verticalFov())},
-          {"fov_diagonal_fov", formatter.formatDistance(model_.diagonalFov())}};
+FovSubjectDistanceCalculator::FovSubjectDistanceCalculator(const CalculatorEnvironment& environment)
+    : CameraCalculator(environment) {}
+
+void FovSubjectDistanceCalculator::load() {
+  loadCamera();
+  model_ = FovSubjectDistance();
+  const SensorSize sensor = camera() ? camera()->sensorSize : SensorSize();
+  model_.setSensorWidth(sensor.width);
+  model_.setSensorHeight(sensor.height);
+  model_.setIsFixedFocalLength(isFocalLengthFixed());
+  zenivo::setLens(model_, loadLens(kSubjectDistanceLens));
+  model_.setObjectWidth(defaults().floatForKey(settings::fov_subjectDistanceObjectWidth));
+  model_.setObjectHeight(defaults().floatForKey(settings::fov_subjectDistanceObjectHeight));
+  model_.setIsPortrait(defaults().boolForKey(settings::fov_subjectDistanceIsPortrait));
+}
+
+void FovSubjectDistanceCalculator::save() const {
+  saveLens(defaults(), kSubjectDistanceLens, lensOf(model_));
+  defaults().setFloat(model_.objectWidth(), settings::fov_subjectDistanceObjectWidth);
+  defaults().setFloat(model_.objectHeight(), settings::fov_subjectDistanceObjectHeight);
+  defaults().setBool(model_.isPortrait(), settings::fov_subjectDistanceIsPortrait);
+  defaults().synchronize();
+}
+
+EditResult FovSubjectDistanceCalculator::setLens(const LensInput& lens) {
+  if (model_.isFixedFocalLength()) return cannotChangeFocalLength();
+  zenivo::setLens(model_, lens);
+  return std::nullopt;
+}
+
+void FovSubjectDistanceCalculator::setObjectSize(float width, float height) {
+  model_.setObjectWidth(width);
+  model_.setObjectHeight(height);
 }
 
 }  // namespace zenivo

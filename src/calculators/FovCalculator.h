@@ -1,11 +1,14 @@
-// The field of view calculator, forward and inverse.
+// The field of view calculator, forward and inverse, and the distance of an object that fits.
 
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "calculators/CameraCalculator.h"
+#include "calculators/InverseCalculator.h"
 #include "calculators/models/Fov.h"
 
 namespace zenivo {
@@ -45,9 +48,6 @@ class FovCalculator : public CameraCalculator {
   EditResult setSubjectDistance(float metres);
   EditResult setIsPortrait(bool isPortrait);
 
-  /// The three angles and the three lengths.
-  std::vector<ResultRow> results() const;
-
  protected:
   template <class Change>
   EditResult edit(Change change) {
@@ -62,42 +62,54 @@ class FovCalculator : public CameraCalculator {
   std::int64_t selectedPage_ = 0;
 };
 
-/// The calculator turned round: one result is given and drives one input.
-class FovInverseCalculator : public FovCalculator {
- public:
-  using FovCalculator::FovCalculator;
+/// How field of view is turned round (see InverseCalculator).
+struct FovInverse {
+  using Model = Fov;
+  using Variable = FovFreeVariable;
+  using Field = FovField;
 
-  void load() override;
-  void save() const override;
+  static constexpr Variable kFirstVariable = FovFreeVariable::focalLength;
+  static constexpr Variable kLastVariable = FovFreeVariable::subjectDistance;
+  static constexpr Field kLastField = FovField::diagonalFov;
+  /// No angle depends on the distance.
+  static constexpr Field firstField(Variable variable) {
+    return variable == FovFreeVariable::subjectDistance ? FovField::horizontalFov
+                                                        : FovField::horizontalAov;
+  }
 
-  FovFreeVariable freeVariable() const { return freeVariable_; }
-  /// Where the given result cannot drive the new free variable, the first that can
-  /// takes its place.
-  void setFreeVariable(FovFreeVariable variable);
-
-  /// The localised names of the free variables.
   static std::vector<std::string> freeVariableNames();
+  static std::pair<Variable, Field> load(const UserDefaults& defaults, Field active);
+  static void save(UserDefaults& defaults, Variable variable, Field active);
+  static EditResult fixed(const Fov& model, Variable variable);
+  static float value(const Fov& model, Field field);
+  static void setValue(Fov& model, Field field, float value);
+  static float solve(const Fov& model, Variable variable, Field field);
+  static void setVariable(Fov& model, Variable variable, float value);
+  static Refusal noResult(Variable variable);
+};
 
-  /// The results that can drive the free variable: no angle depends on the distance.
-  std::vector<FovField> offeredFields() const;
-  /// The result that is given.
-  FovField activeField() const { return activeField_; }
-  /// Nothing happens when the field is not offered.
-  void setActiveField(FovField field);
-  /// False while the camera fixes the free variable.
-  bool isActiveFieldEnabled() const;
+using FovInverseCalculator = InverseCalculator<FovCalculator, FovInverse>;
 
-  /// Gives the active field a value, in degrees or metres, and solves for the free
-  /// variable.
-  EditResult setActiveFieldValue(float value);
-  float activeFieldValue() const;
+/// The distance from which an object fits into the frame.
+class FovSubjectDistanceCalculator : public CameraCalculator {
+ public:
+  explicit FovSubjectDistanceCalculator(const CalculatorEnvironment& environment);
 
- protected:
-  EditResult solve(Fov& edited) const override;
+  /// Takes the inputs from the settings and sensor and fixed lens from the current
+  /// camera: to be called whenever the calculator is shown.
+  void load();
+  void save() const;
+
+  const FovSubjectDistance& model() const { return model_; }
+
+  /// A fixed lens cannot be changed.
+  EditResult setLens(const LensInput& lens);
+  /// Metres.
+  void setObjectSize(float width, float height);
+  void setIsPortrait(bool isPortrait) { model_.setIsPortrait(isPortrait); }
 
  private:
-  FovFreeVariable freeVariable_ = FovFreeVariable::focalLength;
-  FovField activeField_ = FovField::horizontalAov;
+  FovSubjectDistance model_;
 };
 
 }  // namespace zenivo

@@ -1,4 +1,4 @@
-#include <algorithm>
+// How field of view is turned round.
 
 #include "app/settings/SettingsKeys.h"
 #include "calculators/FovCalculator.h"
@@ -32,7 +32,37 @@ const FieldAccess& accessTo(FovField field) {
                  static_cast<std::size_t>(FovField::horizontalAov)];
 }
 
-void setResult(Fov& model, FovField field, float value) {
+}  // namespace
+
+std::vector<std::string> FovInverse::freeVariableNames() {
+  return {calculatorText("focal_length"), calculatorText("subject_distance")};
+}
+
+std::pair<FovFreeVariable, FovField> FovInverse::load(const UserDefaults& defaults, Field active) {
+  const std::int64_t stored = defaults.integerForKey(settings::fov_lastInputVariable);
+  const bool isField =
+      stored >= static_cast<int>(FovField::horizontalAov) && stored <= static_cast<int>(kLastField);
+  return {defaults.integerForKey(settings::fov_freeVariable) == 0
+              ? FovFreeVariable::focalLength
+              : FovFreeVariable::subjectDistance,
+          isField ? static_cast<FovField>(stored) : active};
+}
+
+void FovInverse::save(UserDefaults& defaults, Variable variable, Field active) {
+  defaults.setInteger(static_cast<int>(variable), settings::fov_freeVariable);
+  defaults.setInteger(static_cast<int>(active), settings::fov_lastInputVariable);
+}
+
+EditResult FovInverse::fixed(const Fov& model, Variable variable) {
+  const bool isFixed = variable == FovFreeVariable::focalLength && model.isFixedFocalLength();
+  return isFixed ? EditResult(cannotChangeFocalLength()) : std::nullopt;
+}
+
+float FovInverse::value(const Fov& model, Field field) {
+  return (model.*accessTo(field).read)();
+}
+
+void FovInverse::setValue(Fov& model, Field field, float value) {
   if (field == FovField::horizontalAov) model.setHorizontalAov(value);
   if (field == FovField::verticalAov) model.setVerticalAov(value);
   if (field == FovField::diagonalAov) model.setDiagonalAov(value);
@@ -41,70 +71,20 @@ void setResult(Fov& model, FovField field, float value) {
   if (field == FovField::diagonalFov) model.setDiagonalFov(value);
 }
 
-}  // namespace
-
-void FovInverseCalculator::load() {
-  FovCalculator::load();
-  setFreeVariable(defaults().integerForKey(settings::fov_freeVariable) == 0
-                      ? FovFreeVariable::focalLength
-                      : FovFreeVariable::subjectDistance);
-  const std::int64_t stored = defaults().integerForKey(settings::fov_lastInputVariable);
-  if (stored >= 3 && stored <= 8) setActiveField(static_cast<FovField>(stored));
+float FovInverse::solve(const Fov& model, Variable variable, Field field) {
+  const FieldAccess& access = accessTo(field);
+  const bool isFocalLength = variable == FovFreeVariable::focalLength;
+  return (model.*
+          (isFocalLength ? access.focalLength : access.subjectDistance))(value(model, field));
 }
 
-void FovInverseCalculator::save() const {
-  defaults().setInteger(static_cast<int>(freeVariable_), settings::fov_freeVariable);
-  defaults().setInteger(static_cast<int>(activeField_), settings::fov_lastInputVariable);
-  FovCalculator::save();
+void FovInverse::setVariable(Fov& model, Variable variable, float value) {
+  if (variable == FovFreeVariable::focalLength) model.setFocalLength(value);
+  if (variable == FovFreeVariable::subjectDistance) model.setSubjectDistance(value);
 }
 
-std::vector<std::string> FovInverseCalculator::freeVariableNames() {
-  return {calculatorText("focal_length"), calculatorText("subject_distance")};
-}
-
-void FovInverseCalculator::setFreeVariable(FovFreeVariable variable) {
-  freeVariable_ = variable;
-  activeField_ = std::max(activeField_, offeredFields().front());
-}
-
-std::vector<FovField> FovInverseCalculator::offeredFields() const {
-  using enum FovField;
-  if (freeVariable_ == FovFreeVariable::subjectDistance) {
-    return {horizontalFov, verticalFov, diagonalFov};
-  }
-  return {horizontalAov, verticalAov, diagonalAov, horizontalFov, verticalFov, diagonalFov};
-}
-
-void FovInverseCalculator::setActiveField(FovField field) {
-  if (field >= offeredFields().front() && field <= FovField::diagonalFov) activeField_ = field;
-}
-
-bool FovInverseCalculator::isActiveFieldEnabled() const {
-  return freeVariable_ != FovFreeVariable::focalLength || !model().isFixedFocalLength();
-}
-
-EditResult FovInverseCalculator::setActiveFieldValue(float value) {
-  if (!isActiveFieldEnabled()) return cannotChangeFocalLength();
-  return edit([this, value](Fov& model) { setResult(model, activeField_, value); });
-}
-
-float FovInverseCalculator::activeFieldValue() const {
-  return (model().*accessTo(activeField_).read)();
-}
-
-EditResult FovInverseCalculator::solve(Fov& edited) const {
-  // With a focal length that the camera fixes, nothing can follow the given result.
-  if (isActiveFieldEnabled()) {
-    const FieldAccess& access = accessTo(activeField_);
-    const float wanted = (edited.*access.read)();
-    const bool isFocalLength = freeVariable_ == FovFreeVariable::focalLength;
-    const float result =
-        (edited.*(isFocalLength ? access.focalLength : access.subjectDistance))(wanted);
-    if (isRefusedResult(result)) return isFocalLength ? noFocalLength() : noSubjectDistance();
-    isFocalLength ? edited.setFocalLength(result) : edited.setSubjectDistance(result);
-  }
-  edited.calculateFOVValues();
-  return std::nullopt;
+Refusal FovInverse::noResult(Variable variable) {
+  return variable == FovFreeVariable::focalLength ? noFocalLength() : noSubjectDistance();
 }
 
 }  // namespace zenivo

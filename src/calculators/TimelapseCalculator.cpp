@@ -7,16 +7,21 @@
 #include "app/settings/SettingsKeys.h"
 #include "calculators/camera/CameraValuesFormatter.h"
 #include "calculators/camera/Texts.h"
+#include "foundation/Bundle.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/LocalizedString.h"
+#include "foundation/PropertyList.h"
 
 namespace zenivo {
 namespace {
+
+constexpr const char* kIntervalTexts = "TimelapseIntervals";
 
 constexpr std::int32_t kDefaultFps = 25;
 constexpr double kDefaultClipLength = 30;
 constexpr double kDefaultEventDuration = 1800;
 constexpr double kDefaultImageSize = 4;
 constexpr double kSecondsPerHour = 3600;
-constexpr int kIntervalDecimals = 2;
 
 double storedOr(const UserDefaults& defaults, std::string_view key, double otherwise) {
   const float stored = defaults.floatForKey(key);
@@ -45,6 +50,37 @@ std::string_view keyOf(TimelapseField field) {
 }
 
 }  // namespace
+
+std::string TimelapseIntervalRow::eventText() const {
+  return localizedString(event, kIntervalTexts);
+}
+
+std::string TimelapseIntervalRow::intervalText() const {
+  return localizedString(interval, kIntervalTexts);
+}
+
+std::string TimelapseIntervalRow::eventDurationText() const {
+  return localizedString(eventDuration, kIntervalTexts);
+}
+
+std::vector<TimelapseIntervalRow> timelapseIntervals() {
+  return timelapseIntervals(resourcePath("timelapseIntervals.plist"));
+}
+
+std::vector<TimelapseIntervalRow> timelapseIntervals(const std::filesystem::path& file) {
+  std::vector<TimelapseIntervalRow> rows;
+  const auto list = readPropertyListFile(file);
+  if (!list || list->array() == nullptr) return rows;
+  for (const PropertyList& each : *list->array()) {
+    const KeyedUnarchiver entry(each);
+    TimelapseIntervalRow row{entry.decodeString("Event"), entry.decodeString("Interval"),
+                             entry.decodeString("EventDuration"),
+                             entry.decodeDouble("IntervalValue"),
+                             entry.decodeDouble("EventDurationValue")};
+    if (row.intervalValue > 0 && row.eventDurationValue > 0) rows.push_back(std::move(row));
+  }
+  return rows;
+}
 
 TimelapseCalculator::TimelapseCalculator(UserDefaults& defaults) : defaults_(defaults) {
   load();
@@ -121,37 +157,6 @@ void TimelapseCalculator::calculateInverseData() {
       model_.calculateShootingInterval();
       break;
   }
-}
-
-std::string TimelapseCalculator::textOf(TimelapseField field) const {
-  const auto duration = [](double seconds) {
-    const std::string text = CameraValuesFormatter::formatTimeDuration(seconds, true, true);
-    return text.empty() ? CameraValuesFormatter::formatShutterSpeed(0) : text;
-  };
-  switch (field) {
-    case TimelapseField::shootingInterval:
-      if (!(model_.shootingInterval > 0)) return kNoValueText;
-      return CameraValuesFormatter::formatShutterSpeed(static_cast<float>(model_.shootingInterval),
-                                                       false, kIntervalDecimals);
-    case TimelapseField::clipLength:
-      return duration(model_.clipLength);
-    case TimelapseField::eventDuration:
-      return duration(model_.eventDuration);
-    case TimelapseField::fps:
-      return CameraValuesFormatter::formatFps(model_.fps);
-    case TimelapseField::imageSize:
-      return CameraValuesFormatter::formatMB(model_.imageSize);
-  }
-  return kNoValueText;
-}
-
-std::vector<ResultRow> TimelapseCalculator::results() const {
-  const bool hasPhotos = std::isfinite(model_.eventDuration / model_.shootingInterval);
-  return {{keyOf(freeVariable_), textOf(freeVariable_)},
-          {"timelapse_number_of_photos",
-           hasPhotos ? std::to_string(model_.numberOfPhotos()) : kNoValueText},
-          {"timelapse_memory_usage",
-           hasPhotos ? CameraValuesFormatter::formatMB(model_.totalMemoryUsage()) : kNoValueText}};
 }
 
 }  // namespace zenivo

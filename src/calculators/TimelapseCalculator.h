@@ -1,17 +1,36 @@
-// The time-lapse calculator.
+// The time-lapse calculator, and the table of usual intervals.
 
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "calculators/CameraCalculator.h"
-#include "calculators/TimelapseIntervals.h"
 #include "calculators/models/Timelapse.h"
 #include "foundation/UserDefaults.h"
 
 namespace zenivo {
+
+/// A kind of event with the interval and the duration that suit it; the first three are
+/// keys of the table TimelapseIntervals.
+struct TimelapseIntervalRow {
+  std::string event;
+  std::string interval;
+  std::string eventDuration;
+  double intervalValue = 0;       ///< seconds
+  double eventDurationValue = 0;  ///< hours
+
+  std::string eventText() const;
+  std::string intervalText() const;
+  std::string eventDurationText() const;
+};
+
+/// The rows of `file`, by default the resource timelapseIntervals.plist.  Empty for a
+/// file that is missing or is no such table; rows without numbers above 0 are left out.
+std::vector<TimelapseIntervalRow> timelapseIntervals();
+std::vector<TimelapseIntervalRow> timelapseIntervals(const std::filesystem::path& file);
 
 /// Fields of the calculator by number; the first three can be the free variable.
 enum class TimelapseField {
@@ -47,12 +66,6 @@ class TimelapseCalculator {
 
   /// Takes interval and duration from a row of the table and computes the clip.
   void selectRow(const TimelapseIntervalRow& row);
-
-  /// A field as text, "--" where it does not exist.
-  std::string textOf(TimelapseField field) const;
-
-  /// The free variable, the number of photographs and the memory they need.
-  std::vector<ResultRow> results() const;
 
  private:
   void calculateInverseData();

@@ -19,7 +19,9 @@
 #include "commands/common/Command.h"
 #include "commands/events/Commands.h"
 #include "commands/library/Commands.h"
+#include "commands/map/Commands.h"
 #include "commands/sky/Commands.h"
+#include "commands/timer/Commands.h"
 #include "foundation/UserFolder.h"
 #include "input/InputError.h"
 #include "input/Suggestions.h"
@@ -109,9 +111,12 @@ std::vector<Entry> addCommands(CLI::App& program, Home& home) {
   commands.push_back(makeNextDarkNightCommand());
   commands.push_back(makeNextMilkyWayCommand());
   commands.push_back(makeFindCommand());
-  commands.push_back(makeEclipseCommand());
-  commands.push_back(makeEclipsesCommand());
+  commands.push_back(makeEclipseCommand(home));
+  commands.push_back(makeEclipsesCommand(home));
   commands.push_back(makeMeteorsCommand());
+  commands.push_back(makeLineCommand());
+  commands.push_back(makePinCommand());
+  commands.push_back(makeHorizonCommand());
   commands.push_back(makeCamerasCommand(home));
   commands.push_back(makeCameraCommand(home));
   commands.push_back(makeDofCommand());

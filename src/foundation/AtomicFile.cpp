@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <system_error>
 
-#include "foundation/Failure.h"
+#include "foundation/Error.h"
 #include "foundation/FileDescriptor.h"
 
 namespace zenivo {
@@ -38,9 +38,9 @@ bool syncFolder(const std::filesystem::path& folder) {
 }  // namespace
 
 std::optional<std::string> readFile(const std::filesystem::path& file, std::size_t limit,
-                                    std::string* error) {
+                                    Error* error) {
   const auto failed = [error](std::string why) {
-    fail(error, std::move(why));
+    fail(error, {.description = std::move(why)});
     return std::nullopt;
   };
   const FileDescriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
@@ -62,12 +62,11 @@ std::optional<std::string> readFile(const std::filesystem::path& file, std::size
   }
 }
 
-bool writeFileAtomically(const std::filesystem::path& file, std::string_view bytes,
-                         std::string* error) {
+bool writeFileAtomically(const std::filesystem::path& file, std::string_view bytes, Error* error) {
   const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";
   std::string temporary = (folder / ("." + file.filename().string() + ".XXXXXX")).string();
   FileDescriptor opened(::mkostemp(temporary.data(), O_CLOEXEC));
-  if (!opened.isOpen()) return fail(error, reason(file));
+  if (!opened.isOpen()) return fail(error, {.description = reason(file)});
 
   struct stat old {};
   const bool exists = ::stat(file.c_str(), &old) == 0;
@@ -77,9 +76,9 @@ bool writeFileAtomically(const std::filesystem::path& file, std::string_view byt
   if (!replaced) {
     const std::string why = reason(file);
     ::unlink(temporary.c_str());
-    return fail(error, why);
+    return fail(error, {.description = why});
   }
-  return syncFolder(folder) || fail(error, reason(folder));
+  return syncFolder(folder) || fail(error, {.description = reason(folder)});
 }
 
 }  // namespace zenivo

@@ -10,7 +10,8 @@
 
 namespace zenivo {
 
-/// A failure: who reports it, which one it is there, and words for the user.
+/// A failure: who reports it, which one it is there, and words for the user.  Where one
+/// failure is like another to the caller, domain and code stay empty.
 struct Error {
   std::string domain = {};                           ///< whose codes these are
   std::int64_t code = 0;                             ///< meaning depends on the domain
@@ -19,8 +20,8 @@ struct Error {
   std::vector<Error> underlying = {};                ///< the failures that this one sums up
 };
 
-/// Stores the reason where the caller wants one and answers false, so that a
-/// failing operation can end in `return fail(error, ...)`.
+/// Stores the reason where the caller wants one and answers false, so that a failing
+/// operation can end in `return fail(error, {.description = …})`.
 inline bool fail(Error* error, Error reason) {
   if (error != nullptr) *error = std::move(reason);
   return false;

@@ -14,7 +14,11 @@ class FileDescriptor {
   explicit FileDescriptor(int descriptor) : descriptor_(descriptor) {}
   FileDescriptor(FileDescriptor&& other) noexcept
       : descriptor_(std::exchange(other.descriptor_, -1)) {}
-  FileDescriptor& operator=(FileDescriptor&&) = delete;
+  FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+    if (this != &other) close();
+    descriptor_ = std::exchange(other.descriptor_, descriptor_);
+    return *this;
+  }
   ~FileDescriptor() { close(); }
 
   int get() const { return descriptor_; }

@@ -59,8 +59,9 @@ class KeyedArchiver {
   PropertyList::Dictionary fields_;
 };
 
-/// Gives the fields of one object back.  A field that is missing or of another
-/// type reads as 0, false, empty or nothing.  The archive must outlive it.
+/// Gives the fields of one object back, or of any dictionary, such as a row of a resource
+/// file.  A field that is missing or of another type reads as `absent`, or as 0, false,
+/// empty or nothing.  The archive must outlive it.
 class KeyedUnarchiver {
  public:
   explicit KeyedUnarchiver(const PropertyList& archive) : archive_(archive) {}
@@ -68,11 +69,13 @@ class KeyedUnarchiver {
   bool containsValueForKey(std::string_view key) const { return decode(key) != nullptr; }
 
   std::int64_t decodeInteger(std::string_view key) const;
-  double decodeDouble(std::string_view key) const;
-  float decodeFloat(std::string_view key) const { return static_cast<float>(decodeDouble(key)); }
+  double decodeDouble(std::string_view key, double absent = 0) const;
+  /// `absent` too for what is no finite float.
+  float decodeFloat(std::string_view key, float absent = 0) const;
   bool decodeBool(std::string_view key) const;
   std::string decodeString(std::string_view key) const;
   std::optional<Date> decodeDate(std::string_view key) const;
+  const PropertyList::Array& decodeArray(std::string_view key) const;
 
   /// The value as it was encoded, nullptr when there is none.
   const PropertyList* decode(std::string_view key) const { return archive_.valueForKey(key); }

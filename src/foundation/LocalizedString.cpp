@@ -13,10 +13,10 @@ namespace zenivo {
 namespace {
 
 PropertyList loadTable(std::string_view name) {
-  std::string error;
+  Error error;
   auto table = readPropertyListFile(resourcePath(fmt::format("en.lproj/{}.strings", name)), &error);
   if (table && table->dictionary() != nullptr) return *std::move(table);
-  log(LogLevel::error, fmt::format("no texts: {}", table ? std::string(name) : error));
+  log(LogLevel::error, fmt::format("no texts: {}", table ? std::string(name) : error.description));
   return PropertyList::Dictionary();
 }
 

@@ -61,17 +61,16 @@ const PropertyList* PropertyList::valueForKey(std::string_view key) const {
   return found != entries->end() ? &found->second : nullptr;
 }
 
-std::optional<PropertyList> readPropertyListFile(const std::filesystem::path& file,
-                                                 std::string* error) {
+std::optional<PropertyList> readPropertyListFile(const std::filesystem::path& file, Error* error) {
   const std::optional<std::string> xml = readFile(file, kPropertyListMaximumBytes, error);
   if (!xml) return std::nullopt;
   std::optional<PropertyList> value = parsePropertyList(*xml, error);
-  if (!value && error != nullptr) *error = file.string() + ": " + *error;
+  if (!value && error != nullptr) error->description = file.string() + ": " + error->description;
   return value;
 }
 
 bool writePropertyListFile(const std::filesystem::path& file, const PropertyList& value,
-                           std::string* error) {
+                           Error* error) {
   return writeFileAtomically(file, formatPropertyList(value), error);
 }
 

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "foundation/Date.h"
+#include "foundation/Error.h"
 
 namespace zenivo {
 
@@ -80,7 +81,7 @@ inline constexpr std::size_t kPropertyListMaximumBytes = std::size_t{64} << 20;
 /// there.  Strict: no unknown elements, no text between elements, no value that
 /// its type cannot hold, no key twice.  Entities beyond XML's own are not
 /// expanded, and a document that declares any is refused.
-std::optional<PropertyList> parsePropertyList(std::string_view xml, std::string* error = nullptr);
+std::optional<PropertyList> parsePropertyList(std::string_view xml, Error* error = nullptr);
 
 /// The XML form; what it holds reads back equal, reals and the fractions of a
 /// date's second to the last bit.  Characters that XML has no form for become
@@ -90,8 +91,8 @@ std::string formatPropertyList(const PropertyList& value);
 /// The same from and to files.  Writing replaces the file in one step (see
 /// writeFileAtomically).
 std::optional<PropertyList> readPropertyListFile(const std::filesystem::path& file,
-                                                 std::string* error = nullptr);
+                                                 Error* error = nullptr);
 bool writePropertyListFile(const std::filesystem::path& file, const PropertyList& value,
-                           std::string* error = nullptr);
+                           Error* error = nullptr);
 
 }  // namespace zenivo

@@ -5,7 +5,7 @@
 #include <pugixml.hpp>
 
 #include "foundation/Base64.h"
-#include "foundation/Failure.h"
+#include "foundation/Error.h"
 #include "foundation/PropertyList.h"
 #include "foundation/PropertyListDate.h"
 #include "foundation/Utf8.h"
@@ -38,7 +38,7 @@ bool isText(pugi::xml_node node) {
 
 class Parser {
  public:
-  Parser(std::string_view xml, std::string* error) : xml_(xml), error_(error) {}
+  Parser(std::string_view xml, Error* error) : xml_(xml), error_(error) {}
 
   std::optional<PropertyList> parse() {
     if (xml_.size() > kPropertyListMaximumBytes) {
@@ -61,7 +61,7 @@ class Parser {
  private:
   std::nullopt_t failed(std::size_t offset, std::string_view why) {
     const auto line = 1 + std::ranges::count(xml_.substr(0, offset), '\n');
-    fail(error_, fmt::format("line {}: {}", line, why));
+    fail(error_, {.description = fmt::format("line {}: {}", line, why)});
     return std::nullopt;
   }
 
@@ -177,12 +177,12 @@ class Parser {
   }
 
   std::string_view xml_;
-  std::string* error_;
+  Error* error_;
 };
 
 }  // namespace
 
-std::optional<PropertyList> parsePropertyList(std::string_view xml, std::string* error) {
+std::optional<PropertyList> parsePropertyList(std::string_view xml, Error* error) {
   return Parser(xml, error).parse();
 }
 

@@ -9,7 +9,7 @@
 #include <system_error>
 
 #include "foundation/AtomicFile.h"
-#include "foundation/Failure.h"
+#include "foundation/Error.h"
 #include "foundation/FileLock.h"
 #include "foundation/Log.h"
 #include "foundation/ShortestDecimal.h"
@@ -63,13 +63,13 @@ struct UserDefaults::Content {
   enum class State { good, broken, unreadable };
   State state = State::good;
   Dictionary values;
-  std::string reason;  ///< why it is not good
+  Error error;  ///< why it is not good
 };
 
 UserDefaults::UserDefaults(std::filesystem::path file) : file_(std::move(file)) {
   if (file_.empty()) return;
   Content content = readContent();
-  if (content.state != Content::State::good) log(LogLevel::error, content.reason);
+  if (content.state != Content::State::good) log(LogLevel::error, content.error.description);
   stored_ = std::move(content.values);
 }
 
@@ -149,14 +149,14 @@ void UserDefaults::record(std::optional<PropertyList> value, std::string_view ke
   if (!file_.empty()) changes_.insert_or_assign(std::move(name), std::move(value));
 }
 
-bool UserDefaults::synchronize(std::string* error) {
-  std::string reason;
+bool UserDefaults::synchronize(Error* error) {
+  Error reason;
   if (file_.empty() || mergeWithFile(&reason)) return true;
-  if (error == nullptr) log(LogLevel::error, "settings are not stored: " + reason);
+  if (error == nullptr) log(LogLevel::error, "settings are not stored: " + reason.description);
   return fail(error, std::move(reason));
 }
 
-bool UserDefaults::mergeWithFile(std::string* error) {
+bool UserDefaults::mergeWithFile(Error* error) {
   const std::lock_guard lockFile(fileMutex_);
   Changes changes;
   {
@@ -166,7 +166,7 @@ bool UserDefaults::mergeWithFile(std::string* error) {
   Content content;
   if (changes.empty()) {
     content = readContent();
-    if (content.state != Content::State::good) return fail(error, content.reason);
+    if (content.state != Content::State::good) return fail(error, content.error);
   } else if (!storeChanges(changes, content, error)) {
     return false;
   }
@@ -182,20 +182,23 @@ bool UserDefaults::mergeWithFile(std::string* error) {
 }
 
 /// Puts the changes into the file, and what it then holds into `content`.
-bool UserDefaults::storeChanges(const Changes& changes, Content& content,
-                                std::string* error) const {
+bool UserDefaults::storeChanges(const Changes& changes, Content& content, Error* error) const {
   std::error_code failure;
   std::filesystem::create_directories(file_.parent_path(), failure);
-  const std::optional<FileDescriptor> lock = lockFileExclusively(file_.string() + ".lock", error);
-  if (!lock) return false;
+  const auto lock = FileLock::open(file_, ".lock", failure);
+  if (!lock) return fail(error, {.description = file_.string() + ".lock: " + failure.message()});
+  if (!lock->acquire()) {
+    return fail(error, {.description = file_.string() + ": another process keeps it locked"});
+  }
 
   content = readContent();
-  if (content.state == Content::State::unreadable) return fail(error, content.reason);
+  if (content.state == Content::State::unreadable) return fail(error, content.error);
   if (content.state == Content::State::broken) {
     const std::filesystem::path aside = asideName(file_);
     std::filesystem::rename(file_, aside, failure);
-    if (failure) return fail(error, content.reason + "; " + failure.message());
-    log(LogLevel::error, fmt::format("{}; kept as {}", content.reason, aside.string()));
+    if (failure)
+      return fail(error, {.description = content.error.description + "; " + failure.message()});
+    log(LogLevel::error, fmt::format("{}; kept as {}", content.error.description, aside.string()));
     const std::lock_guard memory(mutex_);
     content.values = stored_;  // the best that is left of it
   }
@@ -207,19 +210,19 @@ UserDefaults::Content UserDefaults::readContent() const {
   Content content;
   std::error_code failure;
   if (!std::filesystem::exists(file_, failure) && !failure) return content;
-  const std::optional<std::string> xml =
-      readFile(file_, kPropertyListMaximumBytes, &content.reason);
+  const std::optional<std::string> xml = readFile(file_, kPropertyListMaximumBytes, &content.error);
   if (!xml) {
     content.state = Content::State::unreadable;
     return content;
   }
-  const std::optional<PropertyList> list = parsePropertyList(*xml, &content.reason);
+  const std::optional<PropertyList> list = parsePropertyList(*xml, &content.error);
   if (list && list->dictionary() != nullptr) {
     content.values = *list->dictionary();
     return content;
   }
   content.state = Content::State::broken;
-  content.reason = fmt::format("{}: {}", file_.string(), list ? "no dictionary" : content.reason);
+  content.error.description =
+      fmt::format("{}: {}", file_.string(), list ? "no dictionary" : content.error.description);
   return content;
 }
 

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/Error.h"
 #include "foundation/PropertyList.h"
 
 namespace zenivo {
@@ -57,7 +58,7 @@ class UserDefaults {
   ///
   /// False when that failed, with the reason in `error`, or in the log where none
   /// is given; the changes then wait for the next call.  Without a file: true.
-  bool synchronize(std::string* error = nullptr);
+  bool synchronize(Error* error = nullptr);
 
  private:
   using Dictionary = PropertyList::Dictionary;
@@ -67,8 +68,8 @@ class UserDefaults {
 
   void record(std::optional<PropertyList> value, std::string_view key);
   Content readContent() const;
-  bool storeChanges(const Changes& changes, Content& content, std::string* error) const;
-  bool mergeWithFile(std::string* error);
+  bool storeChanges(const Changes& changes, Content& content, Error* error) const;
+  bool mergeWithFile(Error* error);
 
   const std::filesystem::path file_;
   std::mutex fileMutex_;  // taken before mutex_

@@ -77,15 +77,15 @@ class Reader {
  public:
   explicit Reader(std::string_view text) : text_(text) { tokenize(); }
 
-  Location location() {
+  ZVLocation location() {
     const int numbersPerAngle = countNumbersPerAngle();
     const Angle first = angle(numbersPerAngle);
     accept(Kind::comma);
     if (at_ == tokens_.size()) fail("the longitude is missing");
     const Angle second = angle(numbersPerAngle);
-    Location result = ordered(first, second);
+    ZVLocation result(ordered(first, second));
     if (accept(Kind::comma) || (second.letter != 0 && isNext(Kind::number))) {
-      result.altitude = altitude();
+      result = {result.coordinate, altitude()};
     }
     if (at_ < tokens_.size()) fail("there is more than a latitude, a longitude and an altitude");
     return result;
@@ -230,7 +230,7 @@ class Reader {
     return result;
   }
 
-  Location ordered(Angle first, Angle second) const {
+  Coordinate ordered(Angle first, Angle second) const {
     const auto isLongitude = [](char letter) { return letter == 'E' || letter == 'W'; };
     const auto isLatitude = [](char letter) { return letter == 'N' || letter == 'S'; };
     if ((isLongitude(first.letter) && isLongitude(second.letter)) ||
@@ -271,7 +271,7 @@ bool looksLikeCoordinates(std::string_view text) {
   return hasDigit;
 }
 
-Location parseCoordinates(std::string_view text) {
+ZVLocation parseCoordinates(std::string_view text) {
   return Reader(text).location();
 }
 

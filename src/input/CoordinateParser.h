@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "place/Location.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 
@@ -25,6 +25,6 @@ bool looksLikeCoordinates(std::string_view text);
 /// mark of the seconds; anywhere else it is south.  Without letters, marks or
 /// a comma the numbers are shared evenly between the two angles.
 /// Throws InputError for anything else and for angles out of range.
-Location parseCoordinates(std::string_view text);
+ZVLocation parseCoordinates(std::string_view text);
 
 }  // namespace zenivo

@@ -28,13 +28,14 @@ bool isFarInLatitude(double latitude1, double latitude2, double kilometres) {
   return std::fabs(latitude1 - latitude2) * kKilometresPerDegree > kilometres;
 }
 
-Nearest nearestCity(const GeoNames& geoNames, const Location& location) {
+Nearest nearestCity(const GeoNames& geoNames, const ZVLocation& location) {
   double nearest = kFarthest;
   std::optional<City> found;
   geoNames.forEachCity([&](const City& city) {
-    if (isFarInLatitude(city.latitude(), location.latitude, nearest)) return;
-    const double kilometres = greatCircleKilometres(location.latitude, location.longitude,
-                                                    city.latitude(), city.longitude());
+    if (isFarInLatitude(city.latitude(), location.coordinate.latitude, nearest)) return;
+    const double kilometres =
+        greatCircleKilometres(location.coordinate.latitude, location.coordinate.longitude,
+                              city.latitude(), city.longitude());
     if (kilometres >= nearest || city.timeZone().empty()) return;
     nearest = kilometres;
     found = city;
@@ -62,7 +63,7 @@ double degreesOfIso6709(std::string_view text) {
 }
 
 /// The nearest of the places that the database lists, one a zone and country.
-Nearest nearestPlaceOfDatabase(const Location& location) {
+Nearest nearestPlaceOfDatabase(const ZVLocation& location) {
   Nearest nearest{.kilometres = kFarthest, .zone = {}};
   std::ifstream table(kZonePlaces);
   for (std::string line; std::getline(table, line);) {
@@ -72,9 +73,9 @@ Nearest nearestPlaceOfDatabase(const Location& location) {
     const std::size_t longitude = coordinates.find_first_of("+-", 1);
     if (country.starts_with('#') || longitude == std::string::npos) continue;
     const std::string_view both = coordinates;
-    const double kilometres = greatCircleKilometres(location.latitude, location.longitude,
-                                                    degreesOfIso6709(both.substr(0, longitude)),
-                                                    degreesOfIso6709(both.substr(longitude)));
+    const double kilometres = greatCircleKilometres(
+        location.coordinate.latitude, location.coordinate.longitude,
+        degreesOfIso6709(both.substr(0, longitude)), degreesOfIso6709(both.substr(longitude)));
     if (kilometres >= nearest.kilometres) continue;
     nearest = {.kilometres = kilometres,
                .zone = {.name = name,
@@ -92,14 +93,14 @@ std::string nauticalZone(double longitude) {
   return hours == 0 ? "Etc/GMT" : fmt::format("Etc/GMT{:+d}", -hours);
 }
 
-ZoneGuess nearestZone(const GeoNames& geoNames, const Location& location) {
+ZoneGuess nearestZone(const GeoNames& geoNames, const ZVLocation& location) {
   const Nearest city = nearestCity(geoNames, location);
   const Nearest place = nearestPlaceOfDatabase(location);
   const bool isPlaceBetter =
       place.kilometres < city.kilometres && place.zone.name != city.zone.name;
   const ZoneGuess& guess = isPlaceBetter ? place.zone : city.zone;
   if (!guess.name.empty()) return guess;
-  return {.name = nauticalZone(location.longitude),
+  return {.name = nauticalZone(location.coordinate.longitude),
           .origin = "nautical, no known place within 200 nautical miles"};
 }
 

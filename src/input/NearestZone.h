@@ -5,7 +5,7 @@
 #include <string>
 
 #include "input/GeoNames.h"
-#include "place/Location.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 
@@ -21,7 +21,7 @@ struct ZoneGuess {
 /// of them, which is outside the waters of any state, the nautical zone of the
 /// longitude counts: "Etc/GMT+n" n hours west of Greenwich, "Etc/GMT-n" east.
 /// Near a border the nearest city may lie on the other side.
-ZoneGuess nearestZone(const GeoNames& geoNames, const Location& location);
+ZoneGuess nearestZone(const GeoNames& geoNames, const ZVLocation& location);
 
 /// The nautical zone: strips of 15° of longitude centred on the multiples of 15°.
 std::string nauticalZone(double longitude);

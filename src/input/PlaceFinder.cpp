@@ -191,9 +191,7 @@ std::string placeLabel(const GeoNames& geoNames, const City& city) {
 
 NamedPlace findPlace(const GeoNames& geoNames, std::string_view query) {
   const City city = Search(geoNames, query).city();
-  return {.location = {.latitude = city.latitude(),
-                       .longitude = city.longitude(),
-                       .altitude = city.altitude()},
+  return {.location = ZVLocation({city.latitude(), city.longitude()}, city.altitude()),
           .label = placeLabel(geoNames, city),
           .timeZone = std::string(city.timeZone())};
 }

@@ -6,12 +6,12 @@
 #include <string_view>
 
 #include "input/GeoNames.h"
-#include "place/Location.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 
 struct NamedPlace {
-  Location location;
+  ZVLocation location;
   std::string label;     ///< "Paris, Île-de-France, FR"
   std::string timeZone;  ///< IANA name
 };

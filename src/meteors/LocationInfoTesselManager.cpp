@@ -5,7 +5,8 @@
 
 namespace zenivo {
 
-LocationInfoTesselManager::LocationInfoTesselManager(const LocationInfoData& data) {
+LocationInfoTesselManager::LocationInfoTesselManager(const LocationInfoData& data)
+    : calendar_(data.zone) {
   setLocation(data.location);
   setCurrentMjdDate(modifiedJulianDay(data.date));
 }
@@ -22,8 +23,13 @@ void LocationInfoTesselManager::setLocation(const std::optional<ZVLocation>& loc
   location_ = location && isValid(location->coordinate) ? location : std::nullopt;
 }
 
+void LocationInfoTesselManager::setTimeZone(const TimeZone& zone) {
+  calendar_.setTimeZone(zone);
+  setCurrentMjdDate(currentMjdDate_);
+}
+
 double LocationInfoTesselManager::mjdAtMidnightWithOffsetDays(int days) const {
-  return mjdAtLocalMidnight(currentDate_, days);
+  return mjdAtLocalMidnight(currentDate_, days, calendar_);
 }
 
 }  // namespace zenivo

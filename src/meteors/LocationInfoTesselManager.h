@@ -4,7 +4,9 @@
 
 #include <optional>
 
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
+#include "foundation/TimeZone.h"
 #include "place/ZVLocation.h"
 
 namespace zenivo {
@@ -13,9 +15,10 @@ namespace zenivo {
 struct LocationInfoData {
   Date date;
   std::optional<ZVLocation> location;  ///< one off the globe counts as none
+  TimeZone zone;                       ///< whose local days are shown
 };
 
-/// Keeps a moment, the local day around it (of cachedCalendar) and a place.
+/// Keeps a moment, the local day around it and a place.
 class LocationInfoTesselManager {
  public:
   virtual ~LocationInfoTesselManager() = default;
@@ -26,6 +29,7 @@ class LocationInfoTesselManager {
   double mjdStart() const { return mjdStart_; }      ///< local midnight that opens the day
   double mjdEnd() const { return mjdEnd_; }          ///< the next one
   const std::optional<ZVLocation>& location() const { return location_; }
+  const Calendar& calendar() const { return calendar_; }  ///< in the zone of the days
 
   /// The sampling step of a day's curves: 144 make the day, ten minutes of 24 hours.
   static double mjdStepForMjdStart(double mjdStart, double mjdEnd) {
@@ -40,11 +44,14 @@ class LocationInfoTesselManager {
   /// Moves to a moment and its local day.
   void setCurrentMjdDate(double mjd);
   void setLocation(const std::optional<ZVLocation>& location);
+  /// Stays at the moment and takes the local day around it in another zone.
+  void setTimeZone(const TimeZone& zone);
 
   /// The local midnight `days` after the one that opens the day.
   double mjdAtMidnightWithOffsetDays(int days) const;
 
  private:
+  Calendar calendar_;
   double currentMjdDate_ = 0;
   Date currentDate_;
   double deltaT_ = 0;

@@ -21,10 +21,10 @@ using ephemeris::PtMoon;
 using ephemeris::PtSun;
 using ephemeris::RiseSet;
 
-void calculateGalacticCenter(MeteorDayInfoData& day, PtSun& sun) {
+void calculateGalacticCenter(MeteorDayInfoData& day, PtSun& sun, const Calendar& calendar) {
   PtMilkyWay milkyWay(sun.getPosition());
   const MilkyWayEvent event = calculateGalacticCenterVisibility(
-      milkyWay, sun, dateFromModifiedJulianDay(day.middle()), cachedCalendar());
+      milkyWay, sun, dateFromModifiedJulianDay(day.middle()), calendar);
   day.mjdGcVisibilityStart = event.mjdVisibilityFrom;
   day.mjdGcVisibilityEnd = event.mjdVisibilityTo;
   const auto tiltAt = [&](double mjd) {
@@ -74,16 +74,17 @@ void calculateSunRiseSet(MeteorDayInfoData& day, PtSun& sun) {
   }
 }
 
-void calculateTwilightAndNightIntervals(MeteorDayInfoData& day, PtSun& sun, PtMoon& moon) {
+void calculateTwilightAndNightIntervals(MeteorDayInfoData& day, PtSun& sun, PtMoon& moon,
+                                        const Calendar& calendar) {
   const double deltaT = deltaTAtMjd(day.mjdStart);
   calculateSunRiseSet(day, sun);
   const RiseSet moonCrossings = moon.riseSet(EventKind::riseSet, day.mjdStart, deltaT);
   day.mjdMoonRise = moonCrossings.rise;
   day.mjdMoonSet = moonCrossings.set;
 
-  const int localDay = dayValue(dateFromModifiedJulianDay(day.middle()), cachedCalendar());
+  const int localDay = dayValue(dateFromModifiedJulianDay(day.middle()), calendar);
   const AstronomicalTwilight twilight =
-      calculateAstronomicalTwilight(sun, day.mjdStart, deltaT, localDay, cachedCalendar());
+      calculateAstronomicalTwilight(sun, day.mjdStart, deltaT, localDay, calendar);
   day.nightIntervals = darkIntervals(day, {twilight.start}, {twilight.end, twilight.end2});
 
   if (day.mjdSunRise == kAlwaysBelow) {
@@ -92,7 +93,7 @@ void calculateTwilightAndNightIntervals(MeteorDayInfoData& day, PtSun& sun, PtMo
     day.twilightIntervals =
         darkIntervals(day, {day.mjdSunRise, day.mjdSunRise2}, {day.mjdSunSet, day.mjdSunSet2});
   }
-  calculateGalacticCenter(day, sun);
+  calculateGalacticCenter(day, sun, calendar);
 }
 
 void calculateMoonElevations(MeteorDayInfoData& day, PtMoon& moon) {

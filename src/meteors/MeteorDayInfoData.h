@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "foundation/Calendar.h"
 #include "time/Mjd.h"
 
 namespace zenivo {
@@ -66,9 +67,9 @@ using MeteorDays = std::array<MeteorDayInfoData, 3>;
 void calculateSunRiseSet(MeteorDayInfoData& day, ephemeris::PtSun& sun);
 
 /// Fills the rises and sets of the Sun and the Moon, the galactic centre's visibility,
-/// and the intervals of night and twilight.
+/// and the intervals of night and twilight, for a day of the calendar.
 void calculateTwilightAndNightIntervals(MeteorDayInfoData& day, ephemeris::PtSun& sun,
-                                        ephemeris::PtMoon& moon);
+                                        ephemeris::PtMoon& moon, const Calendar& calendar);
 
 /// Fills the points of the curves with the Moon's elevation.
 void calculateMoonElevations(MeteorDayInfoData& day, ephemeris::PtMoon& moon);

@@ -11,20 +11,19 @@ double deltaTAtMjd(double mjd) {
   return moment.getDeltaT();
 }
 
-double mjdAtLocalMidnight(Date date, int days) {
+double mjdAtLocalMidnight(Date date, int days, const Calendar& calendar) {
   // From noon, so that no clock change near midnight can lose or repeat a day.
-  const Date noon = dateByAddingNumberOfDays(dateWithNoonDateTime(date, cachedCalendar()), days,
-                                             cachedCalendar());
-  return modifiedJulianDay(dateWithStartDateTime(noon, cachedCalendar()));
+  const Date noon = dateByAddingNumberOfDays(dateWithNoonDateTime(date, calendar), days, calendar);
+  return modifiedJulianDay(dateWithStartDateTime(noon, calendar));
 }
 
-MeteorMoment momentOfDay(double mjdStart) {
+MeteorMoment momentOfDay(double mjdStart, const Calendar& calendar) {
   // Well inside the day, where rounding to whole minutes cannot leave it.
   const Date morning = dateFromModifiedJulianDay(mjdStart + 0.25);
   return {.mjd = mjdStart,
           .deltaT = deltaTAtMjd(mjdStart),
-          .year = yearValue(morning, cachedCalendar()),
-          .month = monthValue(morning, cachedCalendar())};
+          .year = yearValue(morning, calendar),
+          .month = monthValue(morning, calendar)};
 }
 
 }  // namespace zenivo

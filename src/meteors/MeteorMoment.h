@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 
 namespace zenivo {
@@ -11,9 +12,8 @@ namespace zenivo {
 /// TT minus UT, days.
 double deltaTAtMjd(double mjd);
 
-/// mjd of the local midnight (of cachedCalendar) that opens the day `days` after the
-/// date's.
-double mjdAtLocalMidnight(Date date, int days = 0);
+/// mjd of the local midnight that opens the day `days` after the date's.
+double mjdAtLocalMidnight(Date date, int days, const Calendar& calendar);
 
 /// A moment with what the sky at it is computed from.  deltaT and the month change so
 /// slowly that a whole night is computed with those of its day.
@@ -25,6 +25,6 @@ struct MeteorMoment {
 };
 
 /// Local midnight, with its own deltaT, year and month.
-MeteorMoment momentOfDay(double mjdStart);
+MeteorMoment momentOfDay(double mjdStart, const Calendar& calendar);
 
 }  // namespace zenivo

@@ -35,9 +35,8 @@ DayAndMonth dayAndMonth(std::string_view text) {
           numberFromField(rest.substr(0, rest.find(kSeparator)))};
 }
 
-Date noonOfDay(std::int64_t year, int month, int day) {
-  return cachedCalendar().dateFromComponents(
-      {.year = year, .month = month, .day = day, .hour = 12});
+Date noonOfDay(std::int64_t year, int month, int day, const Calendar& calendar) {
+  return calendar.dateFromComponents({.year = year, .month = month, .day = day, .hour = 12});
 }
 
 template <class Predicate>
@@ -87,7 +86,8 @@ void MeteorShower::setLocation(const std::optional<ZVLocation>& newLocation) {
   if (location) radiant.emplace(*location, rightAscension, declination);
 }
 
-void MeteorShower::calculateActivitiesWithYear(std::int64_t activityYear) {
+void MeteorShower::calculateActivitiesWithYear(std::int64_t activityYear,
+                                               const Calendar& calendar) {
   const bool acrossNewYear = endMonth < startMonth;
   const std::int64_t firstYear = acrossNewYear ? activityYear - 1 : activityYear;
   activityPeriods.clear();
@@ -96,17 +96,17 @@ void MeteorShower::calculateActivitiesWithYear(std::int64_t activityYear) {
     MeteorShowerActivityPeriod period;
     period.year = acrossNewYear && month > endMonth ? startYear : endYear;
     period.startDate =
-        dateWithStartDateTime(noonOfDay(startYear, startMonth, startDay), cachedCalendar());
-    period.endDate = dateWithEndDateTime(noonOfDay(endYear, endMonth, endDay), cachedCalendar());
+        dateWithStartDateTime(noonOfDay(startYear, startMonth, startDay, calendar), calendar);
+    period.endDate = dateWithEndDateTime(noonOfDay(endYear, endMonth, endDay, calendar), calendar);
     period.peakMjd = predictedPeakMjd(solarLongitudeAtPeak, period.year, month);
     activityPeriods.push_back(period);
   }
 }
 
-bool MeteorShower::isActiveOrNextDayOfEndAtDate(Date date) const {
+bool MeteorShower::isActiveOrNextDayOfEndAtDate(Date date, const Calendar& calendar) const {
   return firstPeriod(*this, [&](const auto& period) {
            return date >= period.startDate &&
-                  date <= dateByAddingNumberOfDays(period.endDate, 1, cachedCalendar());
+                  date <= dateByAddingNumberOfDays(period.endDate, 1, calendar);
          }) != nullptr;
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/PtPolar.h"
+#include "foundation/Calendar.h"
 #include "foundation/NumberFormatter.h"
 #include "meteors/MeteorShowerActivityPeriod.h"
 #include "meteors/MeteorShowerJsonItem.h"
@@ -70,12 +71,12 @@ class MeteorShower : public MeteorShowerFacts {
   // The returns.
 
   /// Makes anew the two periods that begin with the year's: in the local days of
-  /// cachedCalendar, with predicted peaks and nothing that holds for a place.
-  void calculateActivitiesWithYear(std::int64_t activityYear);
+  /// the calendar, with predicted peaks and nothing that holds for a place.
+  void calculateActivitiesWithYear(std::int64_t activityYear, const Calendar& calendar);
 
   bool isActiveAtDate(Date date) const { return currentActivityPeriodAtDate(date) != nullptr; }
   /// The same, with the day after the end of a period.
-  bool isActiveOrNextDayOfEndAtDate(Date date) const;
+  bool isActiveOrNextDayOfEndAtDate(Date date, const Calendar& calendar) const;
 
   // Periods that answer a question; nullptr when none does.  A pointer holds until the
   // periods are made anew.

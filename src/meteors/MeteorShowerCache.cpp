@@ -45,15 +45,17 @@ void CacheData::encodeWithCoder(KeyedArchiver& coder) const {
     }
     years.emplace(std::to_string(year), std::move(showers));
   }
-  coder.encode("coordinate_lat", cachedLocation.latitude);
-  coder.encode("coordinate_lng", cachedLocation.longitude);
+  coder.encode("coordinate_lat", place.coordinate.latitude);
+  coder.encode("coordinate_lng", place.coordinate.longitude);
+  coder.encode("time_zone", place.zone);
   coder.encode("activity", std::move(years));
 }
 
 std::optional<CacheData> CacheData::initWithCoder(const KeyedUnarchiver& coder) {
   CacheData data;
-  data.cachedLocation = {coder.decodeDouble("coordinate_lat"),
-                         coder.decodeDouble("coordinate_lng")};
+  data.place.coordinate = {coder.decodeDouble("coordinate_lat"),
+                           coder.decodeDouble("coordinate_lng")};
+  data.place.zone = coder.decodeString("time_zone");
   const PropertyList* activity = coder.decode("activity");
   if (activity == nullptr || activity->dictionary() == nullptr) return data;
   for (const auto& [key, value] : *activity->dictionary()) {
@@ -88,31 +90,36 @@ bool MeteorShowerCache::save() const {
   // The file is written without holding up whoever reads a peak meanwhile.
   const std::lock_guard onlyWriter(fileMutex_);
   const PropertyList archive = archivedObject(cacheData());
-  std::string error;
+  Error error;
   std::error_code failure;
   std::filesystem::create_directories(folder_, failure);
   if (writePropertyListFile(file(), archive, &error)) return true;
-  log(LogLevel::warning, fmt::format("{} is not written: {}", file().string(), error));
+  log(LogLevel::warning, fmt::format("{} is not written: {}", file().string(), error.description));
   return false;
 }
 
-bool MeteorShowerCache::setLocation(const std::optional<ZVLocation>& location) {
-  constexpr double kKeptWithin = 10.0;  // kilometres
+bool MeteorShowerCache::setPlace(const PeakPlace& place) {
   const std::lock_guard lock(mutex_);
-  Coordinate& cached = cacheData_.cachedLocation;
-  if (location && isValid(cached) &&
-      LocationUtils::greatCircleDistanceWithSource(location->coordinate, cached) <= kKeptWithin) {
-    return false;
-  }
+  if (holdsFor(place)) return false;
   clearPeriods();
-  cached = location ? location->coordinate : kInvalidCoordinate;
+  cacheData_.place = place;
   return true;
 }
 
+bool MeteorShowerCache::holdsFor(const PeakPlace& place) const {
+  constexpr double kKeptWithin = 10.0;  // kilometres
+  const PeakPlace& cached = cacheData_.place;
+  return place.zone == cached.zone && isValid(place.coordinate) && isValid(cached.coordinate) &&
+         LocationUtils::greatCircleDistanceWithSource(place.coordinate, cached.coordinate) <=
+             kKeptWithin;
+}
+
 void MeteorShowerCache::cacheMeteorShower(const MeteorShower& shower, std::int64_t year,
-                                          const MeteorShowerActivityPeriod& activityPeriod) {
+                                          const MeteorShowerActivityPeriod& activityPeriod,
+                                          const PeakPlace& place) {
   if (!activityPeriod.hasRealPeak()) return;
   const std::lock_guard lock(mutex_);
+  if (!holdsFor(place)) return;
   if (cacheData_.activityPeriods.try_emplace(year).second) {
     markAccessed(year);
     resize();
@@ -121,9 +128,9 @@ void MeteorShowerCache::cacheMeteorShower(const MeteorShower& shower, std::int64
 }
 
 std::optional<MeteorShowerActivityPeriod> MeteorShowerCache::activityPeriodForMeteorShower(
-    const MeteorShower& shower, std::int64_t year) {
+    const MeteorShower& shower, std::int64_t year, const PeakPlace& place) {
   const std::lock_guard lock(mutex_);
-  if (!cacheEnabled_) return std::nullopt;
+  if (!cacheEnabled_ || !holdsFor(place)) return std::nullopt;
   const auto ofYear = cacheData_.activityPeriods.find(year);
   if (ofYear == cacheData_.activityPeriods.end()) return std::nullopt;
   markAccessed(year);
@@ -172,7 +179,7 @@ void MeteorShowerCache::resize() {
   if (cacheData_.activityPeriods.size() <= kYearsKept || accessedYears_.size() <= kYearsKept) {
     return;
   }
-  const std::int64_t present = yearValue(Date::now(), cachedCalendar());
+  const std::int64_t present = yearValue(Date::now(), Calendar(TimeZone::systemTimeZone()));
   const std::vector<std::int64_t> oldestLast = accessedYears_;
   for (auto year = oldestLast.rbegin(); year != oldestLast.rend(); ++year) {
     if (cacheData_.activityPeriods.size() <= kYearsKept) return;

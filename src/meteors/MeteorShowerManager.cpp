@@ -29,18 +29,24 @@ MeteorShowerManager::MeteorShowerManager(const LocationInfoData& data, std::int6
       cache_(std::move(cache)),
       meteorShowers_(location()) {
   createBodies();
-  if (cache_) cache_->setLocation(location());
-  setActivitiesYear(yearValue(currentDate(), cachedCalendar()));
+  if (cache_) cache_->setPlace(peakPlace());
+  setActivitiesYear(yearValue(currentDate(), calendar()));
   if (!inCalendarMode_) recalculateAll();
 }
 
 MeteorShowerManager::~MeteorShowerManager() {
+  pendingPeaks_ = {};
   alive_.reset();
   supersedePeaks();
 }
 
 void MeteorShowerManager::setDelegate(std::weak_ptr<MeteorShowerManagerDelegate> delegate) {
   delegate_ = std::move(delegate);
+}
+
+PeakPlace MeteorShowerManager::peakPlace() const {
+  return {.coordinate = location() ? location()->coordinate : kInvalidCoordinate,
+          .zone = calendar().timeZone().name()};
 }
 
 void MeteorShowerManager::createBodies() {
@@ -59,7 +65,7 @@ void MeteorShowerManager::setActivitiesYear(std::int64_t year) {
   activitiesYear_ = year;
   supersedePeaks();
   const std::lock_guard lock(readLock_);
-  meteorShowers_.calculateMeteorShowersActivitiesWithYear(year);
+  meteorShowers_.calculateMeteorShowersActivitiesWithYear(year, calendar());
 }
 
 void MeteorShowerManager::recalculateAll() {
@@ -77,14 +83,15 @@ void MeteorShowerManager::updateLocation(const std::optional<ZVLocation>& newLoc
     const std::lock_guard lock(readLock_);
     meteorShowers_.setLocation(location());
     // Without a cache nothing tells how far the peaks' place is.
-    if (!cache_ || cache_->setLocation(location())) meteorShowers_.clearPeaksInfo();
+    if (!cache_ || cache_->setPlace(peakPlace())) meteorShowers_.clearPeaksInfo();
   }
   if (!inCalendarMode_) recalculateAll();
 }
 
-void MeteorShowerManager::timeZoneUpdated() {
-  setCurrentMjdDate(currentMjdDate());
-  setActivitiesYear(yearValue(currentDate(), cachedCalendar()));
+void MeteorShowerManager::timeZoneUpdated(const TimeZone& zone) {
+  setTimeZone(zone);
+  if (cache_) cache_->setPlace(peakPlace());
+  setActivitiesYear(yearValue(currentDate(), calendar()));
   if (!inCalendarMode_) recalculateAll();
 }
 
@@ -97,8 +104,8 @@ bool MeteorShowerManager::jumpToMjdDate(double mjd) {
   const double yesterday = mjdAtMidnightWithOffsetDays(-1);
   const double dayAfterTomorrow = mjdAtMidnightWithOffsetDays(2);
   setCurrentMjdDate(mjd);
-  if (yearValue(currentDate(), cachedCalendar()) != activitiesYear_) {
-    setActivitiesYear(yearValue(currentDate(), cachedCalendar()));
+  if (yearValue(currentDate(), calendar()) != activitiesYear_) {
+    setActivitiesYear(yearValue(currentDate(), calendar()));
     calculateMeteorShowerRealPeaks();
   } else {
     calculateMajorShowersPeaks();
@@ -128,7 +135,7 @@ void MeteorShowerManager::calculateRealTimeData() {
   currentMeteorRate_ = 0;
   limitingMagnitude_ = 0;
   if (!hasBodies()) return;
-  const MeteorMoment day = momentOfDay(mjdStart());
+  const MeteorMoment day = momentOfDay(mjdStart(), calendar());
   const MeteorSky sky = MeteorSkyModel(*location(), day.year, day.month)
                             .skyAt(currentMjdDate(), deltaT(), *sun_, *moon_);
   limitingMagnitude_ = sky.limitingMagnitude;
@@ -138,14 +145,13 @@ void MeteorShowerManager::calculateRealTimeData() {
     shower->updateMeteorsPerHourWithSolarLongitude(sky.solarLongitude, radiant.elevation_ * kDegree,
                                                    sky.limitingMagnitude);
   }
-  moonPhase_ =
-      moonPhaseDataForMjd(sky.mjd, sky.deltaT, *sun_, *moon_, currentDate(), cachedCalendar());
+  moonPhase_ = moonPhaseDataForMjd(sky.mjd, sky.deltaT, *sun_, *moon_, currentDate(), calendar());
   moonPosition_ = moon_->horizontal();
-  isSupermoon_ = isSupermoonAtPhase(moonPhase_, *moon_);
+  isSupermoon_ = isSupermoonAtPhase(moonPhase_, *moon_, calendar());
 }
 
 void MeteorShowerManager::calculateMeteorShowerActivitesForYear(std::int64_t year, bool updates) {
-  setCurrentMjdDate(modifiedJulianDay(firstDayOfYear(year, cachedCalendar())));
+  setCurrentMjdDate(modifiedJulianDay(firstDayOfYear(year, calendar())));
   recalculateTwilightsAndNightTimes(DayShift::all);
   if (activitiesYear_ != year) setActivitiesYear(year);
   {

@@ -45,7 +45,7 @@ struct ActiveMeteorsRate {
 /// A step of the three-day window.
 enum class DayShift { all = 0, left = 1, right = 2 };
 
-/// Answers for a place and a moment, in the local days of cachedCalendar.
+/// Answers for a place and a moment, in the local days of the zone that it is given.
 ///
 /// In live mode it follows a moment: the showers then active and upcoming, the night that
 /// concerns it, the curves of three days.  In calendar mode it computes the peaks of a
@@ -79,8 +79,8 @@ class MeteorShowerManager : public LocationInfoTesselManager {
   // Place and time.
 
   void updateLocation(const std::optional<ZVLocation>& location);
-  /// To be called when the zone of cachedCalendar has changed.
-  void timeZoneUpdated();
+  /// Takes the local days of another zone.  Peaks of the old one are dropped.
+  void timeZoneUpdated(const TimeZone& zone);
   /// True when the full data was computed anew; false when nothing but the curves of a
   /// new day was, or nothing at all.  calculateRealTimeData is left to the caller then.
   bool jumpToMjdDate(double mjd);
@@ -173,6 +173,7 @@ class MeteorShowerManager : public LocationInfoTesselManager {
  private:
   struct PeaksRequest;
 
+  PeakPlace peakPlace() const;
   void createBodies();
   bool hasBodies() const { return sun_ && moon_; }
   ActiveMeteorsRate rateOfActiveShowers(const MeteorSky& sky, MeteorGraphInfoAtMjd* mjdInfo) const;

@@ -68,7 +68,7 @@ void MeteorShowerManager::calculateTwilightAndNightTimesForDay(MeteorDayInfoData
   day.mjdStart = startMjd;
   day.mjdEnd = endMjd;
   if (!hasBodies()) return;
-  calculateTwilightAndNightIntervals(day, *sun_, *moon_);
+  calculateTwilightAndNightIntervals(day, *sun_, *moon_, calendar());
   if (!inCalendarMode_) calculateMoonElevations(day, *moon_);
 }
 
@@ -86,7 +86,7 @@ void MeteorShowerManager::calculateElevationsForSelectedMeteorShower(DayShift sh
 void MeteorShowerManager::calculateSelectedMeteorShowerElevationsAndTotalRate(
     MeteorDayInfoData& day) {
   if (!hasBodies()) return;
-  MeteorMoment moment = momentOfDay(day.mjdStart);
+  MeteorMoment moment = momentOfDay(day.mjdStart, calendar());
   for (MeteorGraphInfoAtMjd& info : day.elevationsAndRates) {
     moment.mjd = info.mjd;
     info.meteorElevation = 0;
@@ -109,9 +109,9 @@ void MeteorShowerManager::calculateMoonlessHours() {
   if (!hasBodies() || (inCalendarMode_ && meteorShowerIdToCalculate_ < 0)) return;
   const bool lastNight = currentMjdDate() < meteorMjdPeakThreshold_;
   const Date evening =
-      lastNight ? dateByAddingNumberOfDays(currentDate(), -1, cachedCalendar()) : currentDate();
+      lastNight ? dateByAddingNumberOfDays(currentDate(), -1, calendar()) : currentDate();
   moonlessHours_ =
-      static_cast<float>(moonlessHoursForNightAtDate(evening, *sun_, *moon_, cachedCalendar()));
+      static_cast<float>(moonlessHoursForNightAtDate(evening, *sun_, *moon_, calendar()));
 }
 
 void MeteorShowerManager::recalculateDataOnThresholdCross(DayShift shift) {
@@ -178,7 +178,7 @@ void MeteorShowerManager::calculateTonightMaxRatePeak() {
   const MjdRateWindow window = calculateMjdRateStart(currentMjdDate(), daysInfo_);
   if (!window.isNight()) return;
   double bestShowerRate = 0;
-  MeteorMoment moment = momentOfDay(mjdStart());
+  MeteorMoment moment = momentOfDay(mjdStart(), calendar());
   for (int n = 0;; ++n) {
     moment.mjd = window.start + n * kStep;
     if (moment.mjd - window.end >= kEndTolerance) return;

@@ -13,6 +13,7 @@ using ephemeris::PtSun;
 /// What a job in the background is given when it is ordered.
 struct MeteorShowerManager::PeaksRequest {
   Date currentDate;
+  PeakPlace place;
   bool updates = false;
   std::uint64_t generation = 0;
   std::shared_ptr<PeakSamples> samples;
@@ -20,7 +21,7 @@ struct MeteorShowerManager::PeaksRequest {
 };
 
 void MeteorShowerManager::supersedePeaks() {
-  peakSamples_ = location() ? std::make_shared<PeakSamples>(*location()) : nullptr;
+  peakSamples_ = location() ? std::make_shared<PeakSamples>(*location(), calendar()) : nullptr;
   const std::lock_guard lock(readLock_);
   ++peaksGeneration_;
 }
@@ -30,13 +31,14 @@ void MeteorShowerManager::calculatePeakDateForMeteorShower(MeteorShower& shower,
                                                            PtSun& sun, PtMoon& moon) {
   if (!peakSamples_) return;
   MeteorShowerActivityPeriod result = period;
-  const auto cached =
-      cache_ ? cache_->activityPeriodForMeteorShower(shower, period.year) : std::nullopt;
+  const auto cached = cache_
+                          ? cache_->activityPeriodForMeteorShower(shower, period.year, peakPlace())
+                          : std::nullopt;
   if (cached && cached->hasRealPeak()) {
     cached->copyToActivityPeriod(result);
   } else {
     calculateRealPeak(shower, result, *peakSamples_, sun, moon);
-    if (cache_) cache_->cacheMeteorShower(shower, period.year, result);
+    if (cache_) cache_->cacheMeteorShower(shower, period.year, result, peakPlace());
   }
   const std::lock_guard lock(readLock_);
   period = result;
@@ -96,6 +98,7 @@ void MeteorShowerManager::calculateCurrentLocationShowersPeaks(bool updates) {
 
 void MeteorShowerManager::startPeaksJob(bool updates) {
   const PeaksRequest request{.currentDate = currentDate(),
+                             .place = peakPlace(),
                              .updates = updates,
                              .generation = peaksGeneration_,
                              .samples = peakSamples_,
@@ -136,7 +139,8 @@ std::vector<RealPeakTask> MeteorShowerManager::peakTasks(const PeaksRequest& req
                   [&](const auto& period) { return period.endDate < request.currentDate; });
     for (MeteorShowerActivityPeriod& period : task.periods) {
       if (period.hasRealPeak() || !cache_) continue;
-      const auto cached = cache_->activityPeriodForMeteorShower(task.shower, period.year);
+      const auto cached =
+          cache_->activityPeriodForMeteorShower(task.shower, period.year, request.place);
       if (cached) cached->copyToActivityPeriod(period);
     }
   }
@@ -149,7 +153,7 @@ bool MeteorShowerManager::deliverPeaks(const RealPeakTask& task, const PeaksRequ
     const std::lock_guard lock(readLock_);
     if (request.generation != peaksGeneration_) return false;
     for (const MeteorShowerActivityPeriod& period : task.periods) {
-      if (cache_) cache_->cacheMeteorShower(task.shower, period.year, period);
+      if (cache_) cache_->cacheMeteorShower(task.shower, period.year, period, request.place);
     }
   }
   onMainQueue(request, [this, task, updates = request.updates] {

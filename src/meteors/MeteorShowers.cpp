@@ -65,8 +65,9 @@ std::shared_ptr<MeteorShower> MeteorShowers::showerWithId(std::int64_t meteorId)
   return found == showers_.end() ? nullptr : *found;
 }
 
-void MeteorShowers::calculateMeteorShowersActivitiesWithYear(std::int64_t year) {
-  for (const auto& shower : showers_) shower->calculateActivitiesWithYear(year);
+void MeteorShowers::calculateMeteorShowersActivitiesWithYear(std::int64_t year,
+                                                             const Calendar& calendar) {
+  for (const auto& shower : showers_) shower->calculateActivitiesWithYear(year, calendar);
 }
 
 void MeteorShowers::refreshActiveMeteorShowersForMjd(double mjd) {

@@ -43,7 +43,7 @@ class MeteorShowers {
   std::shared_ptr<MeteorShower> showerWithId(std::int64_t meteorId) const;
 
   /// Makes each shower's periods anew (MeteorShower::calculateActivitiesWithYear).
-  void calculateMeteorShowersActivitiesWithYear(std::int64_t year);
+  void calculateMeteorShowersActivitiesWithYear(std::int64_t year, const Calendar& calendar);
 
   /// Fills the lists of the active showers and of those that begin within 31 days, each
   /// shower in one of them at most.

@@ -22,9 +22,9 @@ MeteorSkyModel::MeteorSkyModel(const ZVLocation& location, std::int64_t year, in
 
 MeteorSky MeteorSkyModel::skyAt(double mjd, double deltaT, ephemeris::PtSun& sun,
                                 ephemeris::PtMoon& moon) const {
-  // The phase's moment, too; a rate needs no principal phase looked up.
+  // The phase's moment, too; a rate needs no principal phase looked up, and so no zone.
   const MoonPhaseResult phase =
-      moonPhaseDataForMjd(mjd, deltaT, sun, moon, Date(), cachedCalendar(), false);
+      moonPhaseDataForMjd(mjd, deltaT, sun, moon, Date(), gmtCachedCalendar(), false);
   SkyLights lights{.sunAzimuth = sun.horizontal().azimuth_ * kDegree,
                    .sunElevation = sun.horizontal().elevation_ * kDegree,
                    .moonAzimuth = moon.horizontal().azimuth_ * kDegree,

@@ -9,11 +9,11 @@ MeteorDays PeakSamples::daysAround(Date date, ephemeris::PtSun& sun) {
   MeteorDays days;
   for (std::size_t i = 0; i < days.size(); ++i) {
     const int offset = static_cast<int>(i) - static_cast<int>(Today);
-    const double mjdStart = mjdAtLocalMidnight(date, offset);
+    const double mjdStart = mjdAtLocalMidnight(date, offset, calendar_);
     days[i] = days_.get(mjdStart, [&] {
       MeteorDayInfoData day;
       day.mjdStart = mjdStart;
-      day.mjdEnd = mjdAtLocalMidnight(date, offset + 1);
+      day.mjdEnd = mjdAtLocalMidnight(date, offset + 1, calendar_);
       calculateSunRiseSet(day, sun);
       return day;
     });

@@ -21,12 +21,15 @@ struct SampleRun {
 
 /// Showers that peak in the same night ask for the same moments.  One object serves all
 /// of them, on several threads at a time; each thread brings its own bodies, which stand
-/// at the object's place.  What it gives is what would be computed for each alone.
+/// at the object's place.  Days are those of its calendar.  What it gives is what would be computed
+/// for each alone.
 class PeakSamples {
  public:
-  explicit PeakSamples(const ZVLocation& location) : location_(location) {}
+  PeakSamples(const ZVLocation& location, const Calendar& calendar)
+      : location_(location), calendar_(calendar) {}
 
   const ZVLocation& location() const { return location_; }
+  const Calendar& calendar() const { return calendar_; }
 
   /// The day `date` is in, with the Sun's rise and set, between its neighbours.
   MeteorDays daysAround(Date date, ephemeris::PtSun& sun);
@@ -39,6 +42,7 @@ class PeakSamples {
   using RunKey = std::tuple<double, double, double, double>;
 
   const ZVLocation location_;
+  const Calendar calendar_;
   OnceMap<double, MeteorDayInfoData> days_;
   OnceMap<RunKey, std::vector<MeteorSky>> runs_;
 };

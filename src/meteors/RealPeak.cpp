@@ -41,7 +41,7 @@ class PeakSearch {
 
   /// The night that concerns a moment of the middle one of the days.
   PeakNight sample(double forMjd, const MeteorDays& days) {
-    PeakNight night{.day = momentOfDay(forMjd)};
+    PeakNight night{.day = momentOfDay(forMjd, samples_.calendar())};
     const MjdRateWindow window = calculateMjdRateStart(forMjd, days);
     if (!window.isNight()) return night;
     for (const MeteorSky& sky : skies(night, window.start, window.end, kFiveMinutes)) {
@@ -89,16 +89,17 @@ void refineBetter(std::array<PeakNight, 2>& nights, PeakSearch& search) {
   }
 }
 
-void fillMoon(MeteorShowerActivityPeriod& period, PtSun& sun, PtMoon& moon) {
+void fillMoon(MeteorShowerActivityPeriod& period, PtSun& sun, PtMoon& moon,
+              const Calendar& calendar) {
   const MoonPhaseResult phase =
       moonPhaseDataForMjd(period.realPeakMjd, deltaTAtMjd(period.realPeakMjd), sun, moon,
-                          *period.realPeakDate, cachedCalendar());
+                          *period.realPeakDate, calendar);
   period.moonPhaseAtPeak = static_cast<double>(phase.phaseIllumination);
   period.moonPhaseZenithAngle = static_cast<double>(phase.zenithAngle);
   period.moonPhaseMoonElevation = static_cast<double>(phase.moonElevation);
   period.moonPhaseSunElevation = static_cast<double>(phase.sunElevation);
   period.moonPhaseType = phase.phase;
-  period.isSupermoon = isSupermoonAtPhase(phase, moon);
+  period.isSupermoon = isSupermoonAtPhase(phase, moon, calendar);
 }
 
 }  // namespace
@@ -119,14 +120,14 @@ void calculateRealPeak(MeteorShower& shower, MeteorShowerActivityPeriod& period,
   period.rateAtPeak = best.rate;
   period.meanMeteorRate = best.meanRate();
   period.calculatePowerEnergyWithMeteorCountNightOfPeak(best.meteors, best.meteorsWithNoMoon);
-  fillMoon(period, sun, moon);
+  fillMoon(period, sun, moon, samples.calendar());
 }
 
-bool isSupermoonAtPhase(const MoonPhaseResult& phase, PtMoon& moon) {
+bool isSupermoonAtPhase(const MoonPhaseResult& phase, PtMoon& moon, const Calendar& calendar) {
   if (phase.phase != kFullMoon) return false;
   moon.computePosition(true, phase.mjdPhase, deltaTAtMjd(phase.mjdPhase));
   return isFullMoonDateASupermoonDay(dateFromModifiedJulianDay(phase.mjdPhase),
-                                     moon.horizontal().distance_, cachedCalendar());
+                                     moon.horizontal().distance_, calendar);
 }
 
 void calculateRealPeaks(std::vector<RealPeakTask> tasks, PeakSamples& samples, int threads,

@@ -19,7 +19,8 @@ void calculateRealPeak(MeteorShower& shower, MeteorShowerActivityPeriod& period,
                        PeakSamples& samples, ephemeris::PtSun& sun, ephemeris::PtMoon& moon);
 
 /// Whether the phase is a full Moon that is a supermoon; moves the Moon there.
-bool isSupermoonAtPhase(const MoonPhaseResult& phase, ephemeris::PtMoon& moon);
+bool isSupermoonAtPhase(const MoonPhaseResult& phase, ephemeris::PtMoon& moon,
+                        const Calendar& calendar);
 
 /// A shower with the periods whose peaks are wanted.
 struct RealPeakTask {

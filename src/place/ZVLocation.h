@@ -1,33 +1,35 @@
-// A place as a position sensor reports it.
+// Where something is on the Earth, as a position sensor, a list of places or the user tells
+// it.
 
 #pragma once
 
 #include "engine/PtPosition.h"
 #include "place/Coordinate.h"
-#include "place/PinLocation.h"
 
 namespace zenivo {
 
 struct ZVLocation {
   Coordinate coordinate = kInvalidCoordinate;
-  double altitude = 0;           ///< metres above the ellipsoid
+  double altitude = 0;           ///< metres above the ellipsoid; 0 when it is not known
   double verticalAccuracy = -1;  ///< of the altitude, metres; negative when it is not known
 
-  /// The place as the ephemeris sees it: on the ellipsoid while the altitude is not
-  /// known.
+  ZVLocation() = default;
+  /// At an altitude that is not known.
+  explicit ZVLocation(const Coordinate& theCoordinate) : coordinate(theCoordinate) {}
+  ZVLocation(const Coordinate& theCoordinate, double theAltitude, double theAccuracy = 1)
+      : coordinate(theCoordinate), altitude(theAltitude), verticalAccuracy(theAccuracy) {}
+  /// That of an observer of the ephemeris, whose altitude is taken to be known.
+  explicit ZVLocation(const PtPosition& position)
+      : ZVLocation({position.latitude(), position.longitude()}, position.altitude()) {}
+
+  bool isAltitudeKnown() const { return verticalAccuracy >= 0; }
+
+  /// The place as the ephemeris sees it: on the ellipsoid while the altitude is not known.
   PtPosition getPtPosition() const {
-    return {coordinate.latitude, coordinate.longitude, verticalAccuracy < 0 ? 0.0 : altitude};
+    return {coordinate.latitude, coordinate.longitude, isAltitudeKnown() ? altitude : 0.0};
   }
 
   friend bool operator==(const ZVLocation&, const ZVLocation&) = default;
 };
-
-/// The place of a pin; an altitude of unknown accuracy counts as right to a metre.
-inline ZVLocation locationOfPin(const PinLocation& pin) {
-  if (!pin.isAltitudeValid()) return {.coordinate = pin.coordinate};
-  return {.coordinate = pin.coordinate,
-          .altitude = static_cast<double>(pin.totalAltitude()),
-          .verticalAccuracy = pin.altitudeAccuracy > 0 ? pin.altitudeAccuracy : 1.0};
-}
 
 }  // namespace zenivo

@@ -3,20 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "foundation/KeyedArchive.h"
+
 namespace zenivo {
-namespace {
-
-double realForKey(const PropertyList& archive, std::string_view key, double absent) {
-  const PropertyList* value = archive.valueForKey(key);
-  return value != nullptr ? value->real().value_or(absent) : absent;
+ZVObserver::ZVObserver(const ZVLocation& location) : PinLocation(location.coordinate) {
+  if (!location.isAltitudeKnown()) return;
+  altitude = static_cast<float>(location.altitude);
+  altitudeAccuracy = kAltitudeSetManually;
 }
-
-float floatForKey(const PropertyList& archive, std::string_view key, float absent) {
-  const double value = realForKey(archive, key, absent);
-  return std::abs(value) <= std::numeric_limits<float>::max() ? static_cast<float>(value) : absent;
-}
-
-}  // namespace
 
 bool ZVObserver::isAltitudeAtHorizonValid() const {
   return altitudeAtHorizon != kNoAltitudeAtHorizon && altitudeAtHorizon != kUnknownAltitude &&
@@ -52,26 +46,24 @@ PropertyList ZVObserver::archive() const {
 }
 
 std::optional<ZVObserver> ZVObserver::fromArchive(const PropertyList& archive) {
-  ZVObserver observer(Coordinate{
-      realForKey(archive, "latitude", kInvalidCoordinate.latitude),
-      realForKey(archive, "longitude", kInvalidCoordinate.longitude),
-  });
-  if (!isValid(observer.coordinate)) return std::nullopt;
-  observer.altitude = floatForKey(archive, "altitude", observer.altitude);
-  observer.altitudeOffset = floatForKey(archive, "altitudeOffset", observer.altitudeOffset);
-  if (const PropertyList* accuracy = archive.valueForKey("altitudeAccuracy")) {
-    constexpr std::numeric_limits<std::int32_t> kRange;
-    observer.altitudeAccuracy = static_cast<std::int32_t>(
-        std::clamp<std::int64_t>(accuracy->integer().value_or(0), kRange.min(), kRange.max()));
-  }
-  observer.horizonPosition = {
-      realForKey(archive, "horizonLatitude", kInvalidCoordinate.latitude),
-      realForKey(archive, "horizonLongitude", kInvalidCoordinate.longitude),
+  const KeyedUnarchiver coder(archive);
+  const auto coordinate = [&coder](std::string_view latitude, std::string_view longitude) {
+    return Coordinate{coder.decodeDouble(latitude, kInvalidCoordinate.latitude),
+                      coder.decodeDouble(longitude, kInvalidCoordinate.longitude)};
   };
-  observer.altitudeAtHorizon =
-      floatForKey(archive, "altitudeAtHorizon", observer.altitudeAtHorizon);
-  if (const PropertyList* adjust = archive.valueForKey("adjustForHeightAboveHorizon")) {
-    observer.adjustForHeightAboveHorizon = adjust->boolean().value_or(false);
+  ZVObserver observer(coordinate("latitude", "longitude"));
+  if (!isValid(observer.coordinate)) return std::nullopt;
+  observer.altitude = coder.decodeFloat("altitude", observer.altitude);
+  observer.altitudeOffset = coder.decodeFloat("altitudeOffset", observer.altitudeOffset);
+  if (coder.containsValueForKey("altitudeAccuracy")) {
+    constexpr std::numeric_limits<std::int32_t> kRange;
+    observer.altitudeAccuracy = static_cast<std::int32_t>(std::clamp<std::int64_t>(
+        coder.decodeInteger("altitudeAccuracy"), kRange.min(), kRange.max()));
+  }
+  observer.horizonPosition = coordinate("horizonLatitude", "horizonLongitude");
+  observer.altitudeAtHorizon = coder.decodeFloat("altitudeAtHorizon", observer.altitudeAtHorizon);
+  if (coder.containsValueForKey("adjustForHeightAboveHorizon")) {
+    observer.adjustForHeightAboveHorizon = coder.decodeBool("adjustForHeightAboveHorizon");
   }
   return observer;
 }

@@ -8,6 +8,7 @@
 #include "engine/PtPosition.h"
 #include "foundation/PropertyList.h"
 #include "place/PinLocation.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 
@@ -19,6 +20,8 @@ inline constexpr float kNoAltitudeAtHorizon = std::numeric_limits<float>::min();
 class ZVObserver : public PinLocation {
  public:
   using PinLocation::PinLocation;
+  /// A pin set there by hand.
+  explicit ZVObserver(const ZVLocation& location);
 
   Coordinate horizonPosition = kInvalidCoordinate;
   float altitudeAtHorizon = kNoAltitudeAtHorizon;  ///< metres above the ellipsoid

@@ -11,8 +11,9 @@ void BodyInfoEvent::sortEvents() {
   std::ranges::stable_sort(subevents, {}, &BodyInfoEvent::mjd);
 }
 
-std::string BodyInfoEvent::timeString() const {
-  return drawEventAtMjd(mjd) ? timeStringFromDate(dateFromModifiedJulianDay(mjd)) : std::string();
+std::string BodyInfoEvent::timeString(const TimeZone& zone) const {
+  if (!drawEventAtMjd(mjd)) return {};
+  return DateFormatter("%H:%M", zone).stringFromDate(dateFromModifiedJulianDay(mjd));
 }
 
 double BodyInfoEvent::mjdForSubeventAtPoint(double x, double y) const {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/LightBands.h"
+#include "foundation/TimeZone.h"
 #include "time/Mjd.h"
 
 namespace zenivo {
@@ -37,8 +38,8 @@ struct BodyInfoEvent {
   /// The subevents in time order.
   void sortEvents();
 
-  /// The local time of a real event, empty for a sentinel.
-  std::string timeString() const;
+  /// The time of day of a real event in a zone, empty for a sentinel.
+  std::string timeString(const TimeZone& zone) const;
 
   /// The moment of the subevent whose frame holds the point; kNotThisDay when none
   /// does.

@@ -14,13 +14,10 @@ constexpr int kStepsPerHour = 3;
 constexpr double kStepsPerDay = 72;
 constexpr double kTolerance = 1e-6;  // days, far above the rounding of midnights
 
-std::string labelAt(double mjd) {
-  return timeStringFromDate(dateFromModifiedJulianDay(mjd));
-}
-
 class PathBuilder {
  public:
-  PathBuilder(ephemeris::PtPlanet& body, double deltaT) : body_(body), deltaT_(deltaT) {}
+  PathBuilder(ephemeris::PtPlanet& body, double deltaT, const TimeZone& zone)
+      : body_(body), deltaT_(deltaT), clock_("%H:%M", zone) {}
 
   void addRise(double mjd, double azimuth, bool breakPath) {
     BodyPathItem item = itemOnHorizon(mjd, azimuth);
@@ -51,12 +48,16 @@ class PathBuilder {
   BodyPath takePath() { return std::move(path_); }
 
  private:
-  static BodyPathItem itemOnHorizon(double mjd, double azimuth) {
+  std::string labelAt(double mjd) const {
+    return clock_.stringFromDate(dateFromModifiedJulianDay(mjd));
+  }
+  BodyPathItem itemOnHorizon(double mjd, double azimuth) const {
     return {.azimuth = azimuth * kDegree, .mjd = mjd, .label = labelAt(mjd)};
   }
 
   ephemeris::PtPlanet& body_;
   double deltaT_;
+  DateFormatter clock_;
   BodyPath path_;
 };
 
@@ -67,17 +68,19 @@ int stepsUpTo(double from, double to) {
 
 /// Samples after a rise: the first at most a step after it, on the grid of the next
 /// whole hour, up to `last`.
-void addSamplesAfterRise(PathBuilder& builder, double mjdRise, double last) {
+void addSamplesAfterRise(PathBuilder& builder, double mjdRise, double last,
+                         const Calendar& calendar) {
   const double mainHour =
-      modifiedJulianDay(nextMainHour(dateFromModifiedJulianDay(mjdRise), cachedCalendar()));
+      modifiedJulianDay(nextMainHour(dateFromModifiedJulianDay(mjdRise), calendar));
   builder.addSamples(mainHour, stepsUpTo(mainHour, mjdRise) + 1, stepsUpTo(mainHour, last));
 }
 
 /// Samples from the start of the day up to a set, on the grid of the whole hour
 /// before it.
-void addSamplesBeforeSet(PathBuilder& builder, double mjdAt0, double mjdSet) {
+void addSamplesBeforeSet(PathBuilder& builder, double mjdAt0, double mjdSet,
+                         const Calendar& calendar) {
   const double mainHour =
-      modifiedJulianDay(previousMainHour(dateFromModifiedJulianDay(mjdSet), cachedCalendar()));
+      modifiedJulianDay(previousMainHour(dateFromModifiedJulianDay(mjdSet), calendar));
   builder.addSamples(mainHour, -stepsUpTo(mjdAt0 - kTolerance, mainHour),
                      stepsUpTo(mainHour, mjdSet));
 }
@@ -85,29 +88,30 @@ void addSamplesBeforeSet(PathBuilder& builder, double mjdAt0, double mjdSet) {
 }  // namespace
 
 std::optional<BodyPath> positionPerHourForBody(ephemeris::PtPlanet& body, const LocalDay& day,
-                                               const CelestialBodyEvent& event) {
-  const double midnight = day.dayAfter(1, cachedCalendar()).mjdAt0 + kTolerance;
+                                               const CelestialBodyEvent& event,
+                                               const Calendar& calendar) {
+  const double midnight = day.dayAfter(1, calendar).mjdAt0 + kTolerance;
   const double rise = event.mjdRise();
   const double set = event.mjdSet();
   const bool rises = drawEventAtMjd(rise);
   const bool sets = drawEventAtMjd(set);
   if (rise == kAlwaysBelow) return std::nullopt;
 
-  PathBuilder builder(body, day.deltaT);
+  PathBuilder builder(body, day.deltaT, calendar.timeZone());
   if (!rises && !sets) {
     builder.addSamples(day.mjdAt0, 0, stepsUpTo(day.mjdAt0, midnight));
   } else if (rises && sets && rise < set) {
     builder.addRise(rise, event.riseAzimuth, false);
-    addSamplesAfterRise(builder, rise, set);
+    addSamplesAfterRise(builder, rise, set, calendar);
     builder.addSet(set, event.setAzimuth);
   } else {
     if (sets) {
-      addSamplesBeforeSet(builder, day.mjdAt0, set);
+      addSamplesBeforeSet(builder, day.mjdAt0, set, calendar);
       builder.addSet(set, event.setAzimuth);
     }
     if (rises) {
       builder.addRise(rise, event.riseAzimuth, sets);
-      addSamplesAfterRise(builder, rise, midnight);
+      addSamplesAfterRise(builder, rise, midnight, calendar);
     }
   }
   return builder.takePath();

@@ -17,11 +17,12 @@ double azimuthAt(PtPlanet& body, double mjd, double deltaT) {
   return body.horizontal().azimuth_;
 }
 
-bool isSupermoon(ephemeris::PtMoon& moon, const PtMoonPhaseWithDate& phase) {
+bool isSupermoon(ephemeris::PtMoon& moon, const PtMoonPhaseWithDate& phase,
+                 const Calendar& calendar) {
   if (phase.phase != kFullMoon) return false;
   moon.computePosition(true, getMjd(phase.date), getDeltaT(phase.date));
   return isFullMoonDateASupermoonDay(dateWithPtDateTime(phase.date), moon.horizontal().distance_,
-                                     cachedCalendar());
+                                     calendar);
 }
 
 }  // namespace
@@ -36,8 +37,7 @@ void searchRiseTransitSet(CelestialBodyEvent& event, PtPlanet& body, const Local
   event.setAzimuth = azimuthAt(body, riseSet.set, day.deltaT);
 }
 
-SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day) {
-  const Calendar calendar = cachedCalendar();
+SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day, const Calendar& calendar) {
   const Twilights t =
       calculateTwilightsForMjd(day.mjdAt0, day.deltaT, dayValue(day.date, calendar), sun, calendar);
   SunEvent event;
@@ -55,13 +55,13 @@ SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day) {
 }
 
 MoonEvent moonEventOfDay(ephemeris::PtMoon& moon, const LocalDay& day,
-                         const PtMoonPhaseWithDate* phase) {
+                         const PtMoonPhaseWithDate* phase, const Calendar& calendar) {
   MoonEvent event;
   searchRiseTransitSet(event, moon, day);
   if (phase != nullptr) {
     event.phase = phase->phase;
     event.mjdPhase = getMjd(phase->date);
-    event.isSupermoon = isSupermoon(moon, *phase);
+    event.isSupermoon = isSupermoon(moon, *phase, calendar);
   }
   return event;
 }

@@ -20,10 +20,10 @@ void searchRiseTransitSet(CelestialBodyEvent& event, ephemeris::PtPlanet& body,
 /// The Sun's rise, transit and set, twilights and light hours, without path and
 /// lines.  Events lie in the 24 hours from midnight on, also on a day of 23 or 25
 /// hours; a transit may lie a little before.
-SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day);
+SunEvent sunEventOfDay(ephemeris::PtSun& sun, const LocalDay& day, const Calendar& calendar);
 
 /// The same for the Moon.  `phase` is the principal phase of the day, nullptr for none.
 MoonEvent moonEventOfDay(ephemeris::PtMoon& moon, const LocalDay& day,
-                         const PtMoonPhaseWithDate* phase);
+                         const PtMoonPhaseWithDate* phase, const Calendar& calendar);
 
 }  // namespace zenivo

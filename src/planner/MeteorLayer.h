@@ -10,6 +10,7 @@
 #include "engine/PtPosition.h"
 #include "engine/PtStar.h"
 #include "foundation/Date.h"
+#include "foundation/TimeZone.h"
 
 namespace zenivo {
 
@@ -20,7 +21,7 @@ class MeteorLayer {
 
   /// The place has changed, or the zone, or the moment.
   virtual void updateLocation(const PtPosition& observer) = 0;
-  virtual void timeZoneUpdated() = 0;
+  virtual void timeZoneUpdated(const TimeZone& zone) = 0;
   virtual void updateMeteorShowerInfo(Date currentDate) = 0;
 
   /// Works out the shower's activity in a year.
@@ -35,8 +36,8 @@ class MeteorLayer {
   virtual std::optional<ephemeris::PtStar> radiant(double mjd) = 0;
 };
 
-/// Makes the layer of a shower, by its number, at a session's moment.
-using MakeMeteorLayer =
-    std::function<std::unique_ptr<MeteorLayer>(std::int64_t showerId, Date currentDate)>;
+/// Makes the layer of a shower, by its number, at a session's moment and in its zone.
+using MakeMeteorLayer = std::function<std::unique_ptr<MeteorLayer>(
+    std::int64_t showerId, Date currentDate, const TimeZone& zone)>;
 
 }  // namespace zenivo

@@ -5,27 +5,18 @@
 #include "time/DateEphemeris.h"
 
 namespace zenivo {
-namespace {
 
-ZVLocation locationOf(const PtPosition& observer) {
-  return {.coordinate = {observer.latitude(), observer.longitude()},
-          .altitude = observer.altitude(),
-          .verticalAccuracy = 1};
-}
-
-}  // namespace
-
-MeteorShowerLayer::MeteorShowerLayer(std::int64_t showerId, Date currentDate,
+MeteorShowerLayer::MeteorShowerLayer(std::int64_t showerId, Date currentDate, const TimeZone& zone,
                                      MeteorShowerManager::Cache cache)
     : showerId_(showerId),
-      manager_({currentDate, std::nullopt}, showerId, true, std::move(cache)) {}
+      manager_({currentDate, std::nullopt, zone}, showerId, true, std::move(cache)) {}
 
 void MeteorShowerLayer::updateLocation(const PtPosition& observer) {
-  manager_.updateLocation(locationOf(observer));
+  manager_.updateLocation(ZVLocation(observer));
 }
 
-void MeteorShowerLayer::timeZoneUpdated() {
-  manager_.timeZoneUpdated();
+void MeteorShowerLayer::timeZoneUpdated(const TimeZone& zone) {
+  manager_.timeZoneUpdated(zone);
 }
 
 void MeteorShowerLayer::updateMeteorShowerInfo(Date currentDate) {
@@ -52,8 +43,8 @@ std::optional<ephemeris::PtStar> MeteorShowerLayer::radiant(double mjd) {
 }
 
 MakeMeteorLayer makeMeteorShowerLayers(MeteorShowerManager::Cache cache) {
-  return [cache = std::move(cache)](std::int64_t showerId, Date currentDate) {
-    return std::make_unique<MeteorShowerLayer>(showerId, currentDate, cache);
+  return [cache = std::move(cache)](std::int64_t showerId, Date currentDate, const TimeZone& zone) {
+    return std::make_unique<MeteorShowerLayer>(showerId, currentDate, zone, cache);
   };
 }
 

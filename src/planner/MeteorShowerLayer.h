@@ -14,10 +14,11 @@ namespace zenivo {
 class MeteorShowerLayer : public MeteorLayer {
  public:
   /// Peaks are taken from the cache, and put into it, where one is given.
-  MeteorShowerLayer(std::int64_t showerId, Date currentDate, MeteorShowerManager::Cache cache);
+  MeteorShowerLayer(std::int64_t showerId, Date currentDate, const TimeZone& zone,
+                    MeteorShowerManager::Cache cache);
 
   void updateLocation(const PtPosition& observer) override;
-  void timeZoneUpdated() override;
+  void timeZoneUpdated(const TimeZone& zone) override;
   void updateMeteorShowerInfo(Date currentDate) override;
   void calculateMeteorShowerActivitesForYear(std::int64_t year) override;
   double realPeakMjd() const override;

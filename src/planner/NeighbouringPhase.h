@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "engine/MoonPhases.h"
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 
 namespace zenivo {
@@ -14,6 +15,7 @@ namespace zenivo {
 /// that kind, and one of the moment's own local day is passed over.  Nullopt only in
 /// years that the series of the phases does not reach.
 std::optional<PtMoonPhaseWithDate> neighbouringPhase(Date date, bool forward,
+                                                     const Calendar& calendar,
                                                      std::int32_t phase = kNoMoonPhase);
 
 }  // namespace zenivo

@@ -10,10 +10,10 @@ namespace zenivo {
 namespace {
 
 std::optional<BodyPath> pathOfDay(ephemeris::PtPlanet& body, const PlannerBodyLayerState& layer,
-                                  const CelestialBodyEvent& event) {
+                                  const CelestialBodyEvent& event, const Calendar& calendar) {
   if (layer.mode == 0) return std::nullopt;
   const LocalDay day(Date::withTimeIntervalSinceReferenceDate(event.date));
-  return positionPerHourForBody(body, day, event);
+  return positionPerHourForBody(body, day, event, calendar);
 }
 
 template <class Event>
@@ -31,8 +31,8 @@ void shiftRightArray(std::vector<Event>& events) {
 }  // namespace
 
 void PlannerManager::recalculateRiseSetValuesNewDate(Date newDate, std::optional<Date> oldDate) {
-  const LocalDay today(newDate), yesterday = today.dayAfter(-1, cachedCalendar()),
-                                 tomorrow = today.dayAfter(1, cachedCalendar());
+  const LocalDay today(newDate), yesterday = today.dayAfter(-1, calendar_),
+                                 tomorrow = today.dayAfter(1, calendar_);
   const bool hasEvents = oldDate && !sunEvents_.empty();
   if (hasEvents && *oldDate == newDate) return;
   // A day may be so short that a change of less than 24 hours leaps over it.
@@ -71,19 +71,19 @@ void PlannerManager::calculateRiseSetForDate(const LocalDay& day, std::size_t fo
   const auto phase = phaseOfDay(day);
   SunEvent& sunEvent = sunEvents_[forEvent];
   MoonEvent& moonEvent = moonEvents_[forEvent];
-  sunEvent = sunEventOfDay(*sun_, day);
-  sunEvent.positionsPerHour = pathOfDay(*sun_, mapSettings_.sunLayer, sunEvent);
-  moonEvent = moonEventOfDay(*moon_, day, phase ? &*phase : nullptr);
-  moonEvent.positionsPerHour = pathOfDay(*moon_, mapSettings_.moonLayer, moonEvent);
+  sunEvent = sunEventOfDay(*sun_, day, calendar_);
+  sunEvent.positionsPerHour = pathOfDay(*sun_, mapSettings_.sunLayer, sunEvent, calendar_);
+  moonEvent = moonEventOfDay(*moon_, day, phase ? &*phase : nullptr, calendar_);
+  moonEvent.positionsPerHour = pathOfDay(*moon_, mapSettings_.moonLayer, moonEvent, calendar_);
   recreateRiseSetLines(forEvent);
 }
 
 void PlannerManager::refreshBodyPaths() {
   for (SunEvent& event : sunEvents_) {
-    event.positionsPerHour = pathOfDay(*sun_, mapSettings_.sunLayer, event);
+    event.positionsPerHour = pathOfDay(*sun_, mapSettings_.sunLayer, event, calendar_);
   }
   for (MoonEvent& event : moonEvents_) {
-    event.positionsPerHour = pathOfDay(*moon_, mapSettings_.moonLayer, event);
+    event.positionsPerHour = pathOfDay(*moon_, mapSettings_.moonLayer, event, calendar_);
   }
 }
 
@@ -106,25 +106,24 @@ void PlannerManager::sortEvents() {
 }
 
 void PlannerManager::recalculateMonthPhases() {
-  moonMonthStart_ = startOfMonthOfDate(currentDate_, cachedCalendar());
+  moonMonthStart_ = startOfMonthOfDate(currentDate_, calendar_);
   moonMonthPhases_ = phasesFromDate(moonMonthStart_);
 }
 
 const PtMoonPhaseWithDate* PlannerManager::getPhaseForDay(int day, int ofMonth) const {
-  return phaseForDayOfMonth(moonMonthPhases_, day, ofMonth, cachedCalendar());
+  return phaseForDayOfMonth(moonMonthPhases_, day, ofMonth, calendar_);
 }
 
 std::optional<PtMoonPhaseWithDate> PlannerManager::phaseOfDay(const LocalDay& day) const {
   // The list of the month in which the day before lies holds the day's phase also
   // where rounding carries a phase over the midnight between two months.
-  const PtDateTime start =
-      startOfMonthOfDate(day.dayAfter(-1, cachedCalendar()).date, cachedCalendar());
+  const PtDateTime start = startOfMonthOfDate(day.dayAfter(-1, calendar_).date, calendar_);
   const bool isListed = start == moonMonthStart_ && !moonMonthPhases_.empty();
   const std::vector<PtMoonPhaseWithDate> otherMonth =
       isListed ? std::vector<PtMoonPhaseWithDate>() : phasesFromDate(start);
-  const PtMoonPhaseWithDate* phase = phaseForDayOfMonth(
-      isListed ? moonMonthPhases_ : otherMonth, dayValue(day.date, cachedCalendar()),
-      monthValue(day.date, cachedCalendar()), cachedCalendar());
+  const PtMoonPhaseWithDate* phase =
+      phaseForDayOfMonth(isListed ? moonMonthPhases_ : otherMonth, dayValue(day.date, calendar_),
+                         monthValue(day.date, calendar_), calendar_);
   return phase != nullptr ? std::optional(*phase) : std::nullopt;
 }
 

@@ -24,7 +24,7 @@ void PlannerManager::jumpToPreviousNewMoonAtTheEndOfAstronomicalTwilight() {
 
 std::optional<Date> PlannerManager::getPhaseNextOrPrevious(bool forward,
                                                            std::int32_t withPhase) const {
-  const auto phase = neighbouringPhase(currentDate_, forward, withPhase);
+  const auto phase = neighbouringPhase(currentDate_, forward, calendar_, withPhase);
   if (!phase) return std::nullopt;
   return dateWithPtDateTime(phase->date);
 }

@@ -17,7 +17,7 @@ std::unique_ptr<Body> givenOrNew(std::unique_ptr<Body> given) {
   return given;
 }
 
-/// The zone of everything that reads or writes local times.
+/// For those who read and write local times by the zone of the process.
 void setProcessTimeZone(const TimeZone& zone) {
   TimeZone::setDefaultTimeZone(zone);
   setCachedCalendarTimeZone(zone);
@@ -33,7 +33,7 @@ PlannerManager::PlannerManager(UserDefaults& userDefaults, PlannerSides sides)
       milkyWay_(givenOrNew(std::move(sides.milkyWay))),
       azimuthManager_(std::move(sides.azimuthManager)),
       makeMeteorLayer_(std::move(sides.meteors)),
-      currentTimeZone_(cachedCalendar().timeZone()) {
+      calendar_(cachedCalendar()) {
   isFirstLaunch_ = !userDefaults.objectForKey(settings::planner_observer);
   refreshBodies();
   const auto savedDate = userDefaults.objectForKey(settings::planner_date);
@@ -57,7 +57,7 @@ void PlannerManager::saveSate() const {
   defaults.setObject(currentDate_, settings::planner_date);
   defaults.setBool(shouldReloadTimeZone_, settings::planner_reload_timezone);
   defaults.setBool(autoDetectTimeZone_, settings::planner_autotimezone);
-  defaults.setObject(currentTimeZone_.name(), settings::planner_timezone);
+  defaults.setObject(currentTimeZone().name(), settings::planner_timezone);
   defaults.synchronize();
 }
 
@@ -75,13 +75,12 @@ void PlannerManager::setCurrentDate(Date date, bool refreshOnlyDate) {
   if (date == currentDate_ && !sunEvents_.empty() && hasPositions) return;
   const Date oldDate = std::exchange(currentDate_, date);
   resetMjdEclipseEvent();
-  if (monthValue(oldDate, cachedCalendar()) != monthValue(date, cachedCalendar()) ||
-      yearValue(oldDate, cachedCalendar()) != yearValue(date, cachedCalendar())) {
+  if (monthValue(oldDate, calendar_) != monthValue(date, calendar_) ||
+      yearValue(oldDate, calendar_) != yearValue(date, calendar_)) {
     recalculateMonthPhases();
   }
   if (std::abs(date.timeIntervalSinceDate(oldDate)) >= kSecondsPerDay) resetEventArrays();
-  if (sunEvents_.empty() || !isDateSameDayAsDate(oldDate, date, cachedCalendar()))
-    changeDay(oldDate);
+  if (sunEvents_.empty() || !isDateSameDayAsDate(oldDate, date, calendar_)) changeDay(oldDate);
   if (meteorLayer_) meteorLayer_->updateMeteorShowerInfo(date);
   if (!refreshOnlyDate) calculatePositionsForDate(date);
   recalculateMilkyWayDataIfNeededWithOldDate(oldDate, date);
@@ -90,8 +89,8 @@ void PlannerManager::setCurrentDate(Date date, bool refreshOnlyDate) {
 void PlannerManager::changeDay(Date oldDate) {
   const bool wasEmpty = sunEvents_.empty();
   const bool updatesNight = shouldUpdateNightDataWithOldDate(oldDate, currentDate_);
-  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_, cachedCalendar()),
-                                  dateWithStartDateTime(oldDate, cachedCalendar()));
+  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_, calendar_),
+                                  dateWithStartDateTime(oldDate, calendar_));
   updateMilkyWayThreshold();
   sortEvents();
   notify(&PlannerManagerDelegate::refreshRiseSetData);
@@ -108,8 +107,7 @@ void PlannerManager::setCurrentPosition(const Coordinate& position, bool updateA
     moveObserver(position, resetHorizonIfNecessary);
   }
   resetEventArrays();
-  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_, cachedCalendar()),
-                                  std::nullopt);
+  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_, calendar_), std::nullopt);
   calculatePositionsForDate(currentDate_);
   updateMeteorShowerLocation();
   updateMilkyWayThreshold();
@@ -174,7 +172,7 @@ void PlannerManager::setCurrentTimeZone(const TimeZone& zone) {
 }
 
 void PlannerManager::adoptTimeZone(const TimeZone& zone) {
-  currentTimeZone_ = zone;
+  calendar_.setTimeZone(zone);
   setProcessTimeZone(zone);
 }
 
@@ -185,14 +183,13 @@ void PlannerManager::restoreTimeZone() const {
 void PlannerManager::timeZoneChanged() {
   resetEventArrays();
   if (!observer_) return;
-  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_, cachedCalendar()),
-                                  std::nullopt);
+  recalculateRiseSetValuesNewDate(dateWithStartDateTime(currentDate_, calendar_), std::nullopt);
   if (positionsDate_ == currentDate_) updatePhaseOfToday();
   updateMilkyWayThreshold();
   recalculateNightData();
   sortEvents();
   updateEclipseData();
-  if (meteorLayer_) meteorLayer_->timeZoneUpdated();
+  if (meteorLayer_) meteorLayer_->timeZoneUpdated(calendar_.timeZone());
   notify(&PlannerManagerDelegate::refreshRiseSetData);
   notify(&PlannerManagerDelegate::refreshMilkyWayVisibilityData);
 }

@@ -17,6 +17,7 @@
 #include "engine/PtMilkyWay.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
+#include "foundation/Calendar.h"
 #include "foundation/Date.h"
 #include "foundation/TimeZone.h"
 #include "map/layers/MapSettings.h"
@@ -54,8 +55,9 @@ struct PlannerSides {
 /// position of each body inside the local day, one day of searches across a
 /// midnight, and three for a day or more, another place or another zone.
 ///
-/// The zone is process-wide (cachedCalendar and the shared formatters), so the session
-/// that set it last rules.  Belongs to the main thread.
+/// Its zone is its own: sessions in different zones do not disturb one another.  The zone
+/// of the process follows the session that set its own last, for those who read
+/// cachedCalendar and the shared formatters.  Belongs to the main thread.
 class PlannerManager : public MapManager {
  public:
   /// Reads place, moment and zone from the settings; without a moment it is now, and
@@ -184,8 +186,10 @@ class PlannerManager : public MapManager {
 
   // The time zone.
 
-  const TimeZone& currentTimeZone() const { return currentTimeZone_; }
-  /// Makes it the zone of the process, too, and computes the local days anew.
+  const TimeZone& currentTimeZone() const { return calendar_.timeZone(); }
+  /// The calendar by which the session reckons its days and months.
+  const Calendar& calendar() const { return calendar_; }
+  /// Computes the local days anew, and makes it the zone of the process, too.
   void setCurrentTimeZone(const TimeZone& zone);
   /// Gives the process its system zone back; computes nothing.
   void restoreTimeZone() const;
@@ -326,7 +330,7 @@ class PlannerManager : public MapManager {
   std::weak_ptr<PlannerManagerDelegate> delegate_;
 
   Date currentDate_;
-  TimeZone currentTimeZone_;
+  Calendar calendar_;
   bool autoDetectTimeZone_ = false;
   bool shouldReloadTimeZone_ = false;
   bool updateAltitude_ = false;

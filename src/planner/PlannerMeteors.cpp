@@ -14,7 +14,7 @@ void PlannerManager::enableMeteorShower(std::int64_t showerId, const std::string
   layer.selectedMeteorShowerName = name;
   layer.selectedYear = forYear;
   if (!makeMeteorLayer_) return;
-  meteorLayer_ = makeMeteorLayer_(showerId, currentDate_);
+  meteorLayer_ = makeMeteorLayer_(showerId, currentDate_, calendar_.timeZone());
   meteorLayer_->updateLocation(sun_->getPosition());
   meteorLayer_->calculateMeteorShowerActivitesForYear(forYear);
   meteorLayer_->updateMeteorShowerInfo(currentDate_);
@@ -39,12 +39,12 @@ void PlannerManager::updateMeteorShowerLocation() {
 void PlannerManager::updateMeteorShowerPositionsPerHour() {
   meteorShowerPositionsPerHour_.reset();
   if (!meteorLayer_) return;
-  const LocalDay day = LocalDay::of(currentDate_, cachedCalendar());
+  const LocalDay day = LocalDay::of(currentDate_, calendar_);
   std::optional<ephemeris::PtStar> radiant = meteorLayer_->radiant(day.mjdAt0);
   if (!radiant) return;
   CelestialBodyEvent event;
   searchRiseTransitSet(event, *radiant, day);
-  meteorShowerPositionsPerHour_ = positionPerHourForBody(*radiant, day, event);
+  meteorShowerPositionsPerHour_ = positionPerHourForBody(*radiant, day, event, calendar_);
 }
 
 }  // namespace zenivo

@@ -7,7 +7,7 @@
 namespace zenivo {
 
 void PlannerManager::updateMilkyWayThreshold() {
-  mwDateThreshold_ = dateWithStartDateTime(currentDate_, cachedCalendar());
+  mwDateThreshold_ = dateWithStartDateTime(currentDate_, calendar_);
   if (sunEvents_.empty()) return;
   const SunEvent& today = sunEvents_[kToday];
   // In a zone far from the place's own a whole night may lie within the day.  What comes

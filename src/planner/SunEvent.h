@@ -58,13 +58,13 @@ class SunEvent : public CelestialBodyEvent {
   /// has begun before the day or goes on after it.
   std::vector<TwilightEvent> spansForLightType(LightType lightType) const;
 
-  /// The same to print.
-  TwilightIntervals twilightIntervalForLightType(LightType lightType) const;
-  TwilightIntervals civilTwilightIntervals() const;
-  TwilightIntervals nauticalTwilightIntervals() const;
-  TwilightIntervals astronomicalTwilightIntervals() const;
-  TwilightIntervals blueHourIntervals() const;
-  TwilightIntervals goldenHourIntervals() const;
+  /// The same to print, on the clock of a zone.
+  TwilightIntervals twilightIntervalForLightType(LightType lightType, const TimeZone& zone) const;
+  TwilightIntervals civilTwilightIntervals(const TimeZone& zone) const;
+  TwilightIntervals nauticalTwilightIntervals(const TimeZone& zone) const;
+  TwilightIntervals astronomicalTwilightIntervals(const TimeZone& zone) const;
+  TwilightIntervals blueHourIntervals(const TimeZone& zone) const;
+  TwilightIntervals goldenHourIntervals(const TimeZone& zone) const;
 
   /// The day's changes of light in time order, each under the name of the light
   /// that ends.

@@ -11,8 +11,8 @@ namespace {
 
 constexpr double kOpen = 0.0;  // a limit that lies outside of the day
 
-std::string limitString(double mjd) {
-  return mjd == kOpen ? "..." : timeStringFromDate(dateFromModifiedJulianDay(mjd));
+std::string limitString(double mjd, const DateFormatter& clock) {
+  return mjd == kOpen ? "..." : clock.stringFromDate(dateFromModifiedJulianDay(mjd));
 }
 
 double openUnlessReal(double mjd) {
@@ -24,14 +24,16 @@ double firstLimit(const TwilightEvent& span) {
   return drawEventAtMjd(span.mjdEnd()) ? span.mjdEnd() : kAlwaysBelow;
 }
 
-std::string stringForSpan(const TwilightEvent& span) {
-  return stringForIntervalMjdStart(openUnlessReal(span.mjdStart()), openUnlessReal(span.mjdEnd()));
+std::string stringForSpan(const TwilightEvent& span, const TimeZone& zone) {
+  return stringForIntervalMjdStart(openUnlessReal(span.mjdStart()), openUnlessReal(span.mjdEnd()),
+                                   zone);
 }
 
 }  // namespace
 
-std::string stringForIntervalMjdStart(double mjdStart, double mjdEnd) {
-  return limitString(mjdStart) + " - " + limitString(mjdEnd);
+std::string stringForIntervalMjdStart(double mjdStart, double mjdEnd, const TimeZone& zone) {
+  const DateFormatter clock("%H:%M", zone);
+  return limitString(mjdStart, clock) + " - " + limitString(mjdEnd, clock);
 }
 
 std::vector<TwilightEvent> SunEvent::spansForLightType(LightType lightType) const {
@@ -51,41 +53,42 @@ std::vector<TwilightEvent> SunEvent::spansForLightType(LightType lightType) cons
   return spans;
 }
 
-TwilightIntervals SunEvent::twilightIntervalForLightType(LightType lightType) const {
+TwilightIntervals SunEvent::twilightIntervalForLightType(LightType lightType,
+                                                         const TimeZone& zone) const {
   const std::vector<TwilightEvent> spans = spansForLightType(lightType);
   TwilightIntervals intervals;
   if (spans.empty()) return intervals;
   intervals.mjdFirstInterval = firstLimit(spans[0]);
-  intervals.firstInterval = stringForSpan(spans[0]);
+  intervals.firstInterval = stringForSpan(spans[0], zone);
   if (spans.size() == 2) {
     intervals.mjdSecondInterval = firstLimit(spans[1]);
-    intervals.secondInterval = stringForSpan(spans[1]);
+    intervals.secondInterval = stringForSpan(spans[1], zone);
   } else {
     for (std::size_t i = 1; i < spans.size(); ++i) {
-      intervals.firstInterval += " | " + stringForSpan(spans[i]);
+      intervals.firstInterval += " | " + stringForSpan(spans[i], zone);
     }
   }
   return intervals;
 }
 
-TwilightIntervals SunEvent::civilTwilightIntervals() const {
-  return twilightIntervalForLightType(LightType::civil);
+TwilightIntervals SunEvent::civilTwilightIntervals(const TimeZone& zone) const {
+  return twilightIntervalForLightType(LightType::civil, zone);
 }
 
-TwilightIntervals SunEvent::nauticalTwilightIntervals() const {
-  return twilightIntervalForLightType(LightType::nautical);
+TwilightIntervals SunEvent::nauticalTwilightIntervals(const TimeZone& zone) const {
+  return twilightIntervalForLightType(LightType::nautical, zone);
 }
 
-TwilightIntervals SunEvent::astronomicalTwilightIntervals() const {
-  return twilightIntervalForLightType(LightType::astronomical);
+TwilightIntervals SunEvent::astronomicalTwilightIntervals(const TimeZone& zone) const {
+  return twilightIntervalForLightType(LightType::astronomical, zone);
 }
 
-TwilightIntervals SunEvent::blueHourIntervals() const {
-  return twilightIntervalForLightType(LightType::blueHour);
+TwilightIntervals SunEvent::blueHourIntervals(const TimeZone& zone) const {
+  return twilightIntervalForLightType(LightType::blueHour, zone);
 }
 
-TwilightIntervals SunEvent::goldenHourIntervals() const {
-  return twilightIntervalForLightType(LightType::goldenHour);
+TwilightIntervals SunEvent::goldenHourIntervals(const TimeZone& zone) const {
+  return twilightIntervalForLightType(LightType::goldenHour, zone);
 }
 
 }  // namespace zenivo

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "foundation/TimeZone.h"
 #include "time/Mjd.h"
 
 namespace zenivo {
@@ -18,8 +19,8 @@ struct TwilightIntervals {
   std::string secondInterval;
 };
 
-/// "05:12 - 05:47" on the observer's clock.  0.0 as start or end opens the span to
+/// "05:12 - 05:47" on the clock of a zone.  0.0 as start or end opens the span to
 /// the begin or the end of the day, printed as "...".
-std::string stringForIntervalMjdStart(double mjdStart, double mjdEnd);
+std::string stringForIntervalMjdStart(double mjdStart, double mjdEnd, const TimeZone& zone);
 
 }  // namespace zenivo

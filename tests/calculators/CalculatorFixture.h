@@ -8,7 +8,8 @@
 
 #include "calculators/camera/ApertureManager.h"
 #include "calculators/camera/CameraStore.h"
-#include "calculators/camera/DistanceUnitsManager.h"
+#include "calculators/camera/DistanceUnits.h"
+#include "foundation/Error.h"
 #include "foundation/UserDefaults.h"
 
 namespace zenivo {
@@ -45,7 +46,7 @@ class MemoryCameraStore : public CameraStore {
     });
   }
 
-  bool saveCustomCamera(const CustomCameraRecord& camera, std::string* error) override {
+  bool saveCustomCamera(const CustomCameraRecord& camera, Error* error) override {
     if (isBroken) return report(error);
     const auto found =
         std::ranges::find(custom, camera.uniqueIdentifier, &CustomCameraRecord::uniqueIdentifier);
@@ -58,7 +59,7 @@ class MemoryCameraStore : public CameraStore {
     return true;
   }
 
-  bool deleteCustomCamera(std::string_view uniqueIdentifier, std::string* error) override {
+  bool deleteCustomCamera(std::string_view uniqueIdentifier, Error* error) override {
     if (isBroken) return report(error);
     std::erase_if(custom,
                   [&](const auto& camera) { return camera.uniqueIdentifier == uniqueIdentifier; });
@@ -70,10 +71,7 @@ class MemoryCameraStore : public CameraStore {
   bool isBroken = false;
 
  private:
-  static bool report(std::string* error) {
-    if (error != nullptr) *error = "disk full";
-    return false;
-  }
+  static bool report(Error* error) { return fail(error, {.description = "disk full"}); }
 
   int made_ = 0;
 };

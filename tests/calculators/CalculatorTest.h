@@ -9,7 +9,7 @@
 
 #include "app/settings/RegisteredDefaults.h"
 #include "app/settings/SettingsKeys.h"
-#include "calculators/CalculatorEnvironment.h"
+#include "calculators/CameraCalculator.h"
 #include "calculators/CalculatorFixture.h"
 #include "calculators/camera/CameraChooser.h"
 

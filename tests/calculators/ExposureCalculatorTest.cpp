@@ -11,10 +11,10 @@
 namespace zenivo {
 namespace {
 
-using enum ExposureField;
-
 class ExposureCalculators : public CalculatorTest {
  protected:
+  using enum ExposureField;
+
   ExposureCalculators() { calculator.load(); }
 
   const Exposure& equivalent() const { return calculator.equivalentExposureModel(); }
@@ -25,8 +25,7 @@ class ExposureCalculators : public CalculatorTest {
 TEST_F(ExposureCalculators, TenStopsTakeAThousandTimesTheTime) {
   EXPECT_FALSE(calculator.setFilter(10, 0));
   EXPECT_NEAR(equivalent().shutterSpeed(), 0.008 * 1024, 1e-4);
-  EXPECT_EQ(calculator.results()[0].text, "8s");
-  EXPECT_EQ(calculator.results()[2].text, "+3");
+  EXPECT_NEAR(equivalent().ev(), 13 - 10, 0.05);
 }
 
 TEST_F(ExposureCalculators, TheTestShotTellsTheLight) {
@@ -83,18 +82,6 @@ TEST_F(ExposureCalculators, RowsOfTheTableReplaceTheTestShot) {
   EXPECT_NEAR(equivalent().shutterSpeed(), 1 / 512.0, 1e-6);
   EXPECT_FALSE(calculator.setAperture(testAperture, apertures.apertureForStop(16)));
   EXPECT_TRUE(calculator.usedTestModel());
-}
-
-TEST_F(ExposureCalculators, SettingsComeBack) {
-  EXPECT_FALSE(calculator.setFilter(6, 0.5F));
-  EXPECT_FALSE(calculator.setAperture(testAperture, apertures.apertureForStop(11)));
-  calculator.setFreeVariable(iso);
-  calculator.save();
-  ExposureCalculator again(environment());
-  again.load();
-  EXPECT_EQ(again.freeVariable(), iso);
-  EXPECT_EQ(again.testExposureModel().aperture(), apertures.apertureForStop(11));
-  EXPECT_EQ(again.equivalentExposureModel().filterValue(), 6.5F);
 }
 
 TEST(ExposureValues, TextsAreReadAsMeans) {

@@ -8,8 +8,8 @@
 #include <set>
 #include <sstream>
 
-#include "calculators/ExposureValues.h"
-#include "calculators/TimelapseIntervals.h"
+#include "calculators/ExposureCalculator.h"
+#include "calculators/TimelapseCalculator.h"
 #include "foundation/Bundle.h"
 #include "foundation/PropertyList.h"
 
@@ -31,15 +31,17 @@ std::set<std::string> keysOfTable(const std::string& table) {
 std::set<std::string> keysInSources() {
   std::set<std::string> keys;
   const std::regex quoted("\"([a-z0-9]+(_[a-z0-9]+)+)\"");
-  for (const auto& entry :
-       std::filesystem::recursive_directory_iterator(ZENIVO_SOURCE_DIR "/calculators")) {
-    if (!entry.is_regular_file()) continue;
-    std::stringstream text;
-    text << std::ifstream(entry.path()).rdbuf();
-    const std::string source = text.str();
-    for (std::sregex_iterator match(source.begin(), source.end(), quoted), end; match != end;
-         ++match) {
-      keys.insert((*match)[1]);
+  for (const char* folder : {"/calculators", "/answers/calculators", "/commands/calculators"}) {
+    for (const auto& entry :
+         std::filesystem::recursive_directory_iterator(ZENIVO_SOURCE_DIR + std::string(folder))) {
+      if (!entry.is_regular_file()) continue;
+      std::stringstream text;
+      text << std::ifstream(entry.path()).rdbuf();
+      const std::string source = text.str();
+      for (std::sregex_iterator match(source.begin(), source.end(), quoted), end; match != end;
+           ++match) {
+        keys.insert((*match)[1]);
+      }
     }
   }
   return keys;

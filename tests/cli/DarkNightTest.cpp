@@ -12,7 +12,7 @@ namespace {
 
 Scene sceneAt(double latitude, double longitude, const char* zone) {
   Scene scene;
-  scene.location = {.latitude = latitude, .longitude = longitude};
+  scene.location = ZVLocation(Coordinate{latitude, longitude});
   scene.zone = TimeZone::timeZoneWithName(zone).value();
   return scene;
 }
@@ -29,8 +29,8 @@ TEST(DarkNight, MoonlessSpansAddUpToTheMoonlessHours) {
   const Scene scene = sceneAt(45, 7, "Europe/Rome");
   Session session(scene, noonOf(scene, 2026, 1, 1));
   PlannerManager& planner = session.planner();
-  ephemeris::PtSun sun(observerOf(scene.location));
-  ephemeris::PtMoon moon(observerOf(scene.location));
+  ephemeris::PtSun sun(scene.location.getPtPosition());
+  ephemeris::PtMoon moon(scene.location.getPtPosition());
   for (int day = 1; day <= 365; ++day) {
     const Date noon = noonOf(scene, 2026, 1, day);
     planner.setCurrentDate(noon);
@@ -55,7 +55,7 @@ TEST(DarkNight, NoDarknessInSummerAndDarkNoonsInPolarNight) {
 TEST(DarkNight, HoldsEveryDarkMidnight) {
   const Scene scene = sceneAt(86, 0, "UTC");
   Session session(scene, noonOf(scene, 2026, 1, 1));
-  ephemeris::PtSun sun(observerOf(scene.location));
+  ephemeris::PtSun sun(scene.location.getPtPosition());
   int dark = 0;
   for (int day = 1; day <= 365; ++day) {
     session.planner().setCurrentDate(noonOf(scene, 2026, 1, day));

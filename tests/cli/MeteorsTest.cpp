@@ -239,7 +239,7 @@ TEST(Meteors, JsonKeys) {
 TEST(Meteors, ACalendarEndsWhenTold) {
   MeteorQuestion question;
   question.scene.emplace();
-  question.scene->location = {.latitude = 28.27, .longitude = -16.64, .altitude = 2390};
+  question.scene->location = {Coordinate{28.27, -16.64}, 2390};
   question.moment = Date::now();
   setCachedCalendarTimeZone(question.zone);
   const auto never = [](double) { return false; };

@@ -30,10 +30,10 @@ TEST(LocalizedString, AMissingTableIsReportedOnce) {
 TEST(LocalizedString, TablesAreSortedListsOfTexts) {
   int tables = 0;
   for (const auto& entry : std::filesystem::directory_iterator(resourcePath("en.lproj"))) {
-    std::string error;
+    Error error;
     const auto xml = readFile(entry.path(), kPropertyListMaximumBytes, &error);
     const auto table = parsePropertyList(xml.value_or(""), &error);
-    ASSERT_TRUE(table && table->dictionary()) << entry.path() << ": " << error;
+    ASSERT_TRUE(table && table->dictionary()) << entry.path() << ": " << error.description;
     EXPECT_EQ(xml, formatPropertyList(*table)) << entry.path();
     for (const auto& [key, text] : *table->dictionary()) {
       EXPECT_FALSE(text.string().value_or("").empty()) << entry.path() << ": " << key;

@@ -154,10 +154,10 @@ TEST(PropertyList, RefusesWithTheLineAndTheReason) {
       {"<array>", "line 4: Start-end tags mismatch"},
       {"<string>\xFF</string>", "line 3: not UTF-8, or a character that XML does not allow"},
   };
-  std::string error;
+  Error error;
   for (const auto& [body, expected] : cases) {
     EXPECT_FALSE(parsePropertyList(plist(body), &error)) << body;
-    EXPECT_EQ(error, expected) << body;
+    EXPECT_EQ(error.description, expected) << body;
   }
   const std::pair<const char*, std::vector<std::string>> texts[] = {
       {"integer", {"1.5", "9223372036854775808", "", "+-1"}},
@@ -170,7 +170,7 @@ TEST(PropertyList, RefusesWithTheLineAndTheReason) {
     const std::string tag = std::string("<") + type + ">";
     for (const std::string& text : contents) {
       EXPECT_FALSE(parsePropertyList(plist(tag + text + "</" + type + ">"), &error)) << text;
-      EXPECT_EQ(error, "line 3: not the text of a " + tag) << text;
+      EXPECT_EQ(error.description, "line 3: not the text of a " + tag) << text;
     }
   }
 }
@@ -184,9 +184,9 @@ TEST(PropertyList, RefusesDocumentsThatAreNone) {
        // Entities of its own, as in the "billion laughs" and in reading local files.
        "<!DOCTYPE plist [<!ENTITY a \"aa\"><!ENTITY b \"&a;&a;\">]><plist><string>&b;</string></plist>"s,
        "<!DOCTYPE plist [<!ENTITY a SYSTEM \"file:///etc/passwd\">]><plist><string>&a;</string></plist>"s}) {
-    std::string error;
+    Error error;
     EXPECT_FALSE(parsePropertyList(document, &error)) << document;
-    EXPECT_TRUE(error.starts_with("line ")) << error;
+    EXPECT_TRUE(error.description.starts_with("line ")) << error.description;
   }
 }
 
@@ -251,12 +251,13 @@ TEST(PropertyList, NumbersConvertAmongThemselves) {
 
 TEST(PropertyList, FilesKeepTheirOldContentWhenWritingFails) {
   const TemporaryFolder folder;
-  std::string error;
+  Error error;
   EXPECT_FALSE(writePropertyListFile(folder / "missing/a.plist", 1, &error));
-  EXPECT_NE(error.find("missing/a.plist: No such file"), std::string::npos) << error;
+  EXPECT_NE(error.description.find("missing/a.plist: No such file"), std::string::npos)
+      << error.description;
   EXPECT_FALSE(readPropertyListFile(folder / "a.plist", &error));
   EXPECT_FALSE(readPropertyListFile(folder.path(), &error));
-  EXPECT_NE(error.find("not a regular file"), std::string::npos) << error;
+  EXPECT_NE(error.description.find("not a regular file"), std::string::npos) << error.description;
 
   // A folder in the file's place cannot be replaced, and no temporary file stays.
   std::filesystem::create_directories(folder / "a.plist/inside");
@@ -265,8 +266,10 @@ TEST(PropertyList, FilesKeepTheirOldContentWhenWritingFails) {
 
   ASSERT_TRUE(writeFileAtomically(folder / "b.plist", "<plist>\n<flase/></plist>"));
   EXPECT_FALSE(readPropertyListFile(folder / "b.plist", &error));
-  EXPECT_NE(error.find("b.plist: line 2: <flase>"), std::string::npos) << error;
-  ASSERT_TRUE(writePropertyListFile(folder / "b.plist", Array{1, "two"}, &error)) << error;
+  EXPECT_NE(error.description.find("b.plist: line 2: <flase>"), std::string::npos)
+      << error.description;
+  ASSERT_TRUE(writePropertyListFile(folder / "b.plist", Array{1, "two"}, &error))
+      << error.description;
   EXPECT_EQ(readPropertyListFile(folder / "b.plist"), PropertyList(Array{1, "two"}));
   EXPECT_FALSE(readFile(folder / "b.plist", 10, &error));
 }

@@ -170,10 +170,10 @@ TEST(UserDefaults, AKilledProcessLeavesACompleteFile) {
     while (::read(pipe[0], &told, sizeof told) == sizeof told) continue;
     ::close(pipe[0]);
 
-    std::string error;
+    Error error;
     const auto content = readPropertyListFile(file, &error);
     if (!content && told == 0 && !std::filesystem::exists(file)) continue;
-    ASSERT_TRUE(content) << error;
+    ASSERT_TRUE(content) << error.description;
     const auto count = content->valueForKey("count")->integer().value();
     EXPECT_EQ(content->valueForKey("padding")->string()->size(),
               static_cast<std::size_t>(count) * 100);
@@ -232,9 +232,9 @@ TEST(UserDefaults, WhatAReadOnlyFolderRefusesIsStoredLater) {
   std::filesystem::permissions(folder.path(), static_cast<perms>(0555));
   const uid_t user = ::geteuid();
   ASSERT_EQ(::seteuid(user == 0 ? 65534 : user), 0);  // root may write anywhere
-  std::string error;
+  Error error;
   EXPECT_FALSE(defaults.synchronize(&error));
-  EXPECT_NE(error.find("Permission denied"), std::string::npos) << error;
+  EXPECT_NE(error.description.find("Permission denied"), std::string::npos) << error.description;
   EXPECT_EQ(defaults.integerForKey("a"), 1);
   ASSERT_EQ(::seteuid(user), 0);
   std::filesystem::permissions(folder.path(), perms::owner_all);

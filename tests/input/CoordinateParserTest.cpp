@@ -47,9 +47,9 @@ TEST(CoordinateParser, ReadsEveryWayOfWritingAPlace) {
   };
   for (const Case& c : cases) {
     EXPECT_TRUE(looksLikeCoordinates(c.text)) << c.text;
-    const Location location = parseCoordinates(c.text);
-    EXPECT_NEAR(location.latitude, c.latitude, 1e-12) << c.text;
-    EXPECT_NEAR(location.longitude, c.longitude, 1e-12) << c.text;
+    const ZVLocation location = parseCoordinates(c.text);
+    EXPECT_NEAR(location.coordinate.latitude, c.latitude, 1e-12) << c.text;
+    EXPECT_NEAR(location.coordinate.longitude, c.longitude, 1e-12) << c.text;
     EXPECT_EQ(location.altitude, c.altitude) << c.text;
   }
 }
@@ -83,8 +83,9 @@ TEST(CoordinateParser, RefusesWithTheReason) {
   };
   for (const Case& c : cases) {
     try {
-      const Location location = parseCoordinates(c.text);
-      ADD_FAILURE() << c.text << " read as " << location.latitude << "," << location.longitude;
+      const ZVLocation location = parseCoordinates(c.text);
+      ADD_FAILURE() << c.text << " read as " << location.coordinate.latitude << ","
+                    << location.coordinate.longitude;
     } catch (const InputError& error) {
       EXPECT_THAT(error.what(), testing::HasSubstr(c.reason)) << c.text;
     }
@@ -112,10 +113,10 @@ TEST(CoordinateParser, SurvivesAnyText) {
     for (int n = length(random); n > 0; --n) text += pieces[piece(random)];
     looksLikeCoordinates(text);
     try {
-      const Location location = parseCoordinates(text);
+      const ZVLocation location = parseCoordinates(text);
       ++read;
-      EXPECT_LE(std::abs(location.latitude), 90) << text;
-      EXPECT_LE(std::abs(location.longitude), 180) << text;
+      EXPECT_LE(std::abs(location.coordinate.latitude), 90) << text;
+      EXPECT_LE(std::abs(location.coordinate.longitude), 180) << text;
     } catch (const InputError& error) {
       EXPECT_THAT(error.what(), testing::Not(testing::HasSubstr("\n"))) << text;
     }

@@ -116,7 +116,7 @@ TEST_F(Places, NearestZones) {
   };
   for (const Case& c : cases) {
     const ZoneGuess guess =
-        nearestZone(geoNames(), {.latitude = c.latitude, .longitude = c.longitude});
+        nearestZone(geoNames(), ZVLocation(Coordinate{c.latitude, c.longitude}));
     EXPECT_EQ(guess.name, c.zone) << c.where;
     EXPECT_THAT(guess.origin, testing::HasSubstr(c.origin)) << c.where;
     EXPECT_TRUE(TimeZone::timeZoneWithName(guess.name)) << c.where;

@@ -69,15 +69,15 @@ TEST(NightWindow, OfAMoment) {
   }
 }
 
-MeteorDays daysAt(const ZVLocation& place, Date date) {
+MeteorDays daysAt(const ZVLocation& place, Date date, const Calendar& calendar) {
   ephemeris::PtSun sun(place.getPtPosition());
   ephemeris::PtMoon moon(place.getPtPosition());
   MeteorDays days;
   for (int i = 0; i < 3; ++i) {
     MeteorDayInfoData& info = days[static_cast<std::size_t>(i)];
-    info.mjdStart = mjdAtLocalMidnight(date, i - 1);
-    info.mjdEnd = mjdAtLocalMidnight(date, i);
-    calculateTwilightAndNightIntervals(info, sun, moon);
+    info.mjdStart = mjdAtLocalMidnight(date, i - 1, calendar);
+    info.mjdEnd = mjdAtLocalMidnight(date, i, calendar);
+    calculateTwilightAndNightIntervals(info, sun, moon, calendar);
     calculateMoonElevations(info, moon);
   }
   return days;
@@ -96,16 +96,15 @@ TEST(NightWindow, NeverReachesIntoDaylight) {
       {"Atlantic/Canary", kTeide},
   };
   for (const auto& [name, place] : cases) {
-    const LocalZone zone(name);
+    const Calendar calendar(zoneNamed(name));
     ephemeris::PtSun sun(place.getPtPosition());
     const auto sunAt = [&](double mjd) {
       sun.computePosition(true, mjd, 0.0008);
       return sun.horizontal().elevation_;
     };
     for (int n = 0; n < 365; n += 3) {
-      const Date date =
-          dateByAddingNumberOfDays(firstDayOfYear(2026, cachedCalendar()), n, cachedCalendar());
-      const MeteorDays days = daysAt(place, date);
+      const Date date = dateByAddingNumberOfDays(firstDayOfYear(2026, calendar), n, calendar);
+      const MeteorDays days = daysAt(place, date, calendar);
       for (const double hour : {0.0, 5.0, 12.5, 24.0}) {
         const double mjd = days[Today].mjdStart + hour / 24.0;
         const MjdRateWindow window = calculateMjdRateStart(mjd, days);
@@ -121,10 +120,10 @@ TEST(NightWindow, NeverReachesIntoDaylight) {
 }
 
 TEST(DayInfo, IntervalsAndCurves) {
-  const LocalZone zone("Europe/Berlin");
+  const Calendar calendar(zoneNamed("Europe/Berlin"));
   // 2026-03-29: the clock leaves out an hour.
-  const Date date = cachedCalendar().dateFromComponents({2026, 3, 29, 12, 0, 0});
-  const MeteorDayInfoData info = daysAt(placeAt(52.5, 13.4), date)[Today];
+  const Date date = calendar.dateFromComponents({2026, 3, 29, 12, 0, 0});
+  const MeteorDayInfoData info = daysAt(placeAt(52.5, 13.4), date, calendar)[Today];
   EXPECT_NEAR(info.mjdEnd - info.mjdStart, 23.0 / 24.0, 1e-9);
   ASSERT_EQ(info.elevationsAndRates.size(), 145U);
   EXPECT_EQ(info.elevationsAndRates.front().mjd, info.mjdStart);
@@ -136,9 +135,9 @@ TEST(DayInfo, IntervalsAndCurves) {
   EXPECT_LT(info.nightIntervals[0].mjdTo, info.mjdSunRise);
   EXPECT_GT(info.nightIntervals[1].mjdFrom, info.mjdSunSet);
 
-  const auto at = [](double latitude, int month) {
-    const Date day = cachedCalendar().dateFromComponents({2026, month, 21, 12, 0, 0});
-    return daysAt(placeAt(latitude, 13.4), day)[Today];
+  const auto at = [&](double latitude, int month) {
+    const Date day = calendar.dateFromComponents({2026, month, 21, 12, 0, 0});
+    return daysAt(placeAt(latitude, 13.4), day, calendar)[Today];
   };
   // White nights: no astronomical dark, and the galactic centre is not seen.
   const MeteorDayInfoData white = at(54.0, 6);
@@ -156,12 +155,11 @@ TEST(DayInfo, IntervalsAndCurves) {
 // Reykjavik's clock sets the Sun after midnight around the solstice, and in July twice in
 // one day once.  The second sunset belongs to that day's evening.
 TEST(DayInfo, TwoSunsetsInOneDay) {
-  const LocalZone zone("Atlantic/Reykjavik");
+  const Calendar calendar(zoneNamed("Atlantic/Reykjavik"));
   int found = 0;
   for (int n = 150; n < 220; ++n) {
-    const Date date =
-        dateByAddingNumberOfDays(firstDayOfYear(2026, cachedCalendar()), n, cachedCalendar());
-    const MeteorDays days = daysAt(placeAt(64.13, -21.9), date);
+    const Date date = dateByAddingNumberOfDays(firstDayOfYear(2026, calendar), n, calendar);
+    const MeteorDays days = daysAt(placeAt(64.13, -21.9), date, calendar);
     const MeteorDayInfoData& today = days[Today];
     if (today.mjdSunSet2 == kAlwaysBelow) continue;
     ++found;

@@ -38,30 +38,31 @@ class MeteorShowerCacheTest : public testing::Test {
 
   void writeFile(const std::string& content) const { std::ofstream(cache.file()) << content; }
 
+  const PeakPlace teide{kTeide.coordinate, "Atlantic/Canary"};
   TemporaryFolder folder;
   MeteorShowers catalogue{kTeide};
   MeteorShowerCache cache{"meteorPeaks", folder.path()};
 };
 
 TEST_F(MeteorShowerCacheTest, ComesBackFromItsFile) {
-  cache.setLocation(kTeide);
-  cache.cacheMeteorShower(perseids(), 2026, period(2026));
-  cache.cacheMeteorShower(perseids(), 2027, period(2027));
+  cache.setPlace(teide);
+  cache.cacheMeteorShower(perseids(), 2026, period(2026), teide);
+  cache.cacheMeteorShower(perseids(), 2027, period(2027), teide);
   ASSERT_TRUE(cache.save());
 
   MeteorShowerCache other("meteorPeaks", folder.path());
   other.load();
   EXPECT_EQ(other.cacheData(), cache.cacheData());
   EXPECT_EQ(other.accessedYears(), (std::vector<std::int64_t>{2026, 2027}));
-  EXPECT_EQ(other.activityPeriodForMeteorShower(perseids(), 2026), period(2026));
-  EXPECT_FALSE(other.setLocation(kTeide));
+  EXPECT_EQ(other.activityPeriodForMeteorShower(perseids(), 2026, teide), period(2026));
+  EXPECT_FALSE(other.setPlace(teide));
   other.setCacheEnabled(false);
-  EXPECT_FALSE(other.activityPeriodForMeteorShower(perseids(), 2026));
+  EXPECT_FALSE(other.activityPeriodForMeteorShower(perseids(), 2026, teide));
 }
 
 TEST_F(MeteorShowerCacheTest, ABrokenFileIsReplaced) {
-  cache.setLocation(kTeide);
-  cache.cacheMeteorShower(perseids(), 2026, period(2026));
+  cache.setPlace(teide);
+  cache.cacheMeteorShower(perseids(), 2026, period(2026), teide);
   ASSERT_TRUE(cache.save());
   const std::string good = readFile(cache.file(), 1U << 20U).value();
   const auto replaced = [&](const std::string& from, const std::string& to) {
@@ -75,8 +76,8 @@ TEST_F(MeteorShowerCacheTest, ABrokenFileIsReplaced) {
     MeteorShowerCache other("meteorPeaks", folder.path());
     other.load();
     EXPECT_EQ(other.cacheData(), CacheData());
-    EXPECT_TRUE(other.setLocation(kTeide));
-    other.cacheMeteorShower(perseids(), 2026, period(2026));
+    EXPECT_TRUE(other.setPlace(teide));
+    other.cacheMeteorShower(perseids(), 2026, period(2026), teide);
     EXPECT_TRUE(other.save());
     EXPECT_EQ(readFile(cache.file(), 1U << 20U), good);
   }
@@ -86,7 +87,7 @@ TEST_F(MeteorShowerCacheTest, ABrokenFileIsReplaced) {
         replaced("MeteorShowerActivityPeriod", "Period"), replaced(">7<", ">seven<")}) {
     writeFile(spoiled);
     cache.load();
-    EXPECT_FALSE(cache.activityPeriodForMeteorShower(perseids(), 2026)) << spoiled;
+    EXPECT_FALSE(cache.activityPeriodForMeteorShower(perseids(), 2026, teide)) << spoiled;
   }
 }
 
@@ -100,33 +101,52 @@ TEST_F(MeteorShowerCacheTest, AFolderThatCannotBeMade) {
 
 // A degree of the meridian is 111.3 km on the sphere.
 TEST_F(MeteorShowerCacheTest, MovesUpToTenKilometresKeepIt) {
-  const auto north = [](double kilometres) { return placeAt(28.27 + kilometres / 111.32, -16.64); };
-  EXPECT_TRUE(cache.setLocation(kTeide));
-  cache.cacheMeteorShower(perseids(), 2026, period(2026));
-  EXPECT_FALSE(cache.setLocation(north(9)));
-  EXPECT_EQ(cache.cacheData().cachedLocation, kTeide.coordinate);
-  EXPECT_TRUE(cache.activityPeriodForMeteorShower(perseids(), 2026));
-  EXPECT_TRUE(cache.setLocation(north(11)));
+  const auto north = [this](double kilometres) {
+    return PeakPlace{{28.27 + kilometres / 111.32, -16.64}, teide.zone};
+  };
+  EXPECT_TRUE(cache.setPlace(teide));
+  cache.cacheMeteorShower(perseids(), 2026, period(2026), teide);
+  EXPECT_FALSE(cache.setPlace(north(9)));
+  EXPECT_EQ(cache.cacheData().place, teide);
+  EXPECT_TRUE(cache.activityPeriodForMeteorShower(perseids(), 2026, teide));
+  EXPECT_TRUE(cache.setPlace(north(11)));
   EXPECT_TRUE(cache.cacheData().activityPeriods.empty() && cache.accessedYears().empty());
-  EXPECT_EQ(cache.cacheData().cachedLocation, north(11).coordinate);
-  EXPECT_TRUE(cache.setLocation(std::nullopt));
-  EXPECT_TRUE(cache.setLocation(std::nullopt));  // nowhere is near nowhere
+  EXPECT_EQ(cache.cacheData().place, north(11));
+  EXPECT_TRUE(cache.setPlace({}));
+  EXPECT_TRUE(cache.setPlace({}));  // nowhere is near nowhere
+}
+
+// Midnight in Tokyo parts other nights than on the Canaries, and another one may be best.
+TEST_F(MeteorShowerCacheTest, HoldsForOneZone) {
+  const PeakPlace inTokyo{teide.coordinate, "Asia/Tokyo"};
+  cache.setPlace(teide);
+  cache.cacheMeteorShower(perseids(), 2026, period(2026), inTokyo);
+  EXPECT_FALSE(cache.activityPeriodForMeteorShower(perseids(), 2026, teide));
+  cache.cacheMeteorShower(perseids(), 2026, period(2026), teide);
+  EXPECT_FALSE(cache.activityPeriodForMeteorShower(perseids(), 2026, inTokyo));
+  ASSERT_TRUE(cache.save());
+  MeteorShowerCache other("meteorPeaks", folder.path());
+  other.load();
+  EXPECT_TRUE(other.activityPeriodForMeteorShower(perseids(), 2026, teide));
+  EXPECT_TRUE(other.setPlace(inTokyo));
+  EXPECT_TRUE(other.cacheData().activityPeriods.empty());
 }
 
 TEST_F(MeteorShowerCacheTest, TheYearNotAccessedForLongestGoes) {
   using Years = std::vector<std::int64_t>;
-  cache.cacheMeteorShower(perseids(), 1990, period(1990, 0));  // no real peak: ignored
+  cache.setPlace(teide);
+  cache.cacheMeteorShower(perseids(), 1990, period(1990, 0), teide);  // no real peak: ignored
   EXPECT_TRUE(cache.accessedYears().empty());
-  const std::int64_t now = yearValue(Date::now(), cachedCalendar());
+  const std::int64_t now = yearValue(Date::now(), Calendar(TimeZone::systemTimeZone()));
   for (const std::int64_t year :
        {now, now + 1, Years::value_type{1901}, Years::value_type{1902}, Years::value_type{1903},
         Years::value_type{1904}, Years::value_type{1905}}) {
-    cache.cacheMeteorShower(perseids(), year, period(year));
+    cache.cacheMeteorShower(perseids(), year, period(year), teide);
   }
   EXPECT_EQ(cache.cacheData().activityPeriods.size(), 7U);
-  EXPECT_TRUE(cache.activityPeriodForMeteorShower(perseids(), 1901));
-  EXPECT_FALSE(cache.activityPeriodForMeteorShower(showerWithCode(catalogue, "LEO"), 1902));
-  cache.cacheMeteorShower(perseids(), 1906, period(1906));
+  EXPECT_TRUE(cache.activityPeriodForMeteorShower(perseids(), 1901, teide));
+  EXPECT_FALSE(cache.activityPeriodForMeteorShower(showerWithCode(catalogue, "LEO"), 1902, teide));
+  cache.cacheMeteorShower(perseids(), 1906, period(1906), teide);
   // 1903 was accessed before 1901 and 1902; this year and the next stay, however old.
   EXPECT_EQ(cache.accessedYears(), (Years{1906, 1902, 1901, 1905, 1904, now + 1, now}));
   EXPECT_FALSE(cache.cacheData().activityPeriods.contains(1903));
@@ -134,18 +154,18 @@ TEST_F(MeteorShowerCacheTest, TheYearNotAccessedForLongestGoes) {
 
 // Peaks come in from the background while the screen reads them.
 TEST_F(MeteorShowerCacheTest, IsSafeToShare) {
-  cache.setLocation(kTeide);
+  cache.setPlace(teide);
   MeteorShower& shower = perseids();
   std::thread writer([&] {
     for (std::int64_t year = 2000; year < 2100; ++year) {
-      cache.cacheMeteorShower(shower, year, period(year));
+      cache.cacheMeteorShower(shower, year, period(year), teide);
       if (year % 25 == 0) cache.save();
     }
   });
   for (std::int64_t i = 0; i < 1000; ++i) {
-    const auto found = cache.activityPeriodForMeteorShower(shower, 2000 + i % 100);
+    const auto found = cache.activityPeriodForMeteorShower(shower, 2000 + i % 100, teide);
     EXPECT_TRUE(!found || found->year == 2000 + i % 100);
-    if (i % 100 == 0) cache.setLocation(placeAt(static_cast<double>(i) / 50.0, 0));
+    if (i % 100 == 0) cache.setPlace({{static_cast<double>(i) / 50.0, 0}, "GMT"});
   }
   writer.join();
   EXPECT_LE(cache.cacheData().activityPeriods.size(), 9U);

@@ -15,7 +15,7 @@ namespace zenivo {
 namespace {
 
 LocationInfoData at(const PtDateTime& moment, const std::optional<ZVLocation>& place = kTeide) {
-  return {dateWithPtDateTime(moment), place};
+  return {dateWithPtDateTime(moment), place, zoneNamed("Atlantic/Canary")};
 }
 
 class Listener : public MeteorShowerManagerDelegate {
@@ -36,7 +36,8 @@ class MeteorShowerManagerTest : public testing::Test {
     mainQueue().runUntil([&] { return listener->finished > 0; });
   }
 
-  LocalZone zone{"Atlantic/Canary"};
+  TimeZone zone = zoneNamed("Atlantic/Canary");
+  Calendar calendar{zone};
   TemporaryFolder folder;
   std::shared_ptr<MeteorShowerCache> cache =
       std::make_shared<MeteorShowerCache>("meteorPeaks", folder.path());
@@ -84,7 +85,7 @@ TEST_F(MeteorShowerManagerTest, JumpsEndWhereANewOneBegins) {
     if (i == 25) mjd += 365.0;
     manager.jumpToMjdDate(mjd);
     manager.calculateRealTimeData();
-    MeteorShowerManager direct({dateFromModifiedJulianDay(mjd, true), kTeide}, nullptr);
+    MeteorShowerManager direct({dateFromModifiedJulianDay(mjd, true), kTeide, zone}, nullptr);
     ASSERT_NEAR(direct.meteorMjdPeakThreshold(), manager.meteorMjdPeakThreshold(), 1e-9) << i;
     ASSERT_EQ(direct.maxPeakInfo().mjd, manager.maxPeakInfo().mjd) << i;
     ASSERT_NEAR(direct.maxPeakInfo().rate, manager.maxPeakInfo().rate, 1e-9) << i;
@@ -159,7 +160,7 @@ TEST_F(MeteorShowerManagerTest, ACalendarOfAYear) {
     listener = std::make_shared<Listener>();
     manager.setDelegate(listener);
     manager.calculateMeteorShowerActivitesForYear(2026, fromFile);
-    EXPECT_EQ(manager.currentDate(), firstDayOfYear(2026, cachedCalendar()));
+    EXPECT_EQ(manager.currentDate(), firstDayOfYear(2026, calendar));
     runUntilFinished();
     EXPECT_EQ(listener->updates, fromFile ? 40 : 0);
     for (const auto& shower : manager.majorShowers()) {
@@ -185,7 +186,7 @@ TEST_F(MeteorShowerManagerTest, OneShowerOnly) {
   }
   MeteorShowerActivityPeriod planted = cache->cacheData().activityPeriods.at(2026).at(4);
   planted.rateAtPeak = 12345;
-  cache->cacheMeteorShower(*manager.meteorShowerWithId(4), 2026, planted);
+  cache->cacheMeteorShower(*manager.meteorShowerWithId(4), 2026, planted, cache->cacheData().place);
   MeteorShowerManager second(at({2026, 12, 1, 12, 0}), 4, false, cache);
   second.calculatePeakForShowerId(4, second.currentDate());
   EXPECT_EQ(second.activityPeriodForMeteorShowerId(4)->rateAtPeak, 12345);
@@ -206,7 +207,7 @@ TEST_F(MeteorShowerManagerTest, PeaksFromTheBackground) {
   EXPECT_TRUE(std::filesystem::exists(cache->file()));
 }
 
-// A job that runs when the place changes delivers nothing for the old one: neither to
+// A job that runs when place or zone change delivers nothing for the old ones: neither to
 // the showers nor to the cache.
 TEST_F(MeteorShowerManagerTest, AMoveSupersedesTheJob) {
   const ZVLocation sydney = placeAt(-33.9, 151.2);
@@ -216,10 +217,12 @@ TEST_F(MeteorShowerManagerTest, AMoveSupersedesTheJob) {
     manager.calculateCurrentLocationShowersPeaks(true);
     mainQueue().runFor(0.005);
     manager.updateLocation(i % 2 == 0 ? sydney : kTeide);
+    manager.calculateCurrentLocationShowersPeaks(true);
+    manager.timeZoneUpdated(i % 2 == 0 ? zone : zoneNamed("Asia/Tokyo"));
   }
   listener->finished = 0;
   runUntilFinished();
-  EXPECT_EQ(cache->cacheData().cachedLocation, sydney.coordinate);
+  EXPECT_EQ(cache->cacheData().place.coordinate, sydney.coordinate);
   const auto untouched = std::make_shared<MeteorShowerCache>("other", folder.path());
   MeteorShowerManager direct(at({2026, 8, 12, 21, 0}, sydney), untouched);
   listener->finished = 0;
@@ -243,7 +246,7 @@ TEST_F(MeteorShowerManagerTest, TheMainThreadGoesOnMeanwhile) {
     manager->calculateRealTimeData();
     manager->selectMeteorShower(manager->activeAndUpcomingShowers().back());
     mainQueue().runFor(0.01);
-    if (i == 5) manager->timeZoneUpdated();
+    if (i == 5) manager->timeZoneUpdated(zoneNamed("Asia/Tokyo"));
   }
   manager->calculateCurrentLocationShowersPeaks(true);
   manager.reset();
@@ -256,8 +259,7 @@ TEST_F(MeteorShowerManagerTest, TheMainThreadGoesOnMeanwhile) {
 TEST_F(MeteorShowerManagerTest, AnotherZoneIsAnotherDay) {
   MeteorShowerManager manager(at({2026, 8, 12, 21, 0}), nullptr);
   const double before = manager.mjdStart();
-  setCachedCalendarTimeZone(TimeZone::timeZoneWithName("Asia/Tokyo").value());
-  manager.timeZoneUpdated();
+  manager.timeZoneUpdated(zoneNamed("Asia/Tokyo"));
   EXPECT_NEAR(manager.mjdStart() - before, 1.0 - 8.0 / 24.0, 1e-9);
   // 06:00 in Tokyo, 22:00 on Teide: the same night.
   EXPECT_EQ(manager.maxPeakInfo().bestMeteorShower->meteorId, 7);

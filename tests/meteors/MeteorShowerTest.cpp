@@ -29,13 +29,9 @@ MeteorShower shower(const MeteorShowerJsonItem& item) {
   return {MeteorShowerFacts(item), kTeide};
 }
 
-Date local(std::int64_t year, int month, int day, int hour, int minute = 0, int second = 0) {
-  return cachedCalendar().dateFromComponents({year, month, day, hour, minute, second});
-}
-
 // The second period is a year after the first.
 TEST(MeteorShowerPeriods, OfAYear) {
-  const LocalZone zone("America/New_York");
+  const Calendar calendar(zoneNamed("America/New_York"));
   struct Case {
     const char* starts;
     const char* ends;
@@ -46,12 +42,14 @@ TEST(MeteorShowerPeriods, OfAYear) {
                         {"28.12", "12.01", 12, 2023, 2024, 2023},
                         {"17.07", "24.08", 8, 2024, 2024, 2024}}) {
     MeteorShower s = shower(item(c.starts, c.ends, c.month, 283.0));
-    s.calculateActivitiesWithYear(2024);
+    s.calculateActivitiesWithYear(2024, calendar);
     ASSERT_EQ(s.activityPeriods.size(), 2U);
     for (int i = 0; i < 2; ++i) {
       const MeteorShowerActivityPeriod& period = s.activityPeriods[static_cast<std::size_t>(i)];
-      EXPECT_EQ(period.startDate, local(c.startYear + i, s.startMonth, s.startDay, 0));
-      EXPECT_EQ(period.endDate, local(c.endYear + i, s.endMonth, s.endDay, 23, 59, 59));
+      EXPECT_EQ(period.startDate,
+                dateIn("America/New_York", c.startYear + i, s.startMonth, s.startDay, 0));
+      EXPECT_EQ(period.endDate,
+                dateIn("America/New_York", c.endYear + i, s.endMonth, s.endDay, 23, 59, 59));
       EXPECT_EQ(period.year, c.peakYear + i) << c.starts << ' ' << c.month;
     }
     EXPECT_NEAR(s.activityPeriods[1].peakMjd - s.activityPeriods[0].peakMjd, 365.256, 0.02);
@@ -70,9 +68,9 @@ TEST(MeteorShowerPeriods, FieldsThatAreNoNumbersAreZero) {
 }
 
 TEST(MeteorShowerPeriods, ThatAMomentConcerns) {
-  const LocalZone zone("Europe/Madrid");
+  const Calendar calendar(zoneNamed("Europe/Madrid"));
   MeteorShower s = shower(item("04.12", "20.12", 12, 262.2));
-  s.calculateActivitiesWithYear(2024);
+  s.calculateActivitiesWithYear(2024, calendar);
   const MeteorShowerActivityPeriod& first = s.activityPeriods[0];
   const MeteorShowerActivityPeriod& second = s.activityPeriods[1];
   const auto after = [](Date date, double seconds) {
@@ -83,13 +81,14 @@ TEST(MeteorShowerPeriods, ThatAMomentConcerns) {
   EXPECT_EQ(s.currentActivityPeriodAtDate(first.startDate), &first);
   EXPECT_EQ(s.currentActivityPeriodAtDate(first.endDate), &first);
   EXPECT_EQ(s.currentActivityPeriodAtDate(after(first.endDate, 1)), nullptr);
-  EXPECT_TRUE(s.isActiveOrNextDayOfEndAtDate(local(2024, 12, 21, 23, 59, 59)));
-  EXPECT_FALSE(s.isActiveOrNextDayOfEndAtDate(local(2024, 12, 22, 0)));
+  EXPECT_TRUE(
+      s.isActiveOrNextDayOfEndAtDate(dateIn("Europe/Madrid", 2024, 12, 21, 23, 59, 59), calendar));
+  EXPECT_FALSE(s.isActiveOrNextDayOfEndAtDate(dateIn("Europe/Madrid", 2024, 12, 22, 0), calendar));
   for (const auto next : {&MeteorShower::closestActivityPeriodToDate,
                           &MeteorShower::currentOrNextActivityPeriodFromDate}) {
     EXPECT_EQ((s.*next)(first.endDate), &first);
     EXPECT_EQ((s.*next)(after(first.endDate, 1)), &second);
-    EXPECT_EQ((s.*next)(local(2026, 1, 1, 0)), nullptr);
+    EXPECT_EQ((s.*next)(dateIn("Europe/Madrid", 2026, 1, 1, 0)), nullptr);
   }
   EXPECT_TRUE(first.isUpcoming(first.startDate));
   EXPECT_FALSE(first.isUpcoming(after(first.startDate, 1)));
@@ -106,7 +105,7 @@ TEST(MeteorShowerPeriods, ThatAMomentConcerns) {
   EXPECT_EQ(s.currentOrNextPeakActivityPeriodFromMjd(first.peakMjd + 0.001), &second);
   EXPECT_EQ(s.activityPeriodForYear(2025), &second);
   EXPECT_FALSE(s.getPeakTimeWithYear(2023));
-  EXPECT_EQ(first.toString(DateFormatter("%e %b", cachedCalendar().timeZone())), " 4 Dec - 20 Dec");
+  EXPECT_EQ(first.toString(DateFormatter("%e %b", calendar.timeZone())), " 4 Dec - 20 Dec");
 }
 
 TEST(MeteorShowerRadiant, DriftsTheShortWayRound) {

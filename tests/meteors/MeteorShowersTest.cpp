@@ -73,7 +73,7 @@ TEST(MeteorShowerList, AMissingOrBrokenFileLeavesEmptyLists) {
   std::ofstream(folder / "long.json") << std::string(kMeteorShowerListMaximumBytes + 1, ' ');
   for (const char* name : {"missing.json", "broken.json", "long.json"}) {
     MeteorShowers catalogue(kTeide, folder / name);
-    catalogue.calculateMeteorShowersActivitiesWithYear(2026);
+    catalogue.calculateMeteorShowersActivitiesWithYear(2026, gmtCachedCalendar());
     catalogue.refreshActiveMeteorShowersForMjd(61264.0);
     EXPECT_TRUE(catalogue.showers().empty() && catalogue.activeShowers().empty()) << name;
   }
@@ -81,10 +81,10 @@ TEST(MeteorShowerList, AMissingOrBrokenFileLeavesEmptyLists) {
 
 // 2026-08-12 20:00 UT.  The Perseids are active and peak first.
 TEST(MeteorShowers, ActiveAndUpcoming) {
-  const LocalZone zone("Atlantic/Canary");
+  const Calendar calendar(zoneNamed("Atlantic/Canary"));
   MeteorShowers catalogue(kTeide);
   const double mjd = 61264.833;
-  catalogue.calculateMeteorShowersActivitiesWithYear(2026);
+  catalogue.calculateMeteorShowersActivitiesWithYear(2026, calendar);
   catalogue.refreshActiveMeteorShowersForMjd(mjd);
   const auto codes = [](const MeteorShowers::List& list) {
     std::string text;
@@ -118,7 +118,7 @@ TEST(MeteorShowers, TheOrderKnowsShowersWithoutPeriods) {
   MeteorShowers catalogue(kTeide);
   const MeteorShower& none = showerWithCode(catalogue, "LYR");
   MeteorShower& some = showerWithCode(catalogue, "GEM");
-  some.calculateActivitiesWithYear(2026);
+  some.calculateActivitiesWithYear(2026, gmtCachedCalendar());
   const Date date = some.activityPeriods[0].startDate.dateByAddingTimeInterval(-1.0);
   EXPECT_FALSE(MeteorShowers::compareShowersWithLhs(none, some, date, 61378.0));
   EXPECT_TRUE(MeteorShowers::compareShowersWithLhs(some, none, date, 61378.0));

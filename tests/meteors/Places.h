@@ -1,4 +1,4 @@
-// Places, zones and showers that the tests share.
+// Places and showers that the tests share.
 
 #pragma once
 
@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "meteors/MeteorShowers.h"
+#include "support/Times.h"
 #include "time/DateEphemeris.h"
 
 namespace zenivo {
@@ -18,17 +19,6 @@ inline ZVLocation placeAt(double latitude, double longitude, double altitude = 0
 }
 
 inline const ZVLocation kTeide = placeAt(28.27, -16.64, 2390, 5);
-
-/// Sets the zone of local days, and takes it back in the end.
-class LocalZone {
- public:
-  explicit LocalZone(std::string_view name) {
-    setCachedCalendarTimeZone(TimeZone::timeZoneWithName(name).value());
-  }
-  LocalZone(const LocalZone&) = delete;
-  LocalZone& operator=(const LocalZone&) = delete;
-  ~LocalZone() { setCachedCalendarTimeZone(TimeZone::defaultTimeZone()); }
-};
 
 inline MeteorShower& showerWithCode(const MeteorShowers& catalogue, std::string_view iau) {
   const auto& list = catalogue.showers();

@@ -24,18 +24,16 @@ class BodyPathTest : public SessionTest {
     std::optional<BodyPath> path;
   };
 
-  static void useZone(const std::string& name) {
-    setCachedCalendarTimeZone(zoneNamed(name));
-    setSharedFormattersTimeZone(zoneNamed(name));
-  }
+  void useZone(const std::string& name) { calendar.setTimeZone(zoneNamed(name)); }
 
   Day moonDay(const PtPosition& place, Date moment) {
     moon.setPosition(place);
-    const LocalDay day(dateWithStartDateTime(moment, cachedCalendar()));
-    const MoonEvent event = moonEventOfDay(moon, day, nullptr);
-    return {day, event, positionPerHourForBody(moon, day, event)};
+    const LocalDay day(dateWithStartDateTime(moment, calendar));
+    const MoonEvent event = moonEventOfDay(moon, day, nullptr, calendar);
+    return {day, event, positionPerHourForBody(moon, day, event, calendar)};
   }
 
+  Calendar calendar{TimeZone()};
   ephemeris::PtMoon moon;
 };
 
@@ -47,7 +45,8 @@ bool setsBeforeRise(const CelestialBodyEvent& event) {
 /// What holds for every path: it covers all the time that the body is up, and see the
 /// messages.
 void checkPath(const BodyPath& path, const CelestialBodyEvent& event, const LocalDay& day,
-               ephemeris::PtPlanet& body) {
+               const Calendar& calendar, ephemeris::PtPlanet& body) {
+  const DateFormatter clock("%H:%M", calendar.timeZone());
   for (std::size_t i = 0; i < path.size(); ++i) {
     const BodyPathItem& item = path[i];
     const bool isEvent = item.isRise || item.isSet;
@@ -55,10 +54,10 @@ void checkPath(const BodyPath& path, const CelestialBodyEvent& event, const Loca
     EXPECT_GE(gap, 0) << "in time order";
     EXPECT_TRUE(item.breakPath || gap <= kStep + 1e-6) << "no more than 20 minutes apart";
     EXPECT_GE(item.mjd, day.mjdAt0 - 1e-6) << "from midnight";
-    const double end = std::max(day.dayAfter(1, cachedCalendar()).mjdAt0 + 1e-6, event.mjdSet());
+    const double end = std::max(day.dayAfter(1, calendar).mjdAt0 + 1e-6, event.mjdSet());
     EXPECT_TRUE(isEvent || item.mjd <= end) << "to midnight";
     EXPECT_EQ(item.breakPath, item.isRise && setsBeforeRise(event)) << "two arcs are not joined";
-    EXPECT_EQ(item.label, timeStringFromDate(dateFromModifiedJulianDay(item.mjd)));
+    EXPECT_EQ(item.label, clock.stringFromDate(dateFromModifiedJulianDay(item.mjd)));
     if (isEvent) {
       EXPECT_EQ(item.mjd, item.isRise ? event.mjdRise() : event.mjdSet());
       EXPECT_EQ(item.azimuth, (item.isRise ? event.riseAzimuth : event.setAzimuth) * kDegree);
@@ -76,7 +75,7 @@ void checkPath(const BodyPath& path, const CelestialBodyEvent& event, const Loca
   EXPECT_EQ(first.isRise, drawEventAtMjd(event.mjdRise()) && !hasGap);
   EXPECT_EQ(last.isSet, drawEventAtMjd(event.mjdSet()) && !hasGap);
   EXPECT_TRUE(first.isRise || std::abs(first.mjd - day.mjdAt0) < 1e-6) << "up at midnight";
-  const double tomorrow = day.dayAfter(1, cachedCalendar()).mjdAt0;
+  const double tomorrow = day.dayAfter(1, calendar).mjdAt0;
   const bool isOddDay = std::abs(tomorrow - day.mjdAt0 - 1) > 1e-6;  // not of 24 hours
   EXPECT_TRUE(last.isSet || isOddDay || std::abs(last.mjd - tomorrow) < 1e-6) << "up to the end";
 }
@@ -100,7 +99,7 @@ TEST_F(BodyPathTest, PathsOfTheMoon) {
         ++noPaths;
         continue;
       }
-      checkPath(*d.path, d.event, d.day, moon);
+      checkPath(*d.path, d.event, d.day, calendar, moon);
       twoArcs += setsBeforeRise(d.event);
       allDay += d.event.mjdRise() == kAlwaysAbove;
     }
@@ -120,8 +119,8 @@ TEST_F(BodyPathTest, SamplesStayBetweenRiseAndSet) {
     for (const double seconds : {-0.05, 0.0, 0.05}) {
       event.setMjdRise(day.mjdAt0 + minutes / 1440);
       event.setMjdSet(event.mjdRise() + 10 * kStep + seconds / 86400);
-      const BodyPath path = positionPerHourForBody(moon, day, event).value();
-      checkPath(path, event, day, moon);
+      const BodyPath path = positionPerHourForBody(moon, day, event, calendar).value();
+      checkPath(path, event, day, calendar, moon);
       EXPECT_GE(path.size(), 11u);
     }
   }

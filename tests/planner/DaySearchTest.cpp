@@ -42,7 +42,7 @@ TEST_F(DaySearchTest, EventsOfRandomPlacesAndDaysLieInTheirDay) {
     sun.setPosition(place);
     moon.setPosition(place);
     const LocalDay day(dateIn("GMT", 1800, 1, 1 + static_cast<int>(random() % 146'000)));
-    const SunEvent sunEvent = sunEventOfDay(sun, day);
+    const SunEvent sunEvent = sunEventOfDay(sun, day, gmtCachedCalendar());
     expectRiseTransitSet(sunEvent, day);
     for (const auto& twilight :
          {sunEvent.civilTwilight, sunEvent.nauticalTwilight, sunEvent.astronomicalTwilight,
@@ -51,7 +51,7 @@ TEST_F(DaySearchTest, EventsOfRandomPlacesAndDaysLieInTheirDay) {
       EXPECT_TRUE(isInDay(twilight.mjdStart(), day.mjdAt0));
       EXPECT_TRUE(isInDay(twilight.mjdEnd(), day.mjdAt0));
     }
-    expectRiseTransitSet(moonEventOfDay(moon, day, nullptr), day);
+    expectRiseTransitSet(moonEventOfDay(moon, day, nullptr, gmtCachedCalendar()), day);
     EXPECT_FALSE(std::isnan(sun.horizontal().azimuth_) || std::isnan(moon.horizontal().azimuth_));
   }
 }
@@ -63,7 +63,8 @@ TEST_F(DaySearchTest, NoDuskIsLostAtMidnight) {
     ephemeris::PtSun sun(PtPosition(38.5, longitude));
     std::vector<double> dusks;
     for (int day = 1; day < 40; ++day) {
-      const SunEvent event = sunEventOfDay(sun, LocalDay(dateIn("GMT", 2003, 8, 10 + day)));
+      const SunEvent event =
+          sunEventOfDay(sun, LocalDay(dateIn("GMT", 2003, 8, 10 + day)), gmtCachedCalendar());
       for (const double dusk : {event.astronomicalTwilight.mjdEnd(),
                                 event.astronomicalTwilight2.value_or(TwilightEvent()).mjdEnd()}) {
         if (drawEventAtMjd(dusk)) dusks.push_back(dusk);

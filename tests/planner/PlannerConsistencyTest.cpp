@@ -50,9 +50,10 @@ class Walk {
   /// Yesterday, today and tomorrow start at local midnights, whatever the clock does:
   /// tomorrow 27 hours after today, or after a skipped day the one behind it.
   void expectLocalMidnights() {
-    const Date today = dateWithStartDateTime(session_->currentDate(), cachedCalendar());
+    const Calendar& calendar = session_->calendar();
+    const Date today = dateWithStartDateTime(session_->currentDate(), calendar);
     const auto midnightAt = [&](double hours) {
-      return dateWithStartDateTime(today.dateByAddingTimeInterval(hours * 3600), cachedCalendar());
+      return dateWithStartDateTime(today.dateByAddingTimeInterval(hours * 3600), calendar);
     };
     const bool cameTwice = midnightAt(27) == today;
     const Date days[] = {midnightAt(-0.001), today, midnightAt(cameTwice ? 51 : 27)};
@@ -148,6 +149,19 @@ TEST_F(PlannerConsistency, OfRandomWalks) {
               Date::withTimeIntervalSinceReferenceDate(std::round(date / 60) * 60));
     for (int i = 0; i < 25; ++i) {
       if (!walk.step()) return;
+    }
+  }
+}
+
+// Each in its zone, whatever zone the process was given last.
+TEST_F(PlannerConsistency, OfTwoSessionsSideBySide) {
+  std::mt19937_64 random(16);
+  const Date date = dateIn("GMT", 2026, 3, 28, 12);
+  for (std::uint64_t seed = 200; seed < 206; ++seed) {
+    Walk walks[] = {{seed, ZVObserver(kParis), "Europe/Paris", date},
+                    {seed + 50, ZVObserver(Coordinate{35.7, 139.7}), "Asia/Tokyo", date}};
+    for (int i = 0; i < 25; ++i) {
+      if (!walks[random() % 2].step()) return;
     }
   }
 }

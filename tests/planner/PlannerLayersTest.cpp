@@ -90,7 +90,7 @@ class FakeMeteors : public MeteorLayer {
   explicit FakeMeteors(MeteorCalls& calls) : told_(calls) {}
 
   void updateLocation(const PtPosition&) override { told_.calls.push_back("location"); }
-  void timeZoneUpdated() override { told_.calls.push_back("zone"); }
+  void timeZoneUpdated(const TimeZone&) override { told_.calls.push_back("zone"); }
   void updateMeteorShowerInfo(Date) override { told_.calls.push_back("info"); }
   void calculateMeteorShowerActivitesForYear(std::int64_t year) override {
     told_.calls.push_back(std::to_string(year));
@@ -104,8 +104,8 @@ class FakeMeteors : public MeteorLayer {
 
 TEST_F(PlannerLayers, AShowerIsToldWhatChanges) {
   MeteorCalls meteors;
-  const Session shower =
-      burgos([&](std::int64_t, Date) { return std::make_unique<FakeMeteors>(meteors); });
+  const Session shower = burgos(
+      [&](std::int64_t, Date, const TimeZone&) { return std::make_unique<FakeMeteors>(meteors); });
   const auto takeCalls = [&meteors] { return std::exchange(meteors.calls, {}); };
   shower->enableMeteorShower(7, "Perseids", 2026);
   EXPECT_THAT(takeCalls(), ElementsAre("location", "2026", "info"));

@@ -28,11 +28,11 @@ TEST_F(SunEventTest, IntervalsOfAPlainDay) {
       {LightType::blueHour, "05:20 - 05:30", "18:30 - 18:40"},
       {LightType::goldenHour, "05:30 - 06:30", "17:30 - 18:30"}};
   for (const auto& [light, first, second] : expected) {
-    EXPECT_EQ(day.twilightIntervalForLightType(light).firstInterval, first);
-    EXPECT_EQ(day.twilightIntervalForLightType(light).secondInterval, second);
+    EXPECT_EQ(day.twilightIntervalForLightType(light, TimeZone()).firstInterval, first);
+    EXPECT_EQ(day.twilightIntervalForLightType(light, TimeZone()).secondInterval, second);
   }
-  EXPECT_EQ(day.civilTwilightIntervals().mjdFirstInterval, at(5, 20));
-  EXPECT_EQ(day.civilTwilightIntervals().mjdSecondInterval, at(18));
+  EXPECT_EQ(day.civilTwilightIntervals(TimeZone()).mjdFirstInterval, at(5, 20));
+  EXPECT_EQ(day.civilTwilightIntervals(TimeZone()).mjdSecondInterval, at(18));
 }
 
 TEST_F(SunEventTest, IntervalsOfOddDays) {
@@ -63,7 +63,8 @@ TEST_F(SunEventTest, IntervalsOfOddDays) {
     day.civilTwilight = c.civil;
     day.setMjdRise(c.rise);
     day.setMjdSet(c.set);
-    const TwilightIntervals intervals = day.twilightIntervalForLightType(LightType::civil);
+    const TwilightIntervals intervals =
+        day.twilightIntervalForLightType(LightType::civil, TimeZone());
     EXPECT_EQ(intervals.firstInterval, c.first);
     EXPECT_EQ(intervals.secondInterval, c.second) << c.first;
     EXPECT_EQ(intervals.mjdFirstInterval, c.mjdFirst) << c.first;
@@ -74,10 +75,10 @@ TEST_F(SunEventTest, IntervalsOfOddDays) {
 TEST_F(SunEventTest, ASecondDuskClosesTheEvening) {
   SunEvent day = plainDay();
   day.astronomicalTwilight = TwilightEvent(at(2), at(0, 20));
-  EXPECT_EQ(day.astronomicalTwilightIntervals().firstInterval,
+  EXPECT_EQ(day.astronomicalTwilightIntervals(TimeZone()).firstInterval,
             "... - 00:20 | 02:00 - 04:40 | 19:20 - ...");
   day.astronomicalTwilight2 = TwilightEvent(kAlwaysBelow, at(23, 55));
-  EXPECT_EQ(day.astronomicalTwilightIntervals().firstInterval,
+  EXPECT_EQ(day.astronomicalTwilightIntervals(TimeZone()).firstInterval,
             "... - 00:20 | 02:00 - 04:40 | 19:20 - 23:55");
 }
 
@@ -125,7 +126,7 @@ TEST_F(SunEventTest, SpansAreWhereTheSunIs) {
     const int day = static_cast<int>(random() % 70000);
     ephemeris::PtSun sun(place);
     const auto eventOn = [&](int d) {
-      return sunEventOfDay(sun, LocalDay(dateIn("GMT", 1900, 1, 1 + day + d)));
+      return sunEventOfDay(sun, LocalDay(dateIn("GMT", 1900, 1, 1 + day + d)), gmtCachedCalendar());
     };
     const SunEvent days[] = {eventOn(0), eventOn(1), eventOn(2)};
     const LocalDay today(dateIn("GMT", 1900, 1, 1 + day + 1));
@@ -163,7 +164,7 @@ TEST_F(SunEventTest, TheDaysChangesOfLight) {
   const std::vector<BodyInfoEvent> rows = plainDay().eventsArray();
   std::vector<std::string> lines;
   for (const BodyInfoEvent& row : rows) {
-    lines.push_back(row.timeString() + " " + row.name + ": " + row.subtitle);
+    lines.push_back(row.timeString(TimeZone()) + " " + row.name + ": " + row.subtitle);
   }
   EXPECT_THAT(lines,
               ElementsAre("04:00 Night: Night ends",
@@ -193,7 +194,7 @@ TEST_F(SunEventTest, RowsFindTheirPartsUnderAFinger) {
   EXPECT_EQ(row.mjdForSubeventAtPoint(29.9, 14.9), kMidnight + 20);
   EXPECT_EQ(row.mjdForSubeventAtPoint(30, 5), kNotThisDay);
   EXPECT_EQ(row.mjdForSubeventAtPoint(10, 4.9), kNotThisDay);
-  EXPECT_EQ(row.timeString(), "");
+  EXPECT_EQ(row.timeString(TimeZone()), "");
 }
 
 }  // namespace

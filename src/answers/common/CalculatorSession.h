@@ -5,7 +5,7 @@
 #include "answers/common/Home.h"
 #include "answers/common/Stores.h"
 #include "answers/common/UserSettings.h"
-#include "calculators/CalculatorEnvironment.h"
+#include "calculators/CameraCalculator.h"
 #include "data/cameras/DatabaseCameraStore.h"
 
 namespace zenivo {

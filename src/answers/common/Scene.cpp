@@ -2,9 +2,9 @@
 
 namespace zenivo {
 
-Json placeJson(const Location& location) {
-  return {{"latitude", location.latitude},
-          {"longitude", location.longitude},
+Json placeJson(const ZVLocation& location) {
+  return {{"latitude", location.coordinate.latitude},
+          {"longitude", location.coordinate.longitude},
           {"altitude", location.altitude}};
 }
 

@@ -6,19 +6,19 @@
 
 #include "answers/common/Moments.h"
 #include "foundation/TimeZone.h"
-#include "place/Location.h"
+#include "place/ZVLocation.h"
 
 namespace zenivo {
 
 /// A place and the zone of its clocks.
 struct Scene {
-  Location location;
+  ZVLocation location;
   std::string placeName;  ///< of a city that was named; empty for coordinates
   TimeZone zone;
   std::string zoneOrigin;  ///< why this zone: "as given", "the city's own", …
 };
 
 /// {"latitude": …, "longitude": …, "altitude": …}
-Json placeJson(const Location& location);
+Json placeJson(const ZVLocation& location);
 
 }  // namespace zenivo

@@ -22,10 +22,4 @@ class Session {
   PlannerManager planner_;
 };
 
-/// A pin at the place.
-ZVObserver pinAt(const Location& location);
-
-/// The place as the ephemeris sees it.
-PtPosition observerOf(const Location& location);
-
 }  // namespace zenivo

@@ -10,9 +10,9 @@ namespace zenivo {
 namespace {
 
 PropertyList::Dictionary readFirstValues() {
-  std::string error;
+  Error error;
   auto values = bundledDefaults(&error);
-  if (!values) throw std::runtime_error("the first values cannot be read: " + error);
+  if (!values) throw std::runtime_error("the first values cannot be read: " + error.description);
   return *std::move(values);
 }
 
@@ -39,8 +39,8 @@ void UserSettings::save() {
     user_.setValue(std::move(value), key);
     isChanged = true;
   }
-  std::string error;
-  if (isChanged && !user_.synchronize(&error)) throw std::runtime_error(error);
+  Error error;
+  if (isChanged && !user_.synchronize(&error)) throw std::runtime_error(error.description);
 }
 
 }  // namespace zenivo

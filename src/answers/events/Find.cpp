@@ -1,7 +1,7 @@
 #include "answers/events/Find.h"
 
-#include "answers/common/Session.h"
 #include "engine/Angles.h"
+#include "place/ZVObserver.h"
 
 namespace zenivo {
 namespace {
@@ -24,7 +24,7 @@ Json foundJson(const ZVFindResultBodyAtAzimuth& result, const FindQuestion& ques
 }  // namespace
 
 FindReport answer(const FindQuestion& question, const GoOn& goOn) {
-  return {question, findDirection(pinAt(question.scene.location), question.wanted, goOn)};
+  return {question, findDirection(ZVObserver(question.scene.location), question.wanted, goOn)};
 }
 
 Json json(const FindReport& report) {

@@ -66,8 +66,9 @@ void fill(CameraForm& form, const CameraDescription& description) {
 CameraReport keep(CameraForm& form, CalculatorSession& session) {
   expectPrintable(form.camera().model, "the name of a camera");
   if (const auto fault = form.validate(session.cameras())) throw CameraFault(*fault);
-  std::string error;
-  if (!chooserOf(session).saveCustomCamera(form.camera(), &error)) throw std::runtime_error(error);
+  Error error;
+  if (!chooserOf(session).saveCustomCamera(form.camera(), &error))
+    throw std::runtime_error(error.description);
   session.save();
   return reportOn(AbstractCamera::fromRecord(form.camera()), session);
 }
@@ -127,8 +128,9 @@ RemovedCameraReport answer(const RemoveCamera& question, CalculatorSession& sess
   const CustomCameraRecord record = ownCamera(session, question.name);
   RemovedCameraReport report{.removed = AbstractCamera::fromRecord(record), .chosen = {}};
   report.wasChosen = report.removed == chosenCamera(session);
-  std::string error;
-  if (!chooserOf(session).deleteCustomCamera(record, &error)) throw std::runtime_error(error);
+  Error error;
+  if (!chooserOf(session).deleteCustomCamera(record, &error))
+    throw std::runtime_error(error.description);
   session.save();
   report.chosen = chosenCamera(session);
   return report;

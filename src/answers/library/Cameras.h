@@ -17,17 +17,17 @@ namespace zenivo {
 // A camera is named by its model, with its maker or without, or by a part that no other has.
 
 struct CamerasQuestion {
-  std::string text;  ///< part of the brand or model; empty for all
+  std::string text = {};  ///< part of the brand or model; empty for all
 };
 
 /// The user's own first.
 struct CamerasReport {
   std::vector<AbstractCamera> cameras;
-  std::optional<AbstractCamera> chosen;
+  std::optional<AbstractCamera> chosen = {};
 };
 
 struct CameraQuestion {
-  std::optional<std::string> name;  ///< none: the chosen one
+  std::optional<std::string> name = {};  ///< none: the chosen one
 };
 
 struct CameraReport {
@@ -37,15 +37,15 @@ struct CameraReport {
 
 /// What was said of an own camera; the rest stays as it is.
 struct CameraDescription {
-  std::optional<std::string> name;
-  std::optional<SensorSize> sensor;
-  std::optional<bool> isFilm;
-  std::optional<float> megapixels;
+  std::optional<std::string> name = {};
+  std::optional<SensorSize> sensor = {};
+  std::optional<bool> isFilm = {};
+  std::optional<float> megapixels = {};
   /// Lengths in millimetres.  An inner nullopt takes away what was there: the circle of
   /// confusion follows the sensor, or the lens can be changed.
-  std::optional<std::optional<float>> coc;
-  std::optional<std::optional<float>> focalLength;
-  std::optional<std::optional<float>> fstop;
+  std::optional<std::optional<float>> coc = {};
+  std::optional<std::optional<float>> focalLength = {};
+  std::optional<std::optional<float>> fstop = {};
 };
 
 struct AddCamera {
@@ -53,23 +53,23 @@ struct AddCamera {
 };
 
 struct EditCamera {
-  std::string name;  ///< as it was
+  std::string name = {};  ///< as it was
   CameraDescription description;
 };
 
 struct RemoveCamera {
-  std::string name;
+  std::string name = {};
 };
 
 struct RemovedCameraReport {
   AbstractCamera removed;
   bool wasChosen = false;
-  std::optional<AbstractCamera> chosen;  ///< now
+  std::optional<AbstractCamera> chosen = {};  ///< now
 };
 
 /// Chooses the camera of the calculators.
 struct UseCamera {
-  std::string name;
+  std::string name = {};
 };
 
 /// What stands against keeping a description.

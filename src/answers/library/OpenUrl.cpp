@@ -20,9 +20,9 @@ namespace {
 
 Url urlFrom(const std::string& text) {
   if (text.find("://") == std::string::npos) return Url::fileUrl(text);
-  std::string error;
+  Error error;
   if (const auto url = Url::parse(text, &error)) return *url;
-  throw InputError(fmt::format("{} is no URL: {}", inQuotes(text), error));
+  throw InputError(fmt::format("{} is no URL: {}", inQuotes(text), error.description));
 }
 
 void expectFile(const Url& url) {

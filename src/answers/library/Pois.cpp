@@ -24,7 +24,7 @@ PoisReport answer(const PoisQuestion& question, Stores& stores) {
   PoisReport report{
       expectFetched(placesOfInterest(stores.database(), question.text, &error), error)};
   if (question.near) {
-    sortByDistance(report.pois, {question.near->latitude, question.near->longitude});
+    sortByDistance(report.pois, *question.near);
   }
   const std::size_t most =
       question.limit.value_or(question.near ? kNearestShown : report.pois.size());

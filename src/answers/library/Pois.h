@@ -10,14 +10,15 @@
 #include "answers/common/Moments.h"
 #include "answers/common/Stores.h"
 #include "data/pois/PlacesOfInterest.h"
-#include "place/Location.h"
+#include "place/Coordinate.h"
 
 namespace zenivo {
 
 struct PoisQuestion {
-  std::string text;                  ///< part of the name, country or category; empty for all
-  std::optional<Location> near;      ///< the nearest first
-  std::optional<std::size_t> limit;  ///< at most so many; near a place 20 where nothing is said
+  std::string text = {};                ///< part of the name, country or category; empty for all
+  std::optional<Coordinate> near = {};  ///< the nearest first
+  /// At most so many; near a place 20 where nothing is said.
+  std::optional<std::size_t> limit = {};
 };
 
 struct PoisReport {

@@ -36,16 +36,16 @@ SettingReport reportOn(std::string_view key, const UserSettings& settings) {
 }
 
 PropertyList valueFrom(const SetSetting& question, SettingType type) {
-  std::string error;
+  Error error;
   auto value = settingFromText(type, question.text, &error);
   const std::string choices = settingChoicesText(question.key);
   if (!choices.empty() &&
       !(value && isSettingChoice(question.key, value->integer().value_or(-1)))) {
-    error = "write " + choices;
+    error.description = "write " + choices;
   }
-  if (!error.empty()) {
-    throw InputError(
-        fmt::format("{} cannot be {}: {}", question.key, inQuotes(question.text), error));
+  if (!error.description.empty()) {
+    throw InputError(fmt::format("{} cannot be {}: {}", question.key, inQuotes(question.text),
+                                 error.description));
   }
   expectPrintable(question.text, "a setting");
   return *std::move(value);

@@ -14,15 +14,15 @@
 namespace zenivo {
 
 struct SettingsQuestion {
-  std::string text;          ///< part of the key; empty for all
+  std::string text = {};     ///< part of the key; empty for all
   bool changedOnly = false;  ///< those that differ from their first value
 };
 
 struct SettingReport {
-  std::string key;
+  std::string key = {};
   SettingType type = SettingType::text;
-  std::optional<PropertyList> value;
-  std::optional<PropertyList> firstValue;
+  std::optional<PropertyList> value = {};
+  std::optional<PropertyList> firstValue = {};
 
   bool isChanged() const { return value != firstValue; }
 };
@@ -33,17 +33,17 @@ struct SettingsReport {
 };
 
 struct SettingQuestion {
-  std::string key;
+  std::string key = {};
 };
 
 struct SetSetting {
-  std::string key;
-  std::string text;  ///< as settingFromText reads it
+  std::string key = {};
+  std::string text = {};  ///< as settingFromText reads it
 };
 
 /// Brings back what it was at first.
 struct ResetSetting {
-  std::string key;
+  std::string key = {};
 };
 struct ResetAllSettings {};
 

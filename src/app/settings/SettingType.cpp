@@ -8,7 +8,7 @@
 #include <cmath>
 
 #include "app/settings/SettingsKeys.h"
-#include "foundation/Failure.h"
+#include "foundation/Error.h"
 #include "foundation/PropertyListDate.h"
 
 namespace zenivo {
@@ -109,12 +109,12 @@ std::optional<Number> numberFrom(std::string_view text) {
   return status == std::errc() && next == end ? std::optional(number) : std::nullopt;
 }
 
-std::optional<PropertyList> refuse(std::string* error, std::string reason) {
-  fail(error, std::move(reason));
+std::optional<PropertyList> refuse(Error* error, std::string reason) {
+  fail(error, {.description = std::move(reason)});
   return std::nullopt;
 }
 
-std::optional<PropertyList> booleanFrom(std::string_view text, std::string* error) {
+std::optional<PropertyList> booleanFrom(std::string_view text, Error* error) {
   constexpr std::array<std::string_view, 4> kYes{"true", "yes", "on", "1"};
   constexpr std::array<std::string_view, 4> kNo{"false", "no", "off", "0"};
   if (std::ranges::find(kYes, text) != kYes.end()) return PropertyList(true);
@@ -134,8 +134,7 @@ std::optional<SettingType> settingType(std::string_view key,
   return row != kWithoutFirstValue.end() ? std::optional(row->type) : std::nullopt;
 }
 
-std::optional<PropertyList> settingFromText(SettingType type, std::string_view text,
-                                            std::string* error) {
+std::optional<PropertyList> settingFromText(SettingType type, std::string_view text, Error* error) {
   switch (type) {
     case SettingType::boolean:
       return booleanFrom(text, error);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/Error.h"
 #include "foundation/PropertyList.h"
 
 namespace zenivo {
@@ -29,7 +30,7 @@ std::optional<SettingType> settingType(std::string_view key,
 /// decimal numbers with a point; ISO 8601 in UTC ("2026-06-21T03:47:00Z"); any text.
 /// Nullopt when the text is no value of the type, and then `error` says what is.
 std::optional<PropertyList> settingFromText(SettingType type, std::string_view text,
-                                            std::string* error = nullptr);
+                                            Error* error = nullptr);
 
 /// The value as settingFromText reads it; of an archive its size or number of entries.
 std::string textOfSetting(const PropertyList& value);

@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "foundation/Failure.h"
+#include "foundation/Error.h"
 #include "foundation/PropertyList.h"
 #include "foundation/UserFolder.h"
 
@@ -13,15 +13,14 @@ std::filesystem::path standardDefaultsFile() {
 }
 
 bool migrateUserDefaultsIfNeccessary(UserDefaults& settings,
-                                     const std::filesystem::path& standardDefaults,
-                                     std::string* error) {
+                                     const std::filesystem::path& standardDefaults, Error* error) {
   if (settings.boolForKey(zenivo_migrate_appgroups)) return true;
   std::error_code ignored;
   if (std::filesystem::exists(standardDefaults, ignored)) {
     const auto old = readPropertyListFile(standardDefaults, error);
     if (!old) return false;
     if (old->dictionary() == nullptr) {
-      return fail(error, standardDefaults.string() + ": no dictionary");
+      return fail(error, {.description = standardDefaults.string() + ": no dictionary"});
     }
     for (const auto& [key, value] : *old->dictionary()) settings.setObject(value, key);
   }

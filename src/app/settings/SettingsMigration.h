@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "foundation/Error.h"
 #include "foundation/UserDefaults.h"
 
 namespace zenivo {
@@ -21,6 +22,6 @@ std::filesystem::path standardDefaultsFile();
 /// as settings, and then nothing is marked, or when synchronising failed.
 bool migrateUserDefaultsIfNeccessary(UserDefaults& settings,
                                      const std::filesystem::path& standardDefaults,
-                                     std::string* error = nullptr);
+                                     Error* error = nullptr);
 
 }  // namespace zenivo

@@ -5,7 +5,7 @@
 #include <boost/url/src.hpp>
 #include <boost/url/url_view.hpp>
 
-#include "foundation/Failure.h"
+#include "foundation/Error.h"
 
 namespace zenivo {
 namespace {
@@ -18,10 +18,10 @@ std::string lowerCase(std::string text) {
 
 }  // namespace
 
-std::optional<Url> Url::parse(std::string_view text, std::string* error) {
+std::optional<Url> Url::parse(std::string_view text, Error* error) {
   const auto parsed = boost::urls::parse_uri({text.data(), text.size()});
   if (!parsed) {
-    fail(error, parsed.error().message());
+    fail(error, {.description = parsed.error().message()});
     return std::nullopt;
   }
   Url url;

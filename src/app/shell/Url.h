@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/Error.h"
+
 namespace zenivo {
 
 /// The scheme that leads into the program.
@@ -17,7 +19,7 @@ class Url {
  public:
   /// Reads an absolute URL (RFC 3986); nullopt for anything else, and then `error` tells
   /// why.
-  static std::optional<Url> parse(std::string_view text, std::string* error = nullptr);
+  static std::optional<Url> parse(std::string_view text, Error* error = nullptr);
   static Url fileUrl(const std::filesystem::path& file);
 
   bool isFileURL() const { return scheme_ == "file"; }

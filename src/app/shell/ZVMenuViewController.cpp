@@ -2,38 +2,29 @@
 
 #include "app/shell/Platform.h"
 #include "foundation/Bundle.h"
-#include "foundation/Failure.h"
+#include "foundation/Error.h"
+#include "foundation/KeyedArchive.h"
 #include "foundation/LocalizedString.h"
 #include "foundation/Log.h"
 
 namespace zenivo {
 namespace {
 
-std::string textForKey(const PropertyList& entry, std::string_view key) {
-  const PropertyList* value = entry.valueForKey(key);
-  return value != nullptr ? value->string().value_or("") : "";
-}
-
-const PropertyList::Array& listForKey(const PropertyList& entry, std::string_view key) {
-  static const PropertyList::Array kNone;
-  const PropertyList* value = entry.valueForKey(key);
-  return value != nullptr && value->array() != nullptr ? *value->array() : kNone;
-}
-
-MenuItem itemFrom(const PropertyList& entry) {
-  MenuItem item{textForKey(entry, "Title"), textForKey(entry, "Controller"), {}};
-  for (const PropertyList& command : listForKey(entry, "Commands")) {
+MenuItem itemFrom(const PropertyList& row) {
+  const KeyedUnarchiver entry(row);
+  MenuItem item{entry.decodeString("Title"), entry.decodeString("Controller"), {}};
+  for (const PropertyList& command : entry.decodeArray("Commands")) {
     item.commands.push_back(command.string().value_or(""));
   }
   return item;
 }
 
 std::vector<MenuSection> menuOfBundle() {
-  std::string error;
+  Error error;
   if (const auto list = readPropertyListFile(resourcePath("navigation.plist"), &error)) {
     if (auto sections = menuFromNavigation(*list, &error)) return *std::move(sections);
   }
-  log(LogLevel::error, "The menu cannot be read: " + error);
+  log(LogLevel::error, "The menu cannot be read: " + error.description);
   return {};
 }
 
@@ -48,22 +39,24 @@ std::string MenuSection::title() const {
 }
 
 std::optional<std::vector<MenuSection>> menuFromNavigation(const PropertyList& navigation,
-                                                           std::string* error) {
+                                                           Error* error) {
   std::vector<MenuSection> sections;
-  for (const PropertyList& entry : listForKey(navigation, "Sections")) {
-    MenuSection section{textForKey(entry, "Title"), {}};
-    for (const PropertyList& row : listForKey(entry, "Items")) {
+  for (const PropertyList& each : KeyedUnarchiver(navigation).decodeArray("Sections")) {
+    const KeyedUnarchiver entry(each);
+    MenuSection section{entry.decodeString("Title"), {}};
+    for (const PropertyList& row : entry.decodeArray("Items")) {
       section.items.push_back(itemFrom(row));
       const MenuItem& item = section.items.back();
       if (item.titleKey.empty() || item.controller.empty()) {
-        fail(error, "an item of the section " + section.titleKey + " lacks title or controller");
+        fail(error, {.description = "an item of the section " + section.titleKey +
+                                    " lacks title or controller"});
         return std::nullopt;
       }
     }
     sections.push_back(std::move(section));
   }
   if (!sections.empty()) return sections;
-  fail(error, "no sections");
+  fail(error, {.description = "no sections"});
   return std::nullopt;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/stores/ManagedObjectContexts.h"
+#include "foundation/Error.h"
 #include "foundation/PropertyList.h"
 
 namespace zenivo {
@@ -32,7 +33,7 @@ struct MenuSection {
 /// The sections of a navigation list, a dictionary with "Sections".  Nullopt with the
 /// reason in `error` when it has none, or an item is without a title or a controller.
 std::optional<std::vector<MenuSection>> menuFromNavigation(const PropertyList& navigation,
-                                                           std::string* error = nullptr);
+                                                           Error* error = nullptr);
 
 /// The menu of the program, the root of all screens.
 class ZVMenuViewController {

@@ -60,12 +60,12 @@ void ZenivoAppDelegate::sizeUrlCache() {
 }
 
 void ZenivoAppDelegate::registerFirstValues() {
-  std::string error;
+  Error error;
   if (!migrateUserDefaultsIfNeccessary(settings_, configuration_.standardDefaults, &error)) {
-    log(LogLevel::error, "The older settings are not taken over: " + error);
+    log(LogLevel::error, "The older settings are not taken over: " + error.description);
   }
   if (!registerBundledDefaults(settings_, &error)) {
-    log(LogLevel::error, "The settings are without first values: " + error);
+    log(LogLevel::error, "The settings are without first values: " + error.description);
   }
 }
 

@@ -5,7 +5,7 @@
 #include <span>
 
 #include "app/settings/SettingsKeys.h"
-#include "calculators/camera/NearestLookup.h"
+#include "calculators/camera/Ladders.h"
 #include "calculators/camera/Texts.h"
 
 namespace zenivo {
@@ -71,11 +71,6 @@ ApertureManager::ApertureManager(UserDefaults& defaults)
     : defaults_(defaults),
       type_(stopTypeFrom(defaults.integerForKey(settings::global_cameraStops))) {
   generateStopsForType(type_);
-}
-
-ApertureManager& ApertureManager::sharedInstance() {
-  static ApertureManager manager(zenivoUserDefaults());
-  return manager;
 }
 
 void ApertureManager::setCurrentApertureStopType(ApertureStopType type) {

@@ -1,14 +1,22 @@
-// The ladder of apertures that the user picks from.
+// Apertures, and the ladder of them that the user picks from.
 
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "calculators/camera/Aperture.h"
 #include "foundation/UserDefaults.h"
 
 namespace zenivo {
+
+/// One aperture.  The two numbers differ where convention rounds or departs from
+/// geometry: what is marked 5.6 is really the square root of 32.
+struct Aperture {
+  double fstop = 0;  ///< the number shown to the user
+  double value = 0;  ///< the geometric focal ratio, used in all arithmetic
+
+  friend bool operator==(const Aperture&, const Aperture&) = default;
+};
 
 /// How finely the aperture ladder is divided.
 enum class ApertureStopType { thirds = 0, halves = 1, full = 2 };
@@ -20,9 +28,6 @@ class ApertureManager {
   /// value that names no division means thirds.  The settings must outlive the
   /// manager.
   explicit ApertureManager(UserDefaults& defaults);
-
-  /// The program's one manager, over zenivoUserDefaults().
-  static ApertureManager& sharedInstance();
 
   /// The ladder, ascending by `fstop`, from f/0.95 (thirds) or f/1 up to f/1024.
   const std::vector<Aperture>& stops() const { return stops_; }

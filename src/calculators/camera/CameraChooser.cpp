@@ -94,7 +94,7 @@ std::vector<AbstractCamera> CameraChooser::recentCameras() const {
   return cameras;
 }
 
-bool CameraChooser::saveCustomCamera(const CustomCameraRecord& camera, std::string* error) {
+bool CameraChooser::saveCustomCamera(const CustomCameraRecord& camera, Error* error) {
   const auto cameras = store_.loadCustomCameras();
   const auto old =
       std::ranges::find(cameras, camera.uniqueIdentifier, &CustomCameraRecord::uniqueIdentifier);
@@ -115,7 +115,7 @@ void CameraChooser::follow(const std::string& oldModel, const std::string& newMo
   defaults_.synchronize();
 }
 
-bool CameraChooser::deleteCustomCamera(const CustomCameraRecord& camera, std::string* error) {
+bool CameraChooser::deleteCustomCamera(const CustomCameraRecord& camera, Error* error) {
   if (!store_.deleteCustomCamera(camera.uniqueIdentifier, error)) return false;
   if (storedCamera(defaults_, keys_) == CameraId(camera.model)) selectFirstCamera();
   return true;

@@ -10,6 +10,7 @@
 #include "app/settings/SettingsKeys.h"
 #include "calculators/camera/AbstractCamera.h"
 #include "calculators/camera/CameraStore.h"
+#include "foundation/Error.h"
 #include "foundation/UserDefaults.h"
 
 namespace zenivo {
@@ -62,12 +63,12 @@ class CameraChooser {
 
   /// Stores a camera of the user, new or changed.  Where a changed name was chosen in
   /// the settings, the choice follows it.  False and the reason when storing failed.
-  bool saveCustomCamera(const CustomCameraRecord& camera, std::string* error = nullptr);
+  bool saveCustomCamera(const CustomCameraRecord& camera, Error* error = nullptr);
 
   /// Deletes a camera of the user.  If it was the chosen one, the first of his others
   /// by name is chosen, without any the catalogue's default, and the delegate is told.
   /// False and the reason when deleting failed.
-  bool deleteCustomCamera(const CustomCameraRecord& camera, std::string* error = nullptr);
+  bool deleteCustomCamera(const CustomCameraRecord& camera, Error* error = nullptr);
 
  private:
   void remember(const AbstractCamera& camera);

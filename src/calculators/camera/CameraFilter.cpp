@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "calculators/camera/NearestLookup.h"
+#include "calculators/camera/Ladders.h"
 #include "calculators/camera/Texts.h"
 
 namespace zenivo {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "calculators/camera/SensorSize.h"
+#include "foundation/Error.h"
 
 namespace zenivo {
 
@@ -59,10 +60,10 @@ class CameraStore {
 
   /// Stores a new camera, or the new values of one that has an identifier.  False and
   /// the reason when that failed, as for one that has gone.
-  virtual bool saveCustomCamera(const CustomCameraRecord& camera, std::string* error) = 0;
+  virtual bool saveCustomCamera(const CustomCameraRecord& camera, Error* error) = 0;
 
   /// Removes a camera; the same of failure.  One that has gone is no failure.
-  virtual bool deleteCustomCamera(std::string_view uniqueIdentifier, std::string* error) = 0;
+  virtual bool deleteCustomCamera(std::string_view uniqueIdentifier, Error* error) = 0;
 };
 
 }  // namespace zenivo

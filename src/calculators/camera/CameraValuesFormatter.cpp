@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "calculators/camera/CameraFilter.h"
-#include "calculators/camera/Iso.h"
-#include "calculators/camera/NearestLookup.h"
+#include "calculators/camera/DistanceUnits.h"
+#include "calculators/camera/Ladders.h"
 #include "calculators/camera/Texts.h"
 #include "foundation/NumberFormatter.h"
 
@@ -18,6 +18,37 @@ std::string percentage(double value) {
   const std::string text = numberWithAtMost(2, value);
   const bool oneDigit = text.size() == 1 || text[1] == '.';
   return oneDigit ? "0" + text : text;
+}
+
+/// A duration taken apart; what rounding made of the seconds has been carried.
+struct Clock {
+  double days = 0;
+  double hours = 0;
+  double minutes = 0;
+  double seconds = 0;
+};
+
+/// `total` to the nearest multiple of 10^-decimals.  Everything stays floating
+/// point: no duration is too long for it.
+Clock clockOf(double total, int decimals, bool withDays) {
+  const double scale = std::pow(10, decimals);
+  const double rounded = std::floor(total * scale + 0.5);
+  Clock clock;
+  clock.seconds = std::fmod(rounded, 60 * scale) / scale;
+  const double minutes = std::floor(rounded / (60 * scale));
+  clock.minutes = std::fmod(minutes, 60);
+  clock.hours = std::floor(minutes / 60);
+  if (withDays) {
+    clock.days = std::floor(clock.hours / 24);
+    clock.hours = std::fmod(clock.hours, 24);
+  }
+  return clock;
+}
+
+void append(std::string& text, double count, int decimals, const std::string& unitText) {
+  if (count == 0) return;
+  if (!text.empty()) text += ' ';
+  text += numberWithAtMost(decimals, count) + unitText;
 }
 
 }  // namespace
@@ -43,7 +74,7 @@ std::string CameraValuesFormatter::formatDistance(float metres, bool showUnits,
                                                   bool withFraction) const {
   if (std::isnan(metres)) return kNoValueText;
   if (metres < 0 || std::isinf(metres)) return kInfinityText;
-  if (units_->currentUnits() == UnitSystem::imperial) {
+  if (units_ == UnitSystem::imperial) {
     return formatFeetAndInches(metres, withFraction);
   }
   if (!showUnits) return numberWithAtMost(2, metres);
@@ -143,6 +174,39 @@ std::string CameraValuesFormatter::formatMB(double megabytes) {
 
 std::string CameraValuesFormatter::formatSpotStarsShutterSpeed(float seconds, bool showDecimals) {
   return numberWithAtMost(showDecimals ? 2 : 0, seconds) + commonText("unit_abbr_second");
+}
+
+std::string CameraValuesFormatter::formatShutterSpeed(float seconds, bool round, int useDecimals) {
+  if (!std::isfinite(seconds) || seconds < 0) return kNoValueText;
+  std::string zero = "0" + commonText("unit_abbr_second");
+  if (seconds == 0) return zero;
+  if (round) {
+    const auto ladder = ShutterSpeed::standardShutterSpeeds();
+    const ShutterSpeed nearest = ShutterSpeed::findNearestShutterSpeedOfValue(seconds, ladder);
+    if (std::abs(nearest.value - seconds) < 1) {
+      const std::string number = nearest.text.substr(0, nearest.text.find('"'));
+      return number + commonText("unit_abbr_second");
+    }
+  }
+  const int decimals = round ? 0 : useDecimals;
+  const Clock clock = clockOf(seconds, decimals, false);
+  std::string text;
+  append(text, clock.hours, 0, commonText("unit_abbr_hour"));
+  append(text, clock.minutes, 0, commonText("unit_abbr_minute"));
+  append(text, clock.seconds, decimals, commonText("unit_abbr_second"));
+  return text.empty() ? zero : text;
+}
+
+std::string CameraValuesFormatter::formatTimeDuration(double seconds, bool showDays,
+                                                      bool withLongUnits) {
+  if (!std::isfinite(seconds) || seconds < 0) return kNoValueText;
+  const Clock clock = clockOf(seconds, 0, showDays);
+  std::string text;
+  append(text, clock.days, 0, commonText("unit_abbr_day"));
+  append(text, clock.hours, 0, commonText("unit_abbr_hour"));
+  append(text, clock.minutes, 0, withLongUnits ? commonText("unit_abbr_minute") : "'");
+  append(text, clock.seconds, 0, withLongUnits ? commonText("unit_abbr_second") : "\"");
+  return text;
 }
 
 }  // namespace zenivo

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "calculators/camera/DistanceUnitsManager.h"
+#include "calculators/camera/DistanceUnits.h"
 
 namespace zenivo {
 
@@ -13,10 +13,8 @@ namespace zenivo {
 /// not exist (not-a-number; an infinite or negative duration) is "--".
 class CameraValuesFormatter {
  public:
-  /// Distances are written in the manager's units; it must outlive the formatter.
-  explicit CameraValuesFormatter(
-      const DistanceUnitsManager& units = DistanceUnitsManager::sharedInstance())
-      : units_(&units) {}
+  /// Distances are written in these units.
+  explicit CameraValuesFormatter(UnitSystem units) : units_(units) {}
 
   /// Metres as millimetres with at most one decimal: "35 mm".
   static std::string formatFocalLength(float metres, bool showUnits = true,
@@ -82,7 +80,7 @@ class CameraValuesFormatter {
  private:
   std::string formatFeetAndInches(float metres, bool withFraction) const;
 
-  const DistanceUnitsManager* units_;
+  UnitSystem units_;
 };
 
 }  // namespace zenivo

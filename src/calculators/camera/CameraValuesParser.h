@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "calculators/camera/DistanceUnit.h"
+#include "calculators/camera/DistanceUnits.h"
 
 namespace zenivo {
 

@@ -2,11 +2,6 @@
 
 namespace zenivo {
 
-Formatters& Formatters::sharedInstance() {
-  static Formatters formatters;
-  return formatters;
-}
-
 DateFormatter Formatters::shortDateFormatter() const {
   return {"%E4Y-%m-%d", shortTimeFormatter().timeZone()};
 }

@@ -11,8 +11,6 @@ namespace zenivo {
 /// Short forms of moments in one time zone, and fixed forms for files and URLs.
 class Formatters {
  public:
-  static Formatters& sharedInstance();
-
   /// "05:47", "2026-06-21" and both, in the zone last set here or by
   /// setSharedFormattersTimeZone: all read-outs tell the time of one zone.
   DateFormatter shortTimeFormatter() const { return sharedTimeFormatter(); }

@@ -6,7 +6,6 @@
 
 #include "app/settings/SettingsKeys.h"
 #include "calculators/camera/CameraValuesFormatter.h"
-#include "calculators/camera/Teleconverter.h"
 #include "calculators/camera/Texts.h"
 
 namespace zenivo {

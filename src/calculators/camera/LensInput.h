@@ -10,6 +10,12 @@
 
 namespace zenivo {
 
+/// The factor as the optical models store it: one that is not above 0 stands for
+/// no teleconverter.
+constexpr float teleconverterFactor(float factor) {
+  return factor > 0 ? factor : 1;
+}
+
 /// How a typed focal length is meant, by its number in the settings.
 enum class FocalLengthType {
   nominal = 0,         ///< as engraved on the lens

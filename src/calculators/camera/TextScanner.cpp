@@ -10,7 +10,7 @@ namespace {
 constexpr struct {
   std::string_view glyph;
   double value;
-} kFractionGlyphs[] = {
+} kTypedGlyphs[] = {
     {"¼", 1.0 / 4}, {"⅓", 1.0 / 3}, {"½", 1.0 / 2}, {"⅔", 2.0 / 3}, {"¾", 3.0 / 4}};
 
 char lowered(char c) {
@@ -60,7 +60,7 @@ std::optional<double> TextScanner::number() {
 }
 
 std::optional<double> TextScanner::fraction() {
-  for (const auto& [glyph, value] : kFractionGlyphs) {
+  for (const auto& [glyph, value] : kTypedGlyphs) {
     if (scan(glyph)) return value;
   }
   const std::string_view before = rest_;

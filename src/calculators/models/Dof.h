@@ -8,7 +8,7 @@
 
 #pragma once
 
-#include "calculators/camera/Aperture.h"
+#include "calculators/camera/ApertureManager.h"
 #include "calculators/models/LensModel.h"
 
 namespace zenivo {

@@ -5,7 +5,6 @@
 
 #include <optional>
 
-#include "calculators/camera/Aperture.h"
 #include "calculators/camera/ApertureManager.h"
 #include "calculators/camera/SensorSize.h"
 #include "calculators/models/Dof.h"
@@ -72,8 +71,7 @@ class EquivalentFocalLength : public LensModel {
   const FocalLengthMatch& match() const { return match_; }
 
   /// Computes and keeps the match; the aperture is looked up among `stops`.
-  const FocalLengthMatch& calculateMatch(
-      const ApertureManager& stops = ApertureManager::sharedInstance());
+  const FocalLengthMatch& calculateMatch(const ApertureManager& stops);
 
  private:
   void matchFocalLength();

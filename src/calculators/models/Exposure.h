@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include "calculators/camera/Aperture.h"
 #include "calculators/camera/ApertureManager.h"
 
 namespace zenivo {
@@ -43,7 +42,7 @@ class Exposure {
   // Each takes one of the three from the light's value, the filter and the other two.
 
   /// The aperture becomes the nearest of `stops`; the exact one is not kept.
-  void calculateAperture(const ApertureManager& stops = ApertureManager::sharedInstance());
+  void calculateAperture(const ApertureManager& stops);
   void calculateShutterSpeed();
   void calculateISO();
 

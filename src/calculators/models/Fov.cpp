@@ -1,5 +1,6 @@
 #include "calculators/models/Fov.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -80,6 +81,24 @@ float Fov::calculateSubjectDistanceForVerticalFoV(float length) const {
 
 float Fov::calculateSubjectDistanceForDiagonalFoV(float length) const {
   return calculateSubjectDistanceForSensorSizeAndFoV(getSensorDiagonal(), length);
+}
+
+FovSubjectDistance::FovSubjectDistance(float sensorWidth, float sensorHeight, float focalLength,
+                                       float teleconverter1, float teleconverter2,
+                                       float objectWidth, float objectHeight)
+    : FrameModel({sensorWidth, sensorHeight}, focalLength, teleconverter1, teleconverter2),
+      objectWidth_(objectWidth),
+      objectHeight_(objectHeight) {}
+
+float FovSubjectDistance::calculateMinimumDistanceForSensorSizeAndObjectSize(
+    float sensorSize, float objectSize) const {
+  return effectiveFocalLength() * 1000 * objectSize / sensorSize;
+}
+
+float FovSubjectDistance::calculateMinimumSubjectDistance() const {
+  return std::max(
+      calculateMinimumDistanceForSensorSizeAndObjectSize(getSensorWidth(), objectWidth_),
+      calculateMinimumDistanceForSensorSizeAndObjectSize(getSensorHeight(), objectHeight_));
 }
 
 }  // namespace zenivo

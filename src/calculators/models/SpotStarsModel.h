@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include "calculators/camera/Aperture.h"
 #include "calculators/camera/ApertureManager.h"
 #include "calculators/camera/SensorSize.h"
 #include "calculators/models/Fov.h"
@@ -23,8 +22,7 @@ class SpotStarsModel : public LensModel {
  public:
   /// Reads the lens, the declination and the accuracy from the settings: a
   /// teleconverter of 0 reads as 1, an aperture of 0 as the stop nearest 2.8.
-  explicit SpotStarsModel(const UserDefaults& defaults,
-                          const ApertureManager& stops = ApertureManager::sharedInstance());
+  explicit SpotStarsModel(const UserDefaults& defaults, const ApertureManager& stops);
 
   /// Writes the same back, the aperture by its `fstop`.
   void saveUserDefaults(UserDefaults& defaults) const;

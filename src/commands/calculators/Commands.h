@@ -1,4 +1,4 @@
-// The photographer's calculators and the exposure timer.
+// The photographer's calculators.
 
 #pragma once
 
@@ -16,6 +16,5 @@ std::unique_ptr<Command> makeStarsCommand();
 std::unique_ptr<Command> makeTrailsCommand();
 std::unique_ptr<Command> makeExposureCommand();
 std::unique_ptr<Command> makeTimelapseCommand();
-std::unique_ptr<Command> makeTimerCommand();
 
 }  // namespace zenivo::cli

@@ -1,73 +1,42 @@
-// zenivo stars: how long stars stay points.
+// zenivo stars: how long stars stay points; zenivo trails: how far they trail.
 
-#include <cmath>
-
-#include "calculators/SpotStarsCalculator.h"
-#include "calculators/camera/CameraValuesFormatter.h"
+#include "answers/calculators/StarTimes.h"
 #include "calculators/camera/CameraValuesParser.h"
-#include "calculators/camera/Texts.h"
-#include "commands/calculators/CalculatorAnswer.h"
-#include "commands/calculators/CalculatorOptions.h"
-#include "commands/calculators/CameraOption.h"
+#include "commands/calculators/CalculatorCommand.h"
 #include "commands/calculators/Commands.h"
-#include "commands/calculators/LensOptions.h"
-#include "input/InputError.h"
+#include "commands/calculators/Options.h"
 
 namespace zenivo::cli {
 namespace {
 
-CalculatorAnswer answerOf(const SpotStarsCalculator& calculator, CalculatorSession& session,
-                          const AbstractCamera& camera) {
-  const CalculatorEnvironment environment = session.environment();
-  const SpotStarsModel& model = calculator.model();
-  CalculatorAnswer answer(environment.units.currentUnits());
-  answer.addCamera("camera", camera);
-  addLens(answer, lensOf(model), environment.defaults, camera);
-  addAperture(answer, model.aperture());
-  answer.addInput(
-      {"declination", "Declination",
-       inDegrees(model.declination(), CameraValuesFormatter::formatAngle(model.declination()))});
-  const bool isAccurate = model.accuracy() == SpotStarsAccuracy::accurate;
-  answer.addInput({"accuracy",
-                   "Accuracy",
-                   {isAccurate ? "accurate" : "default", "",
-                    SpotStarsCalculator::accuracyText(model.accuracy())}});
-  const auto rows = calculator.results();
-  answer.setResultsTitle(SpotStarsCalculator::resultsTitle());
-  answer.addResult(
-      {"npf", rows[0].label(), inSeconds(model.maxExposureTimeWithNPFRule(), rows[0].text)});
-  answer.addResult({"ruleOf500", rows[1].label(),
-                    inSeconds(model.maxExposureTimeWithRuleOf500(), rows[1].text)});
-  return answer;
-}
-
-class StarsCommand : public Command {
+class StarsCommand : public ReadoutCommand<StarsQuestion> {
  public:
   void addTo(CLI::App& program) override;
-  std::string run(const Terminal& terminal, const GoOn&) override;
 
  private:
-  void edit(SpotStarsCalculator& calculator, CalculatorSession& session,
-            const AbstractCamera& camera) const;
+  StarsQuestion question(UnitSystem /*units*/) const override {
+    return {camera_.name(), lens_.question(), aperture_.read(CameraValuesParser::parseAperture),
+            declination_.read(CameraValuesParser::parseAngle), accuracy_.value(), explains_};
+  }
 
   CameraOption camera_;
   LensOptions lens_;
   TypedOption aperture_{"--aperture", "f/2.8"};
   TypedOption declination_{"--declination", "-12.5°"};
-  std::string accuracy_;
-  CalculatorOptions options_;
+  WordOption<SpotStarsAccuracy> accuracy_{
+      {{"default", SpotStarsAccuracy::standard}, {"accurate", SpotStarsAccuracy::accurate}}};
+  bool explains_ = false;
 };
 
 void StarsCommand::addTo(CLI::App& program) {
   CLI::App* app = program.add_subcommand("stars", "The longest exposure with stars as points");
-  camera_.addTo(*app, "The camera");
+  camera_.addTo(*app);
   lens_.addTo(*app);
   aperture_.addTo(*app, "Aperture; the nearest stop is taken");
   declination_.addTo(*app, "Lowest declination, north or south, of the stars in the frame");
-  app->add_option("--accuracy", accuracy_, "default, or accurate for half the trail")
-      ->type_name("ACCURACY")
-      ->check(CLI::IsMember({"default", "accurate"}));
-  options_.addTo(*app, Lengths::none);
+  accuracy_.addTo(*app, "--accuracy", "default, or accurate for half the trail", "ACCURACY");
+  app->add_flag("--explain", explains_, "Say what the rules, the accuracy and declination mean");
+  options().addTo(*app, Lengths::none);
   app->footer(
       "By the NPF rule, from aperture, pixels and focal length, and by the rule of 500, the\n"
       "old rule of thumb.  Film has no pixels, and the NPF rule no limit for it.\n"
@@ -77,37 +46,44 @@ void StarsCommand::addTo(CLI::App& program) {
       "  zenivo stars --camera \"Nikon D850\" --focal 14mm --declination -29 --accuracy accurate");
 }
 
-std::string StarsCommand::run(const Terminal& terminal, const GoOn&) {
-  CalculatorSession session;
-  options_.applyTo(session);
-  const AbstractCamera camera = camera_.applyTo(session);
-  SpotStarsCalculator calculator(session.environment());
-  calculator.load();
-  edit(calculator, session, camera);
-  options_.saveIfAsked(calculator, session);
-  return answerOf(calculator, session, camera).print(options_.wantsJson(), terminal);
-}
+class TrailsCommand : public ReadoutCommand<TrailsQuestion> {
+ public:
+  void addTo(CLI::App& program) override;
 
-void StarsCommand::edit(SpotStarsCalculator& calculator, CalculatorSession& session,
-                        const AbstractCamera& camera) const {
-  lens_.applyTo(calculator, lensOf(calculator.model()), session.settings(), camera);
-  if (const auto fstop = aperture_.read(CameraValuesParser::parseAperture)) {
-    expectTaken(calculator.setAperture(session.environment().apertures.apertureForStop(*fstop)));
+ private:
+  TrailsQuestion question(UnitSystem /*units*/) const override {
+    const auto seconds = time_.readPositive(CameraValuesParser::parseTimeDuration);
+    return {seconds ? std::optional(static_cast<float>(*seconds)) : std::nullopt,
+            angle_.readPositive(CameraValuesParser::parseAngle), hemisphere_.value()};
   }
-  if (const auto degrees = declination_.read(CameraValuesParser::parseAngle)) {
-    if (!(std::abs(*degrees) <= 90)) throw InputError("--declination must be -90 to 90 degrees");
-    calculator.setDeclination(*degrees);
-  }
-  if (!accuracy_.empty()) {
-    calculator.setAccuracy(accuracy_ == "accurate" ? SpotStarsAccuracy::accurate
-                                                   : SpotStarsAccuracy::standard);
-  }
+
+  TypedOption time_{"--time", "30min"};
+  TypedOption angle_{"--angle", "15°"};
+  WordOption<bool> hemisphere_{{{"north", true}, {"south", false}}};
+};
+
+void TrailsCommand::addTo(CLI::App& program) {
+  CLI::App* app = program.add_subcommand("trails", "How far stars trail in a long exposure");
+  CLI::Option* time = time_.addTo(*app, "Exposure time");
+  angle_.addTo(*app, "Solve for the time in which the stars sweep this angle")->excludes(time);
+  hemisphere_.addTo(*app, "--hemisphere", "The pole that the stars turn about", "HEMISPHERE");
+  options().addTo(*app, Lengths::none);
+  app->footer(
+      "A value that is not given is that of the last call with --save.\n"
+      "\n"
+      "Examples:\n"
+      "  zenivo trails --time 1h30min\n"
+      "  zenivo trails --angle 30 --hemisphere south --json");
 }
 
 }  // namespace
 
 std::unique_ptr<Command> makeStarsCommand() {
   return std::make_unique<StarsCommand>();
+}
+
+std::unique_ptr<Command> makeTrailsCommand() {
+  return std::make_unique<TrailsCommand>();
 }
 
 }  // namespace zenivo::cli

@@ -25,9 +25,9 @@ std::string angleText(double degrees, char positive, char negative) {
   return fmt::format("{:.4f}° {}", std::fabs(degrees), degrees < 0 ? negative : positive);
 }
 
-std::string placeText(const Location& location) {
-  std::string text =
-      angleText(location.latitude, 'N', 'S') + ", " + angleText(location.longitude, 'E', 'W');
+std::string placeText(const ZVLocation& location) {
+  std::string text = angleText(location.coordinate.latitude, 'N', 'S') + ", " +
+                     angleText(location.coordinate.longitude, 'E', 'W');
   if (location.altitude != 0) text += fmt::format(", {:.0f} m", location.altitude);
   return text;
 }

@@ -2,58 +2,33 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/Session.h"
+#include "answers/common/Home.h"
+#include "answers/events/EclipseList.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
 #include "commands/events/Commands.h"
-#include "commands/events/Eclipses.h"
-#include "eclipses/EclipseSelector.h"
+#include "commands/events/KindOption.h"
+#include "eclipses/StoredEclipseCatalogue.h"
 #include "foundation/DateFormatter.h"
-#include "input/InputError.h"
 #include "input/MomentParser.h"
 
 namespace zenivo::cli {
 namespace {
 
-struct ListedEclipse {
-  EclipseRow row;
-  double mjd = 0;              ///< of greatest eclipse
-  std::int32_t localType = 0;  ///< display code; 0 too without a place
-};
-
-struct EclipseList {
-  std::vector<ListedEclipse> eclipses;
-  std::optional<Scene> scene;
-  TimeZone zone;
-};
-
-Json listJson(const EclipseList& list) {
-  Json eclipses = Json::array();
-  for (const ListedEclipse& eclipse : list.eclipses) {
-    eclipses.push_back({{"name", eclipse.row.name},
-                        {"kind", wordOf(kindOf(eclipse.row))},
-                        {"type", eclipseTypeAsInt(eclipse.row)},
-                        {"time", momentJson(eclipse.mjd, list.zone)},
-                        {"localType", list.scene ? Json(eclipse.localType) : Json(nullptr)}});
-  }
-  return {{"zone", list.zone.name()},
-          {"place", list.scene ? placeJson(list.scene->location) : Json(nullptr)},
-          {"eclipses", std::move(eclipses)}};
-}
-
-std::string listText(const EclipseList& list, const Terminal& terminal) {
+std::string listText(const EclipsesReport& report, const Terminal& terminal) {
+  const auto& scene = report.question.scene;
   std::string text;
-  if (list.scene) {
-    text = heading(*list.scene, "Eclipses", "local time of greatest eclipse", terminal) + "\n";
+  if (scene) {
+    text = heading(*scene, "Eclipses", "local time of greatest eclipse", terminal) + "\n";
   }
-  if (list.eclipses.empty()) return text + "No eclipse in this period.\n";
-  Table table({{"greatest"}, {"name"}, {"eclipse"}, {list.scene ? "seen from here" : ""}});
-  for (const ListedEclipse& eclipse : list.eclipses) {
-    const std::string time = iso8601String(dateOfMjd(eclipse.mjd), list.zone);
-    const bool isFaint = list.scene && eclipse.localType == 0;
+  if (report.eclipses.empty()) return text + "No eclipse in this period.\n";
+  Table table({{"greatest"}, {"name"}, {"eclipse"}, {scene ? "seen from here" : ""}});
+  for (const ListedEclipse& eclipse : report.eclipses) {
+    const std::string time = iso8601String(dateOfMjd(eclipse.mjd), report.question.zone);
+    const bool isFaint = scene && eclipse.localType == 0;
     table.addRow({time.substr(0, 10) + " " + time.substr(11, 5), eclipse.row.name,
                   eclipseLongTypeString(eclipse.row),
-                  list.scene ? eclipseTypeToString(kindOf(eclipse.row), eclipse.localType) : ""},
+                  scene ? eclipseTypeToString(kindOf(eclipse.row), eclipse.localType) : ""},
                  isFaint ? Style::faint : Style::plain);
   }
   return text + table.text(terminal);
@@ -61,6 +36,8 @@ std::string listText(const EclipseList& list, const Terminal& terminal) {
 
 class EclipsesCommand : public Command {
  public:
+  explicit EclipsesCommand(Home& home) : home_(home) {}
+
   void addTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand(
         "eclipses", "The eclipses of 1801 to 2200, and how they are seen from a place");
@@ -68,9 +45,7 @@ class EclipsesCommand : public Command {
     app->add_option("--from", from_, "First day (default: as far as the catalogue goes)")
         ->type_name("DATE");
     app->add_option("--to", to_, "Last day (default: the same)")->type_name("DATE");
-    app->add_option("--kind", kind_, "solar or lunar")
-        ->type_name("KIND")
-        ->check(CLI::IsMember({"solar", "lunar"}));
+    kind_.addTo(*app);
     app->footer(
         "Without --at the times are of --zone, or UTC.\n"
         "\n"
@@ -80,11 +55,10 @@ class EclipsesCommand : public Command {
   }
 
   std::string run(const Terminal& terminal, const GoOn&) override {
-    EclipseList list;
-    if (scene_.hasPlace()) list.scene = scene_.resolve();
-    list.zone = list.scene ? list.scene->zone : scene_.resolveZone();
-    fill(list);
-    return scene_.wantsJson() ? listJson(list).dump(2) + "\n" : listText(list, terminal);
+    const EclipsesQuestion question = ask();
+    const StoredEclipseCatalogue catalogue(home_.database().staticManagedObjectContext());
+    const EclipsesReport report = answer(question, catalogue);
+    return scene_.wantsJson() ? json(report).dump(2) + "\n" : listText(report, terminal);
   }
 
  private:
@@ -96,31 +70,27 @@ class EclipsesCommand : public Command {
     return Calendar(zone).dateFromComponents(day);
   }
 
-  void fill(EclipseList& list) const {
-    const auto from = limit(from_, list.zone, false);
-    const auto to = limit(to_, list.zone, true);
-    if (from && to && *from >= *to) throw InputError("the period ends before it begins");
-    const auto catalogue = openEclipseCatalogue();
-    for (EclipseRow& row : eclipsesOfKind(*catalogue, kindOfWord(kind_))) {
-      const double mjd = mjdOfGreatestEclipse(row);
-      const Date date = dateOfMjd(mjd);
-      if ((from && date < *from) || (to && date >= *to)) continue;
-      const std::int32_t type =
-          list.scene ? eclipseTypeAt(observerOf(list.scene->location), row) : 0;
-      list.eclipses.push_back({std::move(row), mjd, type});
-    }
+  EclipsesQuestion ask() const {
+    EclipsesQuestion question;
+    if (scene_.hasPlace()) question.scene = scene_.resolve();
+    question.zone = question.scene ? question.scene->zone : scene_.resolveZone();
+    question.from = limit(from_, question.zone, false);
+    question.to = limit(to_, question.zone, true);
+    question.kind = kind_.resolve();
+    return question;
   }
 
+  Home& home_;
   SceneOptions scene_;
   std::string from_;
   std::string to_;
-  std::string kind_;
+  KindOption kind_;
 };
 
 }  // namespace
 
-std::unique_ptr<Command> makeEclipsesCommand() {
-  return std::make_unique<EclipsesCommand>();
+std::unique_ptr<Command> makeEclipsesCommand(Home& home) {
+  return std::make_unique<EclipsesCommand>(home);
 }
 
 }  // namespace zenivo::cli

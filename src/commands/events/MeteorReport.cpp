@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "answers/common/Session.h"
 #include "commands/events/ShowerFinder.h"
 #include "foundation/MainQueue.h"
 #include "time/DateEphemeris.h"
@@ -12,8 +11,8 @@ namespace zenivo::cli {
 namespace {
 
 LocationInfoData dataFor(const MeteorQuestion& question) {
-  LocationInfoData data{question.moment, std::nullopt};
-  if (question.scene) data.location = locationOfPin(pinAt(question.scene->location));
+  LocationInfoData data{question.moment, std::nullopt, question.zone};
+  if (question.scene) data.location = question.scene->location;
   return data;
 }
 
@@ -31,7 +30,7 @@ std::int64_t idOfShower(std::string_view name) {
 /// The day in whose evening the night begins.
 Date eveningOf(const MeteorShowerManager& manager) {
   const bool isLastNight = manager.currentMjdDate() < manager.meteorMjdPeakThreshold();
-  return isLastNight ? dateByAddingNumberOfDays(manager.currentDate(), -1, cachedCalendar())
+  return isLastNight ? dateByAddingNumberOfDays(manager.currentDate(), -1, manager.calendar())
                      : manager.currentDate();
 }
 

@@ -4,20 +4,14 @@
 
 #include "answers/common/Words.h"
 #include "answers/library/Pois.h"
+#include "commands/common/PlaceText.h"
 #include "commands/common/Table.h"
 #include "commands/library/Commands.h"
 #include "foundation/LocalizedString.h"
-#include "input/CoordinateParser.h"
-#include "input/GeoNames.h"
 #include "input/InputError.h"
-#include "input/PlaceFinder.h"
 
 namespace zenivo::cli {
 namespace {
-
-Location placeFrom(const std::string& text) {
-  return looksLikeCoordinates(text) ? parseCoordinates(text) : findPlace(GeoNames(), text).location;
-}
 
 class PoisCommand : public Command {
  public:
@@ -44,7 +38,7 @@ class PoisCommand : public Command {
 
   std::string run(const Terminal& terminal, const GoOn&) override {
     PoisQuestion question{.text = text_, .near = {}, .limit = limit_};
-    if (!near_.empty()) question.near = placeFrom(near_);
+    if (!near_.empty()) question.near = placeFrom(near_, "--near").coordinate;
     Stores stores(home_.database());
     const PoisReport report = answer(question, stores);
     return wantsJson_ ? json(report).dump(2) + "\n" : textOf(report, terminal);

@@ -55,8 +55,8 @@ DayReport computeDay(const Scene& scene, Date moment) {
   return report;
 }
 
-std::vector<SkySample> sampleDay(const Location& location, const DayClock& day, int count) {
-  const PtPosition observer = observerOf(location);
+std::vector<SkySample> sampleDay(const ZVLocation& location, const DayClock& day, int count) {
+  const PtPosition observer = location.getPtPosition();
   ephemeris::PtSun sun(observer);
   ephemeris::PtMoon moon(observer);
   const double step = day.end().timeIntervalSinceDate(day.start()) / count;

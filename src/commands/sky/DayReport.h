@@ -45,7 +45,7 @@ struct DayReport {
 DayReport computeDay(const Scene& scene, Date moment);
 
 /// Elevations over a day, in the middle of `count` equal parts.
-std::vector<SkySample> sampleDay(const Location& location, const DayClock& day, int count);
+std::vector<SkySample> sampleDay(const ZVLocation& location, const DayClock& day, int count);
 
 /// The day as JSON; docs/json.md has the keys.
 Json dayJson(const DayReport& day);

@@ -81,7 +81,7 @@ class MoonCommand : public Command {
     const std::int64_t wanted = year_.empty()
                                     ? Calendar(scene.zone).componentsFromDate(Date::now()).year
                                     : parseYear(year_);
-    const MoonDistancesYear year(observerOf(scene.location), wanted, Calendar(scene.zone));
+    const MoonDistancesYear year(scene.location.getPtPosition(), wanted, Calendar(scene.zone));
     return scene_.wantsJson() ? moonJson(scene, year).dump(2) + "\n"
                               : moonText(scene, year, terminal);
   }

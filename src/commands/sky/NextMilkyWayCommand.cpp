@@ -28,8 +28,8 @@ struct Visibility {
 };
 
 /// The next time that the centre is seen, one in progress included.
-std::optional<Visibility> findVisibility(const Location& location, Date moment) {
-  const PtPosition observer = observerOf(location);
+std::optional<Visibility> findVisibility(const ZVLocation& location, Date moment) {
+  const PtPosition observer = location.getPtPosition();
   ephemeris::PtSun sun(observer);
   ephemeris::PtMilkyWay milkyWay(observer);
   const auto limit = [&](double mjd) {
@@ -69,7 +69,7 @@ Json visibilityJson(const Scene& scene, const std::optional<Visibility>& found) 
 
 std::string visibilityText(const Scene& scene, const std::optional<Visibility>& found) {
   if (!found) {
-    return scene.location.latitude > 58
+    return scene.location.coordinate.latitude > 58
                ? "\nNorth of 58° the galactic centre hardly clears the horizon.\n"
                : "\nThe galactic centre is not visible in the dark within half a year.\n";
   }

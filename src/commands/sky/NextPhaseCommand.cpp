@@ -47,9 +47,8 @@ class NextPhaseCommand : public Command {
   std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
     const Date moment = moment_.resolve(scene.zone);
-    setCachedCalendarTimeZone(scene.zone);
     const std::int32_t wanted = phase_.empty() ? kNoMoonPhase : kPhases.at(phase_);
-    const auto found = neighbouringPhase(moment, !wantsPrevious_, wanted);
+    const auto found = neighbouringPhase(moment, !wantsPrevious_, Calendar(scene.zone), wanted);
     if (!found) throw InputError("the series of the Moon's phases does not reach that time");
     const double mjd = getMjd(found->date);
     if (scene_.wantsJson()) {

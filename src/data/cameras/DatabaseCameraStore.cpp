@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "data/stores/Cameras.h"
-#include "foundation/Failure.h"
+#include "foundation/Error.h"
 #include "foundation/ShortestDecimal.h"
 
 namespace zenivo {
@@ -92,11 +92,10 @@ std::shared_ptr<CustomCamera> cameraWith(std::string_view identifier,
   return found != cameras.end() ? *found : nullptr;
 }
 
-bool saveOrRollBack(ManagedObjectContext& context, std::string* error) {
-  Error reason;
-  if (context.save(&reason)) return true;
+bool saveOrRollBack(ManagedObjectContext& context, Error* error) {
+  if (context.save(error)) return true;
   context.rollback();
-  return fail(error, reason.description);
+  return false;
 }
 
 }  // namespace
@@ -155,25 +154,22 @@ std::shared_ptr<CustomCamera> DatabaseCameraStore::objectToSave(const CustomCame
   const auto cameras = zenivo::loadCustomCameras("", context, error);
   if (!cameras) return nullptr;
   auto object = cameraWith(camera.uniqueIdentifier, *cameras);
-  if (!object) error->description = "the camera has been deleted meanwhile";
+  if (!object) fail(error, {.description = "the camera has been deleted meanwhile"});
   return object;
 }
 
-bool DatabaseCameraStore::saveCustomCamera(const CustomCameraRecord& camera, std::string* error) {
-  Error reason;
-  const auto object = objectToSave(camera, &reason);
-  if (!object) return fail(error, reason.description);
+bool DatabaseCameraStore::saveCustomCamera(const CustomCameraRecord& camera, Error* error) {
+  const auto object = objectToSave(camera, error);
+  if (!object) return false;
   write(camera, *object);
   return saveOrRollBack(*database_.managedObjectContext(), error);
 }
 
-bool DatabaseCameraStore::deleteCustomCamera(std::string_view uniqueIdentifier,
-                                             std::string* error) {
+bool DatabaseCameraStore::deleteCustomCamera(std::string_view uniqueIdentifier, Error* error) {
   ManagedObjectContext* context = own();
   if (context == nullptr) return true;
-  Error reason;
-  const auto cameras = zenivo::loadCustomCameras("", *context, &reason);
-  if (!cameras) return fail(error, reason.description);
+  const auto cameras = zenivo::loadCustomCameras("", *context, error);
+  if (!cameras) return false;
   const auto object = cameraWith(uniqueIdentifier, *cameras);
   if (!object) return true;
   context->deleteObject(object);

@@ -31,8 +31,8 @@ class DatabaseCameraStore : public CameraStore {
   std::vector<CustomCameraRecord> loadCustomCameras() const override;
   std::optional<CustomCameraRecord> loadCameraWithModel(std::string_view model) const override;
   bool existsCameraWithModel(const CustomCameraRecord& camera) const override;
-  bool saveCustomCamera(const CustomCameraRecord& camera, std::string* error) override;
-  bool deleteCustomCamera(std::string_view uniqueIdentifier, std::string* error) override;
+  bool saveCustomCamera(const CustomCameraRecord& camera, Error* error) override;
+  bool deleteCustomCamera(std::string_view uniqueIdentifier, Error* error) override;
 
   /// The presets whose brand or model contains the text, all for an empty one, whatever
   /// case and accents, by model.  Nullopt when the fetch failed.

@@ -42,42 +42,29 @@ Members membersOf(const RelationshipDescription& hop, const std::string& owner,
 
 enum SearchMode { kIgnoresCase = 1, kIgnoresMarks = 2, kBegins = 4 };
 
-std::string_view textOf(sqlite3_value* value) {
-  const auto* start = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  return start == nullptr
-             ? std::string_view()
-             : std::string_view(start, static_cast<std::size_t>(sqlite3_value_bytes(value)));
-}
-
-/// zenivo_search(text, folded, mode): whether the text, folded, contains the other or
-/// begins with it.
-void searchText(sqlite3_context* context, int, sqlite3_value** arguments) {
-  if (sqlite3_value_type(arguments[0]) == SQLITE_NULL) return sqlite3_result_int(context, 0);
-  const int mode = sqlite3_value_int(arguments[2]);
+/// Whether the text, folded, contains the other or begins with it.
+bool searchText(std::string_view text, std::string_view folded, int mode) {
   const TextFolding folding{(mode & kIgnoresCase) != 0, (mode & kIgnoresMarks) != 0};
-  const bool found =
-      foldedTextMatches(textOf(arguments[0]), textOf(arguments[1]), folding, (mode & kBegins) != 0);
-  sqlite3_result_int(context, found ? 1 : 0);
+  return foldedTextMatches(text, folded, folding, (mode & kBegins) != 0);
 }
 
 }  // namespace
 
-void BoundValues::answer(sqlite3_context* context, std::size_t index) const {
+void BoundValues::answer(const sqlite::Result& result, std::size_t index) const {
   const Value& value = values_[index];
   if (const auto* bytes = value.data()) {
-    sqlite3_result_blob64(context, bytes->data(), bytes->size(), SQLITE_STATIC);
+    result.give(std::span(*bytes));
   } else if (value.holds<std::string>()) {
-    const std::string& text = value.string();
-    sqlite3_result_text64(context, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
+    result.give(std::string_view(value.string()));
   } else if (value.holds<std::int64_t>()) {
-    sqlite3_result_int64(context, *value.integer());
+    result.give(*value.integer());
   } else if (value.holds<ObjectID>()) {
-    sqlite3_result_int64(context, value.objectID().key());
+    result.give(value.objectID().key());
   } else if (!value.isNull()) {
     const auto date = value.date();
     const double real = date ? date->timeIntervalSinceReferenceDate() : *value.real();
-    if (std::isnan(real)) return sqlite3_result_text(context, "nan", 3, SQLITE_STATIC);
-    sqlite3_result_double(context, real);
+    if (std::isnan(real)) return result.give(kNotANumber);
+    result.give(real);
   }
 }
 
@@ -264,9 +251,7 @@ std::string SqlQuery::ordering(Scope& scope, const FetchRequest& request,
 }
 
 void addPredicateFunctions(sqlite::Connection& connection) {
-  sqlite3_create_function_v2(connection.handle(), "zenivo_search", 3,
-                             SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr,
-                             searchText, nullptr, nullptr, nullptr);
+  sqlite::addTextTest(connection, "zenivo_search", searchText);
 }
 
 }  // namespace zenivo

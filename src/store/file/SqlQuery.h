@@ -29,7 +29,7 @@ class BoundValues : public sqlite::ValueList {
  public:
   explicit BoundValues(const std::vector<Value>& values) : values_(values) {}
   std::size_t size() const override { return values_.size(); }
-  void answer(sqlite3_context* context, std::size_t index) const override;
+  void answer(const sqlite::Result& result, std::size_t index) const override;
 
  private:
   const std::vector<Value>& values_;

@@ -11,18 +11,19 @@ namespace zenivo {
 namespace {
 
 Value readAny(const sqlite::Statement& row, int column) {
-  switch (row.columnType(column)) {
-    case SQLITE_INTEGER:
+  switch (row.stored(column)) {
+    case sqlite::Stored::integer:
       return row.integer(column);
-    case SQLITE_FLOAT:
+    case sqlite::Stored::real:
       return row.real(column);
-    case SQLITE_TEXT:
+    case sqlite::Stored::text:
       return row.text(column);
-    case SQLITE_BLOB:
+    case sqlite::Stored::bytes:
       return readAttribute(row, column, AttributeType::binary);
-    default:
-      return {};
+    case sqlite::Stored::null:
+      break;
   }
+  return {};
 }
 
 }  // namespace

@@ -6,9 +6,6 @@
 namespace zenivo {
 namespace {
 
-// SQLite has no form for not-a-number; this text sorts behind all numbers.
-constexpr std::string_view kNotANumber = "nan";
-
 std::string fullName(const RelationshipDescription& relationship) {
   return relationship.entity->name() + "." + relationship.name;
 }
@@ -212,9 +209,9 @@ RowPlan::RowPlan(const EntityDescription& entity, bool includesSubentities,
 }
 
 Value readAttribute(const sqlite::Statement& row, int column, AttributeType type) {
-  const int stored = row.columnType(column);
-  if (stored == SQLITE_NULL) return {};
-  const double real = stored == SQLITE_TEXT ? std::nan("") : row.real(column);
+  const sqlite::Stored stored = row.stored(column);
+  if (stored == sqlite::Stored::null) return {};
+  const double real = stored == sqlite::Stored::text ? std::nan("") : row.real(column);
   switch (type) {
     case AttributeType::integer16:
     case AttributeType::integer32:

@@ -76,6 +76,9 @@ struct RowPlan {
   std::map<const EntityDescription*, std::vector<Field>> fields;
 };
 
+/// SQLite has no form for not-a-number; this text sorts behind all numbers.
+inline constexpr std::string_view kNotANumber = "nan";
+
 /// Values as columns and parameters hold them.
 Value readAttribute(const sqlite::Statement& row, int column, AttributeType type);
 void bindValue(sqlite::Statement& statement, int parameter, const Value& value);

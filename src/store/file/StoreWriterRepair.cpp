@@ -88,7 +88,7 @@ void StoreWriter::commit() {
     transaction_.commit();
   } catch (const sqlite::SqliteFailure& failure) {
     // Foreign keys are checked at the end: a row refers to one that others deleted.
-    if (failure.extendedCode() != SQLITE_CONSTRAINT_FOREIGNKEY) throw;
+    if (!failure.isForeignKeyFailure()) throw;
     if (request_.mergePolicy == MergePolicy::error) {
       throw StoreFailure(StoreErrorCode::conflict,
                          "an object that a relationship leads to was deleted by another save");

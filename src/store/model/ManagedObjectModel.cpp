@@ -28,7 +28,7 @@ std::string lowerCase(std::string text) {
   return text;
 }
 
-Data digestOf(const std::string& text) {
+Data entityDigest(const std::string& text) {
   Data digest(SHA256_DIGEST_LENGTH);
   SHA256(reinterpret_cast<const unsigned char*>(text.data()), text.size(), digest.data());
   return digest;
@@ -49,7 +49,7 @@ class ModelBuilder {
     for (const EntityDeclaration& declaration : declarations_) connectRelationships(declaration);
     for (const auto& entity : model_->entities_) gather(*entity);
     for (const auto& entity : model_->entities_) {
-      entity->versionHash_ = digestOf(formatEntityRecord(recordOfEntity(*entity)));
+      entity->versionHash_ = entityDigest(formatEntityRecord(recordOfEntity(*entity)));
     }
     return model_;
   }

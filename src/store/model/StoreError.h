@@ -51,9 +51,8 @@ class StoreFailure : public std::runtime_error {
   Error error_;
 };
 
-/// The exception being handled, as an error: a StoreFailure's own, what SQLite
-/// reports by its code, an invalid argument as an invalid request.  Call it in a
-/// handler only; anything else is thrown on.
+/// The exception being handled, as an error: a StoreFailure's own, an invalid argument
+/// as an invalid request.  Call it in a handler only; anything else is thrown on.
 Error errorOfCurrentException();
 
 }  // namespace zenivo

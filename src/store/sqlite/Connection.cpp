@@ -91,7 +91,7 @@ void Connection::rollback() noexcept {
   if (!inTransaction()) return;
   try {
     run("ROLLBACK");
-  } catch (const SqliteFailure&) {
+  } catch (const StoreFailure&) {
     // The transaction has ended all the same; what failed was tidying the disk.
   }
 }

@@ -2,22 +2,24 @@
 
 #pragma once
 
-#include <stdexcept>
 #include <string>
+
+#include "store/model/StoreError.h"
 
 struct sqlite3;
 
 namespace zenivo::sqlite {
 
-/// A call of SQLite that failed.  Never leaves the store layer.
-class SqliteFailure : public std::runtime_error {
+/// A call of SQLite that failed: what it means in one sentence, with SQLite's own words
+/// under "sqlite" for the log.
+class SqliteFailure : public StoreFailure {
  public:
-  SqliteFailure(int extendedCode, const std::string& message)
-      : std::runtime_error(message), extendedCode_(extendedCode) {}
+  SqliteFailure(int extendedCode, const std::string& words);
 
-  /// SQLite's result code, with and without the detail in its upper bytes.
-  int extendedCode() const { return extendedCode_; }
-  int code() const { return extendedCode_ & 0xff; }
+  /// A row refers to one that is not there.
+  bool isForeignKeyFailure() const;
+  /// The file, or what SQLite keeps beside it, may not be opened or written.
+  bool isForbidden() const;
 
  private:
   int extendedCode_;

@@ -12,6 +12,15 @@
 
 namespace zenivo::sqlite {
 
+/// As what a value lies in the file.
+enum class Stored {
+  integer = SQLITE_INTEGER,
+  real = SQLITE_FLOAT,
+  text = SQLITE_TEXT,
+  bytes = SQLITE_BLOB,
+  null = SQLITE_NULL,
+};
+
 /// A prepared statement: parameters are bound from 1 on, rows are stepped through,
 /// columns are read from 0 on.  Failing calls throw SqliteFailure.
 class Statement {
@@ -34,8 +43,10 @@ class Statement {
   /// Makes the statement ready to run again; the bound values are let go.
   void reset();
 
-  int columnType(int column) const { return sqlite3_column_type(handle_.get(), column); }
-  bool isNull(int column) const { return columnType(column) == SQLITE_NULL; }
+  Stored stored(int column) const {
+    return static_cast<Stored>(sqlite3_column_type(handle_.get(), column));
+  }
+  bool isNull(int column) const { return stored(column) == Stored::null; }
   std::int64_t integer(int column) const { return sqlite3_column_int64(handle_.get(), column); }
   double real(int column) const { return sqlite3_column_double(handle_.get(), column); }
   /// Valid until the next step.

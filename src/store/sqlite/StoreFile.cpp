@@ -1,7 +1,6 @@
 #include "store/sqlite/StoreFile.h"
 
 #include <cerrno>
-#include <chrono>
 #include <map>
 #include <system_error>
 
@@ -11,7 +10,6 @@
 namespace zenivo::sqlite {
 namespace {
 
-constexpr std::chrono::seconds kLockPatience{30};
 constexpr int kLogPagesToCheckpoint = 1000;
 constexpr std::size_t kIdleReaders = 4;
 
@@ -40,7 +38,7 @@ bool isEmptyOrMissing(const std::filesystem::path& file) {
 void requireStore(Connection& connection) {
   const bool isEmpty = connection.integerOf("SELECT count(*) FROM sqlite_schema") == 0;
   if (!isEmpty && connection.integerOf("PRAGMA application_id") != kApplicationId) {
-    throw SqliteFailure(SQLITE_NOTADB, "the file is a database of another program");
+    throw StoreFailure(StoreErrorCode::notAStore, "the file is a database of another program");
   }
 }
 
@@ -51,7 +49,7 @@ void requireWhole(Connection& connection, const std::filesystem::path& file) {
   const auto bytes = static_cast<std::uintmax_t>(connection.integerOf("PRAGMA page_count") *
                                                  connection.integerOf("PRAGMA page_size"));
   if (std::filesystem::file_size(file) < bytes) {
-    throw SqliteFailure(SQLITE_CORRUPT, "the end of the file is missing");
+    throw StoreFailure(StoreErrorCode::damagedFile, "the store is damaged: its end is missing");
   }
 }
 
@@ -90,7 +88,7 @@ StoreFile::~StoreFile() {
   idleReaders_.clear();
   if (!writer_) return;
   // The last connection of all processes empties the log as it closes.
-  const bool locked = lock_->acquire(kLockPatience);
+  const bool locked = lock_->acquire();
   sqlite3_db_config(writer_->handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, locked ? 0 : 1, nullptr);
   writer_.reset();
   if (locked) lock_->release();
@@ -98,7 +96,7 @@ StoreFile::~StoreFile() {
 
 void StoreFile::openReadOnly() {
   if (!std::filesystem::exists(path_)) {
-    throw SqliteFailure(SQLITE_CANTOPEN, "there is no such file");
+    throw StoreFailure(StoreErrorCode::missingFile, "there is no such store");
   }
   try {
     auto reader = connect(Access::read);
@@ -108,9 +106,7 @@ void StoreFile::openReadOnly() {
   } catch (const SqliteFailure& failure) {
     // A file in WAL mode wants companions that a folder nobody can write cannot
     // hold; then nobody else can write the file either.
-    const bool lacksCompanions =
-        failure.code() == SQLITE_CANTOPEN || failure.code() == SQLITE_READONLY;
-    if (!lacksCompanions || !isEmptyOrMissing(beside(path_, "-wal"))) throw;
+    if (!failure.isForbidden() || !isEmptyOrMissing(beside(path_, "-wal"))) throw;
     readAccess_ = Access::immutable;
     auto reader = connect(Access::immutable);
     requireStore(*reader);
@@ -122,16 +118,16 @@ void StoreFile::openReadOnly() {
 void StoreFile::openForWriting() {
   auto writer = connect(Access::write);
   if (sqlite3_db_readonly(writer->handle(), "main") == 1) {
-    throw SqliteFailure(SQLITE_READONLY, "the file may not be written");
+    throw StoreFailure(StoreErrorCode::notWritable, "the store may not be written");
   }
   requireStore(*writer);
   requireWhole(*writer, path_);
   std::error_code error;
-  lock_.emplace(beside(path_, "-lock"), error);
-  if (error) {
+  lock_ = FileLock::open(path_, "-lock", error);
+  if (!lock_) {
     const bool forbidden = error.value() == EACCES || error.value() == EROFS;
-    throw SqliteFailure(forbidden ? SQLITE_READONLY_DIRECTORY : SQLITE_CANTOPEN,
-                        "the lock file cannot be opened: " + error.message());
+    throw StoreFailure(forbidden ? StoreErrorCode::notWritable : StoreErrorCode::missingFile,
+                       "the store's lock file cannot be opened: " + error.message());
   }
   acquireLock();
   try {
@@ -155,8 +151,8 @@ std::unique_ptr<Connection> StoreFile::connect(Access access) const {
 }
 
 void StoreFile::acquireLock() {
-  if (!lock_->acquire(kLockPatience)) {
-    throw SqliteFailure(SQLITE_BUSY, "another process keeps the store locked");
+  if (!lock_->acquire()) {
+    throw StoreFailure(StoreErrorCode::busy, "another process keeps the store locked");
   }
 }
 

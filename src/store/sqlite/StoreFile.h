@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "foundation/FileLock.h"
 #include "store/sqlite/Connection.h"
-#include "store/sqlite/StoreLock.h"
 
 namespace zenivo::sqlite {
 
@@ -99,7 +99,7 @@ class StoreFile {
   const std::filesystem::path path_;
   const FileOptions options_;
   Access readAccess_ = Access::read;
-  std::optional<StoreLock> lock_;
+  std::optional<FileLock> lock_;
 
   std::mutex writerTurn_;
   std::unique_ptr<Connection> writer_;

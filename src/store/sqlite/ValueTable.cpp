@@ -76,7 +76,7 @@ int isAtEnd(sqlite3_vtab_cursor* cursor) {
 
 int readColumn(sqlite3_vtab_cursor* cursor, sqlite3_context* context, int column) {
   const Cursor& at = cursorOf(cursor);
-  if (column == kValue) at.list->answer(context, at.index);
+  if (column == kValue) at.list->answer(Result(context), at.index);
   if (column == kPosition) sqlite3_result_int64(context, static_cast<sqlite3_int64>(at.index));
   return SQLITE_OK;
 }

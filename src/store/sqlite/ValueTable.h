@@ -2,9 +2,9 @@
 
 #pragma once
 
-#include <sqlite3.h>
-
 #include <cstddef>
+
+#include "store/sqlite/SqlFunction.h"
 
 namespace zenivo::sqlite {
 
@@ -18,7 +18,7 @@ class ValueList {
   virtual ~ValueList() = default;
   virtual std::size_t size() const = 0;
   /// Gives the value at `index` as the result of a column.
-  virtual void answer(sqlite3_context* context, std::size_t index) const = 0;
+  virtual void answer(const Result& result, std::size_t index) const = 0;
 };
 
 /// Makes `value_list(?)`, a table with the columns `value` and `position` (from 0),

@@ -16,9 +16,9 @@ namespace zenivo {
 namespace {
 
 PropertyList::Dictionary firstValues() {
-  std::string error;
+  Error error;
   auto defaults = bundledDefaults(&error);
-  EXPECT_TRUE(defaults) << error;
+  EXPECT_TRUE(defaults) << error.description;
   return defaults.value_or(PropertyList::Dictionary());
 }
 
@@ -117,10 +117,10 @@ TEST(Settings, TextsAreReadByTypeAndWrittenBack) {
       {SettingType::archive, "x", std::nullopt},
   };
   for (const auto& c : cases) {
-    std::string error;
+    Error error;
     const auto value = settingFromText(c.type, c.text, &error);
     EXPECT_EQ(value, c.value) << c.text;
-    EXPECT_EQ(error.empty(), value.has_value()) << c.text;
+    EXPECT_EQ(error.description.empty(), value.has_value()) << c.text;
     if (!value) continue;
     EXPECT_EQ(settingFromText(c.type, textOfSetting(*value)), value) << c.text;
   }
@@ -152,9 +152,9 @@ TEST_F(SettingsMigrationTest, OlderSettingsAreTakenOverOnce) {
 TEST_F(SettingsMigrationTest, ABrokenFileIsLeftForAnotherTime) {
   std::ofstream(old()) << "<plist";
   UserDefaults settings(shared());
-  std::string error;
+  Error error;
   EXPECT_FALSE(migrateUserDefaultsIfNeccessary(settings, old(), &error));
-  EXPECT_NE(error, "");
+  EXPECT_NE(error.description, "");
   EXPECT_FALSE(settings.boolForKey(zenivo_migrate_appgroups));
   std::filesystem::remove(old());
   EXPECT_TRUE(migrateUserDefaultsIfNeccessary(settings, old()));

@@ -20,9 +20,9 @@ TEST(Url, ReadsSchemeHostAndQuery) {
   EXPECT_TRUE(Url::parse("file:///tmp/a%20b.kml")->isFileURL());
   EXPECT_EQ(Url::parse("file:///tmp/a%20b.kml")->path(), "/tmp/a b.kml");
   for (const char* bad : {"", "zenivo", "zenivo://plan?id=%zz", "zenivo://a b", "://x"}) {
-    std::string error;
+    Error error;
     EXPECT_FALSE(Url::parse(bad, &error)) << bad;
-    EXPECT_NE(error, "") << bad;
+    EXPECT_NE(error.description, "") << bad;
   }
 }
 
@@ -122,9 +122,9 @@ TEST(Menu, RefusesListsThatAreNone) {
           {"Sections", Array{Dictionary{{"Items", Array{Dictionary{{"Title", "sun"}}}}}}}}),
   };
   for (const PropertyList& list : bad) {
-    std::string error;
+    Error error;
     EXPECT_FALSE(menuFromNavigation(list, &error)) << formatPropertyList(list);
-    EXPECT_NE(error, "");
+    EXPECT_NE(error.description, "");
   }
 }
 

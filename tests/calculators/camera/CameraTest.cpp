@@ -94,9 +94,9 @@ TEST_F(Cameras, DeletingTheChosenOneChoosesAnother) {
   EXPECT_TRUE(chooser.deleteCustomCamera(b));
   EXPECT_EQ(chooser.camera()->modelString(), "A");
   cameras.isBroken = true;
-  std::string error;
+  Error error;
   EXPECT_FALSE(chooser.deleteCustomCamera(a, &error));
-  EXPECT_EQ(error, "disk full");
+  EXPECT_EQ(error.description, "disk full");
   EXPECT_EQ(chooser.camera()->modelString(), "A");
   cameras.isBroken = false;
   EXPECT_TRUE(chooser.deleteCustomCamera(a));

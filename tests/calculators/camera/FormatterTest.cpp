@@ -24,12 +24,12 @@ class Formatter : public testing::Test {
  protected:
   std::string imperial(double inches, bool withFraction) {
     units_.setCurrentUnits(UnitSystem::imperial);
-    return format_.formatDistance(static_cast<float>(inches * 0.0254), true, withFraction);
+    return distances().formatDistance(static_cast<float>(inches * 0.0254), true, withFraction);
   }
 
   UserDefaults defaults_;
   DistanceUnitsManager units_{defaults_};
-  Format format_{units_};
+  Format distances() const { return Format(units_.currentUnits()); }
 };
 
 TEST_F(Formatter, LensesAndLight) {
@@ -98,18 +98,18 @@ TEST_F(Formatter, ShutterSpeedsAndDurationsCarry) {
 }
 
 TEST_F(Formatter, MetricDistances) {
-  EXPECT_EQ(format_.formatDistance(0), "0 m");
-  EXPECT_EQ(format_.formatDistance(2.5F), "2.5 m");
-  EXPECT_EQ(format_.formatDistance(1234), "1.23 km");
-  EXPECT_EQ(format_.formatDistance(1234, false), "1234");
-  EXPECT_EQ(format_.formatDistance(-1), "∞");
-  EXPECT_EQ(format_.formatDistance(kInf), "∞");
-  EXPECT_EQ(format_.formatDistance(kNan), "--");
-  EXPECT_EQ(format_.formatSizeWithWidth(2, 3.5F), "2 m x 3.5 m");
-  EXPECT_EQ(format_.formatDistanceWithPercentageOf(0.5F, 10), "0.5 m (05%)");
-  EXPECT_EQ(format_.formatDistanceWithPercentageOf(1, 3), "1 m (33.33%)");
-  EXPECT_EQ(format_.formatDistanceWithPercentageOf(1, -1), "1 m");
-  EXPECT_EQ(format_.formatDistanceWithPercentageOf(-1, 3), "∞");
+  EXPECT_EQ(distances().formatDistance(0), "0 m");
+  EXPECT_EQ(distances().formatDistance(2.5F), "2.5 m");
+  EXPECT_EQ(distances().formatDistance(1234), "1.23 km");
+  EXPECT_EQ(distances().formatDistance(1234, false), "1234");
+  EXPECT_EQ(distances().formatDistance(-1), "∞");
+  EXPECT_EQ(distances().formatDistance(kInf), "∞");
+  EXPECT_EQ(distances().formatDistance(kNan), "--");
+  EXPECT_EQ(distances().formatSizeWithWidth(2, 3.5F), "2 m x 3.5 m");
+  EXPECT_EQ(distances().formatDistanceWithPercentageOf(0.5F, 10), "0.5 m (05%)");
+  EXPECT_EQ(distances().formatDistanceWithPercentageOf(1, 3), "1 m (33.33%)");
+  EXPECT_EQ(distances().formatDistanceWithPercentageOf(1, -1), "1 m");
+  EXPECT_EQ(distances().formatDistanceWithPercentageOf(-1, 3), "∞");
 }
 
 TEST_F(Formatter, FeetAndInches) {
@@ -137,7 +137,8 @@ TEST_F(Formatter, FeetAndInchesNeverShowTwelveInchesAndReadBack) {
       const auto metres = Parse::parseDistance(text, UnitSystem::imperial);
       ASSERT_TRUE(metres) << text;
       EXPECT_NEAR(*metres / 0.0254, inches, withFraction ? 1.01 / 64 : 0.51) << text;
-      EXPECT_EQ(format_.formatDistance(*metres, true, withFraction), text) << "read back and shown";
+      EXPECT_EQ(distances().formatDistance(*metres, true, withFraction), text)
+          << "read back and shown";
     }
   }
 }
@@ -171,9 +172,9 @@ TEST_F(Formatter, WhatIsShownReadsBack) {
             [round](double v) { return Format::formatTimeDuration(v, round, !round); });
     }
     again(
-        format_.formatDistance(x * 20),
+        distances().formatDistance(x * 20),
         [](const std::string& text) { return Parse::parseDistance(text, UnitSystem::metric); },
-        [this](float v) { return format_.formatDistance(v); });
+        [this](float v) { return distances().formatDistance(v); });
   }
   for (const CameraFilter& filter : CameraFilter::standardFilters()) {
     for (const float fraction : CameraFilter::standardFractionFilters()) {
@@ -200,7 +201,7 @@ TEST(LensInput, EquivalentFocalLengthsAreOfFullFrame) {
 
 TEST(Formatters, TellTheTimeOfOneZone) {
   const Date moment = Date::withTimeIntervalSince1970(1781992020);  // 2026-06-20 21:47 UTC
-  Formatters& formatters = Formatters::sharedInstance();
+  Formatters formatters;
   formatters.setTimeZone(*TimeZone::timeZoneWithName("Asia/Tokyo"));
   EXPECT_EQ(formatters.shortTimeFormatter().stringFromDate(moment), "06:47");
   EXPECT_EQ(formatters.shortDateFormatter().stringFromDate(moment), "2026-06-21");

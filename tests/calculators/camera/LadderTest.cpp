@@ -10,11 +10,7 @@
 #include "calculators/camera/ApertureManager.h"
 #include "calculators/camera/CameraFilter.h"
 #include "calculators/camera/CameraValuesFormatter.h"
-#include "calculators/camera/FocalLength.h"
-#include "calculators/camera/InchesFraction.h"
-#include "calculators/camera/Iso.h"
-#include "calculators/camera/NearestLookup.h"
-#include "calculators/camera/ShutterSpeed.h"
+#include "calculators/camera/Ladders.h"
 
 namespace zenivo {
 namespace {

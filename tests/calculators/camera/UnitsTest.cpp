@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "app/settings/SettingsKeys.h"
-#include "calculators/camera/NSNumberWithDistanceUnit.h"
+#include "calculators/camera/DistanceUnits.h"
 
 namespace zenivo {
 namespace {

@@ -7,7 +7,6 @@
 #include "calculators/CalculatorFixture.h"
 #include "calculators/RandomOptics.h"
 #include "calculators/models/EquivalentFocalLength.h"
-#include "calculators/models/FovSubjectDistance.h"
 
 namespace zenivo {
 namespace {

@@ -53,14 +53,14 @@ class CameraDatabase : public testing::Test {
   const TemporaryFolder folder_;
   Database database_{locations()};
   DatabaseCameraStore store_{database_};
-  std::string error_;
+  Error error_;
 };
 
 TEST_F(CameraDatabase, ReadingMakesNoStoreOfTheUser) {
   EXPECT_TRUE(store_.loadCustomCameras().empty());
   EXPECT_FALSE(store_.loadCameraWithModel("Pinhole"));
   EXPECT_FALSE(store_.existsCameraWithModel(pinhole()));
-  EXPECT_TRUE(store_.deleteCustomCamera("never there", &error_)) << error_;
+  EXPECT_TRUE(store_.deleteCustomCamera("never there", &error_)) << error_.description;
   EXPECT_TRUE(store_.loadCameraWithId(1));
   EXPECT_FALSE(std::filesystem::exists(folder_ / "home"));
 }
@@ -82,8 +82,8 @@ TEST_F(CameraDatabase, PresetsComeWithTheirBrand) {
 }
 
 TEST_F(CameraDatabase, KeepsEveryValueAndTheirAbsence) {
-  ASSERT_TRUE(store_.saveCustomCamera(pinhole(), &error_)) << error_;
-  ASSERT_TRUE(store_.saveCustomCamera(plain("Kit"), &error_)) << error_;
+  ASSERT_TRUE(store_.saveCustomCamera(pinhole(), &error_)) << error_.description;
+  ASSERT_TRUE(store_.saveCustomCamera(plain("Kit"), &error_)) << error_.description;
   EXPECT_EQ(models(), (std::vector<std::string>{"Kit", "Pinhole"}));
   const CustomCameraRecord film = reread("Pinhole");
   EXPECT_EQ(film.uniqueIdentifier.size(), 36U);
@@ -101,31 +101,31 @@ TEST_F(CameraDatabase, KeepsEveryValueAndTheirAbsence) {
 }
 
 TEST_F(CameraDatabase, EditsRenamesAndDeletes) {
-  ASSERT_TRUE(store_.saveCustomCamera(pinhole(), &error_)) << error_;
-  ASSERT_TRUE(store_.saveCustomCamera(plain("Kit"), &error_)) << error_;
+  ASSERT_TRUE(store_.saveCustomCamera(pinhole(), &error_)) << error_.description;
+  ASSERT_TRUE(store_.saveCustomCamera(plain("Kit"), &error_)) << error_.description;
   CustomCameraRecord camera = *store_.loadCameraWithModel("Pinhole");
   camera.model = "Kit";
   EXPECT_EQ(CameraForm(camera).validate(store_)->messageKey, "camera_validate_duplicate");
   camera.model = "Obscura";
   EXPECT_FALSE(CameraForm(camera).validate(store_));
   camera.focalLength.reset();
-  ASSERT_TRUE(store_.saveCustomCamera(camera, &error_)) << error_;
+  ASSERT_TRUE(store_.saveCustomCamera(camera, &error_)) << error_.description;
   EXPECT_EQ(models(), (std::vector<std::string>{"Kit", "Obscura"}));
   EXPECT_EQ(reread("Obscura").uniqueIdentifier, camera.uniqueIdentifier) << "the same camera";
   EXPECT_EQ(reread("Obscura").focalLength, std::nullopt);
 
-  ASSERT_TRUE(store_.deleteCustomCamera(camera.uniqueIdentifier, &error_)) << error_;
+  ASSERT_TRUE(store_.deleteCustomCamera(camera.uniqueIdentifier, &error_)) << error_.description;
   EXPECT_TRUE(store_.deleteCustomCamera(camera.uniqueIdentifier, &error_)) << "gone already";
   EXPECT_EQ(models(), std::vector<std::string>{"Kit"});
   EXPECT_FALSE(store_.saveCustomCamera(camera, &error_));
-  EXPECT_EQ(error_, "the camera has been deleted meanwhile");
+  EXPECT_EQ(error_.description, "the camera has been deleted meanwhile");
   EXPECT_EQ(models(), std::vector<std::string>{"Kit"});
 }
 
 /// Stores of old versions hold cameras without an identifier.
 TEST_F(CameraDatabase, OldCamerasCanBeChangedToo) {
-  ASSERT_TRUE(store_.saveCustomCamera(plain("Old"), &error_)) << error_;
-  ASSERT_TRUE(store_.saveCustomCamera(plain("Older"), &error_)) << error_;
+  ASSERT_TRUE(store_.saveCustomCamera(plain("Old"), &error_)) << error_.description;
+  ASSERT_TRUE(store_.saveCustomCamera(plain("Older"), &error_)) << error_.description;
   auto& context = *database_.managedObjectContext();
   FetchRequest request;
   request.entityName = CustomCamera::kEntityName;
@@ -136,15 +136,15 @@ TEST_F(CameraDatabase, OldCamerasCanBeChangedToo) {
   CustomCameraRecord camera = *store_.loadCameraWithModel("Older");
   EXPECT_FALSE(store_.existsCameraWithModel(camera)) << "itself";
   camera.model = "Renamed";
-  ASSERT_TRUE(store_.saveCustomCamera(camera, &error_)) << error_;
+  ASSERT_TRUE(store_.saveCustomCamera(camera, &error_)) << error_.description;
   EXPECT_EQ(models(), (std::vector<std::string>{"Old", "Renamed"}));
-  ASSERT_TRUE(store_.deleteCustomCamera(camera.uniqueIdentifier, &error_)) << error_;
+  ASSERT_TRUE(store_.deleteCustomCamera(camera.uniqueIdentifier, &error_)) << error_.description;
   EXPECT_EQ(models(), std::vector<std::string>{"Old"});
 }
 
 /// Another process changes the camera in the last moment before the save.
 TEST_F(CameraDatabase, AFailedSaveLeavesNothingBehind) {
-  ASSERT_TRUE(store_.saveCustomCamera(plain("Kit"), &error_)) << error_;
+  ASSERT_TRUE(store_.saveCustomCamera(plain("Kit"), &error_)) << error_.description;
   CustomCameraRecord camera = *store_.loadCameraWithModel("Kit");
   Database other(locations());
   DatabaseCameraStore elsewhere(other);
@@ -158,11 +158,11 @@ TEST_F(CameraDatabase, AFailedSaveLeavesNothingBehind) {
       });
   camera.model = "Mine";
   EXPECT_FALSE(store_.saveCustomCamera(camera, &error_));
-  EXPECT_NE(error_, "");
+  EXPECT_NE(error_.description, "");
   EXPECT_FALSE(database_.managedObjectContext()->hasChanges());
-  error_.clear();
+  error_ = {};
   EXPECT_FALSE(store_.deleteCustomCamera(camera.uniqueIdentifier, &error_));
-  EXPECT_NE(error_, "");
+  EXPECT_NE(error_.description, "");
   EXPECT_FALSE(database_.managedObjectContext()->hasChanges());
   EXPECT_EQ(models(), std::vector<std::string>{"Kit"});
   EXPECT_EQ(reread("Kit").megapixels, 42.0F);
@@ -175,7 +175,7 @@ TEST_F(CameraDatabase, AStoreThatCannotBeOpenedIsAFailure) {
   Error reason;
   EXPECT_FALSE(store_.loadCustomCameras("", &reason));
   EXPECT_FALSE(store_.saveCustomCamera(plain("Kit"), &error_));
-  EXPECT_NE(error_, "");
+  EXPECT_NE(error_.description, "");
   EXPECT_FALSE(database_.managedObjectContext()->hasChanges());
   EXPECT_FALSE(store_.deleteCustomCamera("any", &error_));
 }
