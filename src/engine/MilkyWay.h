@@ -17,8 +17,9 @@ class PtMilkyWay;
 
 /// From when to when the galactic centre is seen in the night that concerns a
 /// moment: before the morning's nautical twilight the night that is ending, else
-/// the coming one.  Local days are those of the calendar.  kAlwaysBelow where it
-/// is not seen, and where the night has no dusk at all.
+/// the coming one.  Local days are those of the calendar.  In the polar night, which has
+/// no dusk and no dawn, a night is from noon to noon (Night.h).  kAlwaysBelow where it is
+/// not seen, and where it does not get dark.
 ///
 /// The event has the centre's rise and set, too; azimuths and elevations are left
 /// to who needs them.

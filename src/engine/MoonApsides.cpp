@@ -62,7 +62,7 @@ MoonDistance moonDistance(const PtApogeePerigee& apsis) {
   return {.type = moonDistanceFromDistanceType(apsis.type),
           .distance = apsis.distance,
           .mjd = getMjd(apsis.date),
-          .date = dateWithPtDateTime(apsis.date)};
+          .date = dateWithPtDateTime(apsis.date, true)};
 }
 
 }  // namespace

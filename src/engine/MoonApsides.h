@@ -32,7 +32,7 @@ struct MoonDistance {
   MoonDistanceType type = MoonDistanceType::none;
   double distance = 0;  ///< kilometres
   double mjd = 0;
-  Date date;  ///< the moment on the nearest whole minute
+  Date date;  ///< the moment, down to the second
 };
 
 /// The type that a code of PtApogeePerigee stands for; none for any other.

@@ -16,7 +16,7 @@ std::vector<PtDateTime> fullMoonsOfMonth(std::int64_t year, int month, const Cal
   std::vector<PtDateTime> fullMoons;
   for (const PtMoonPhaseWithDate& item : phasesFromDate(startOfMonth(year, month, calendar))) {
     if (item.phase != kFullMoon) continue;
-    const DateComponents c = calendar.componentsFromDate(dateWithPtDateTime(item.date));
+    const DateComponents c = localDayOfPhase(item, calendar);
     if (c.year == year && c.month == month) fullMoons.push_back(item.date);
   }
   return fullMoons;
@@ -75,7 +75,7 @@ MoonPhaseDistance MoonDistancesYear::moonDistanceWithMoon(ephemeris::PtMoon& moo
       moon.ecliptic(), moon.equatorial(), sun.ecliptic(), sun.equatorial(), moon.hourAngle());
   MoonPhaseDistance record;
   record.mjd = mjd;
-  record.date = dateWithPtDateTime(moment);
+  record.date = dateWithPtDateTime(moment, true);
   record.distanceToEarth = moon.horizontal().distance_;
   record.phase = geometry.phase_;
   record.waxing = geometry.waxing_;

@@ -130,10 +130,14 @@ std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start) {
   return phases;
 }
 
+DateComponents localDayOfPhase(const PtMoonPhaseWithDate& phase, const Calendar& calendar) {
+  return calendar.componentsFromDate(dateWithPtDateTime(phase.date, true));
+}
+
 const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDate> phases, int day,
                                               int month, const Calendar& calendar) {
   const auto found = std::ranges::find_if(phases, [&](const PtMoonPhaseWithDate& item) {
-    const DateComponents c = calendar.componentsFromDate(dateWithPtDateTime(item.date));
+    const DateComponents c = localDayOfPhase(item, calendar);
     return c.day == day && c.month == month;
   });
   return found == phases.end() ? nullptr : &*found;

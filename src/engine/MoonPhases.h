@@ -43,6 +43,11 @@ double moonPhaseJulianEphemerisDate(double k);
 /// moments are late by deltaT, about a minute in this century.
 std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start);
 
+/// The local day of a phase, in the zone of the calendar: that of its moment, to the
+/// second.  (Rounded to the minute, a phase of the last half minute of a day would stand on
+/// the next, with a time of the day before.)
+DateComponents localDayOfPhase(const PtMoonPhaseWithDate& phase, const Calendar& calendar);
+
 /// The one of `phases` that falls on that day of that month in the zone of the
 /// calendar, or nullptr; it lives as long as the list.  The list spans less than a year.
 const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDate> phases, int day,

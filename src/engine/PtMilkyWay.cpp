@@ -102,7 +102,7 @@ VisibilityWindow PtMilkyWay::visibilityWindow(double dusk, double dawn, double d
   }
   if (mjdIsBefore(window.set, window.rise)) window.rise = dusk;  // up at the start
 
-  if (dawn == kAlwaysAbove || window.rise == kAlwaysBelow) return window;
+  if (!drawEventAtMjd(dawn) || window.rise == kAlwaysBelow) return window;
   if (window.rise == kAlwaysAbove) {
     window.from = dusk;
     window.to = dawn;

@@ -2,6 +2,7 @@
 #include "time/Mjd.h"
 
 #include <cmath>
+#include <limits>
 
 namespace zenivo {
 
@@ -24,6 +25,8 @@ double mjdFromCivilDate(const CivilDate& date) {
 
 CivilDate civilDateFromJd(double jd) {
   constexpr double kFirstGregorianDay = 2299161;
+  constexpr double kFarthest = 7e11;  // days; a year beyond does not fit the records
+  if (!(std::abs(jd) < kFarthest)) return {.minutes = std::numeric_limits<double>::quiet_NaN()};
   const double x = jd + 0.5;
   const double dayNumber = std::trunc(x);
   double a = dayNumber;

@@ -19,7 +19,8 @@ struct CivilDate {
 /// Modified Julian date of a civil date.  Years from -4716 on.
 double mjdFromCivilDate(const CivilDate& date);
 
-/// Civil date of a Julian date; minutes below 60, with rounding noise.
+/// Civil date of a Julian date; minutes below 60, with rounding noise.  Of what is not a
+/// number, or farther than two milliard years, the year 0 and minutes that are not a number.
 /// Source: Meeus, Astronomical Algorithms, chapter 7.
 CivilDate civilDateFromJd(double jd);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "LibnovaPeer.h"
 
@@ -150,6 +151,34 @@ TEST(PtPlanet, EqualQueriesLeaveEqualStates) {
   EXPECT_EQ(used.equatorial().phi(), fresh.equatorial().phi());
   EXPECT_EQ(used.ecliptic().r(), fresh.ecliptic().r());
   EXPECT_EQ(used.nutationLongitude(), fresh.nutationLongitude());
+}
+
+// What is not a number gives none, and searches that find nothing: never a body that stays
+// below the horizon.
+TEST(PtPlanet, NoPlaceAndNoMomentHaveNoEvents) {
+  constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  const struct {
+    PtPosition place;
+    double mjd, deltaT;
+  } cases[] = {{{kNone, 11}, 60000, 8e-4},     {{47, kNone}, 60000, 8e-4},
+               {{47, 11, kNone}, 60000, 8e-4}, {{47, 11}, kNone, 8e-4},
+               {{47, 11}, 60000, kNone},       {{47, 11}, INFINITY, 8e-4}};
+  const auto expectNothing = [](PtPlanet&& body, double mjd, double deltaT) {
+    body.computePosition(true, mjd, deltaT);
+    EXPECT_TRUE(std::isnan(body.horizontal().azimuth_));
+    EXPECT_TRUE(std::isnan(body.horizontal().elevation_));
+    EXPECT_EQ(body.riseSet(EventKind::riseSet, mjd, deltaT), RiseSet());
+    if (std::isnan(body.getPosition().altitude())) return;
+    EXPECT_EQ(body.riseSet(EventKind::civil, mjd, deltaT), RiseSet());
+    if (std::isnan(body.getPosition().latitude())) return;
+    EXPECT_EQ(body.transit(mjd, deltaT), kNotThisDay);
+  };
+  for (const auto& [place, mjd, deltaT] : cases) {
+    expectNothing(PtSun(place), mjd, deltaT);
+    expectNothing(PtMoon(place), mjd, deltaT);
+  }
+  EXPECT_EQ(PtSun(PtPosition(47, 11, 0, kNone)).riseSet(EventKind::riseSet, 60000, 8e-4),
+            RiseSet());
 }
 
 // The Moon at the zenith is an Earth's radius nearer than at the horizon, and by that
