@@ -10,6 +10,10 @@
 namespace zenivo::ephemeris {
 namespace {
 
+constexpr double kEarthRadius = 6378.137;       // kilometres, at the equator
+constexpr double kMeanParallax = 3422.7;        // arcseconds, its sine
+constexpr double kParallaxScale = 0.999953253;  // of the Improved Lunar Ephemeris
+
 /// Mean arguments with their long-period terms, radians.
 struct Arguments {
   double L0;    ///< mean longitude
@@ -89,7 +93,7 @@ struct Exponents {
 /// What the tables and the planets add up to, arcseconds.
 struct Sums {
   Pair dlamAndDs{0, 0};
-  Pair gam1cAndSinPi{0, 3422.7};
+  Pair gam1cAndSinPi{0, kMeanParallax};
   double N = 0;
 };
 
@@ -147,8 +151,8 @@ Vector3D fullLunarSeries(double T) {
   const double latitude =
       (latitudeFactor(a.dgam) * (18519.7 + gam1c) * S.y() - 6.24 * sin3S + sum.N) /
       kArcsecondsPerRadian;
-  // The numerator is the Earth's radius in kilometres over one arcsecond.
-  const double distance = 1315585192.5224364 / (sinPi * 0.999953253);
+  // Parallax and distance: sin pi = 6378.137 km / r, the sine in arcseconds.
+  const double distance = kEarthRadius * kArcsecondsPerRadian / (sinPi * kParallaxScale);
   return Vector3D::withPolar(longitude, latitude, distance);
 }
 
@@ -173,7 +177,9 @@ Vector3D fastLunarSeries(double T) {
   const double N = -526.0 * H.y() + 44.0 * (L * H).y() - 31.0 * (H * L.conjugate()).y() -
                    23.0 * (LS * H).y() + 11.0 * (H * minusLS).y() -
                    25.0 * (F * L2.conjugate()).y() + 21.0 * (F * L.conjugate()).y();
-  constexpr double kMeanDistance = 384388.55145308975;  // parallax 3422.7 arcseconds
+  // At the mean parallax.
+  constexpr double kMeanDistance =
+      kEarthRadius * kArcsecondsPerRadian / (kMeanParallax * kParallaxScale);
   return Vector3D::withPolar(kTwoPi * frac(L0 + dL / 1296000.0),
                              (18520.0 * std::sin(S) + N) / kArcsecondsPerRadian, kMeanDistance);
 }

@@ -23,6 +23,9 @@ class PtMilkyWay;
 ///
 /// The event has the centre's rise and set, too; azimuths and elevations are left
 /// to who needs them.
+/// Error: dusk and dawn 25 s, the centre's rise and set a minute (refraction).
+/// Special cases: a date that is no moment is not seen.
+/// Source: the definition: centre above the horizon, Sun below -18 degrees.
 MilkyWayEvent calculateGalacticCenterVisibility(ephemeris::PtMilkyWay& milkyWay,
                                                 ephemeris::PtSun& withSun, Date atDate,
                                                 const Calendar& calendar);

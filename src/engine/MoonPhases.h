@@ -32,6 +32,7 @@ struct PtMoonPhaseWithDate {
 /// Moon (0 that of 2000 January 6), .25 more the first quarter, .5 the full
 /// Moon, .75 the last quarter.  No other fraction has a meaning.
 /// Error: within 20 s of the full lunar theory from 1950 to 2050.
+/// Special cases: far from the years -4000 to 6000 the polynomials lose meaning.
 /// Source: Meeus, Astronomical Algorithms, chapter 49, with the mean phase of
 /// its first edition.
 double moonPhaseJulianEphemerisDate(double k);

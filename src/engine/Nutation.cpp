@@ -29,6 +29,9 @@ double meanObliquity(double T) {
   return (23.43929111 - T * (46.815 + T * (0.00059 - 0.001813 * T)) / 3600.0) * kDegree;
 }
 
+// The node N of the Moon's orbit goes round in 18.6 years, and with it the axis; the terms
+// of twice the Sun's and the Moon's longitude (F - D + N and F + N) are the half-yearly and
+// fortnightly nodding, that of the mean anomaly LS the yearly.  In arcseconds.
 Nutation nutationAt(double T) {
   const double LS = kTwoPi * frac(0.993133 + 99.997306 * T);
   const double D = kTwoPi * frac(0.827362 + 1236.853087 * T);

@@ -33,12 +33,12 @@ struct TopocentricPosition {
   double semiDiameter = 0;  ///< degrees
 };
 
-/// The base of the bodies.  An object holds one observer and the last position
-/// that it computed: a scratch pad over the pure functions of Frame, ObserverSky and
-/// CrossingSearch.  Every query overwrites it, so an object belongs to one thread, and
-/// what is needed is read before the next query; a search leaves one of the positions
-/// that it evaluated.  References that it gives away live as long as the object and
-/// change with it.  Equal observers and arguments give equal bits.
+/// PtPlanet: a body, the base of Sun, Moon, galactic centre and stars.  An object holds one
+/// observer and the last position that it computed: a scratch pad over the pure functions of Frame,
+/// ObserverSky and CrossingSearch.  Every query overwrites it, so an object belongs to one thread,
+/// and what is needed is read before the next query; a search leaves one of the positions that it
+/// evaluated.  References that it gives away live as long as the object and change with it.  Equal
+/// observers and arguments give equal bits.
 ///
 /// Moments are mjd in Universal Time with deltaT in days (Mjd.h), or the frame of a
 /// moment where several bodies share it.

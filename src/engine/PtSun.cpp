@@ -108,11 +108,12 @@ Vector3D PtSun::eclipticPosition(bool highPrecision, double T) {
 }
 
 double PtSun::sinParallax(double distance) const {
-  return 0.00004263451510385646 / distance;  // 8.794 arcseconds at 1 au
+  return 0.00004263451510385646 / distance;  // the sine of 8.794 arcseconds
 }
 
 double PtSun::semiDiameter(double, double distance) const {
-  return 0.2665638888888889 / distance;  // 959.63 arcseconds at 1 au
+  constexpr double kAtOneUnit = 959.63 / 3600.0;  // degrees
+  return kAtOneUnit / distance;
 }
 
 }  // namespace zenivo::ephemeris

@@ -19,6 +19,7 @@ double refractionTrueToApparent(double elevation) {
     return kRefractionFactor * (double{1.02F} / std::tan(bent * kDegree) + double{0.0019279F});
   }
   if (h > kFadeEnd) {
+    // What the formula gives at -3.54 degrees, in arcminutes.
     constexpr auto kAtFadeStart = static_cast<float>(kRefractionFactor * 19.332295304324145);
     return (h - kFadeEnd) * double{kAtFadeStart} / double{0.1F};
   }

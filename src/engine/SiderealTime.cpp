@@ -6,6 +6,10 @@
 
 namespace zenivo {
 
+// At 0h UT of the day that is t centuries from J2000.0 sidereal time is 6h 41m 50.54841s and
+// 8640184.812866 s t + ..., in hours here; in the course of a day it gains the 1.0027379093
+// of a sidereal day over a solar one.  The centuries are of the midnight, so that the rate
+// of the day is not counted twice.
 double greenwichSiderealTime(double mjd) {
   const double midnight = std::trunc(mjd);
   const double t = julianCenturies(midnight);
