@@ -6,11 +6,13 @@
 #include <string_view>
 
 #include "answers/common/Scene.h"
+#include "data/stores/Database.h"
 #include "place/ZVLocation.h"
 
 namespace zenivo {
 
-/// A place that was typed: coordinates, or a place of the gazetteer.
+/// A place that was typed: coordinates, one of the user's own points of interest, or a
+/// place of the gazetteer, looked for in this order.
 struct TypedPlace {
   ZVLocation location;
   std::string name;     ///< empty for coordinates
@@ -19,10 +21,10 @@ struct TypedPlace {
 };
 
 /// Throws InputError for what is neither.
-TypedPlace placeFrom(std::string_view text);
+TypedPlace placeFrom(std::string_view text, Database& database);
 
 /// The place with the clocks there: those of the zone that is named, or, where none is,
 /// by the borders of the zones.  Throws InputError.
-Scene sceneFrom(std::string_view place, std::string_view zone);
+Scene sceneFrom(std::string_view place, std::string_view zone, Database& database);
 
 }  // namespace zenivo

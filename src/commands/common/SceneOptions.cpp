@@ -4,7 +4,9 @@
 
 #include <cmath>
 
+#include "answers/common/Home.h"
 #include "answers/common/PlaceLookup.h"
+#include "foundation/UserFolder.h"
 #include "input/InputError.h"
 #include "input/MomentParser.h"
 #include "input/ZoneParser.h"
@@ -44,7 +46,8 @@ void SceneOptions::addTo(CLI::App& command, PlaceNeed need) {
 
 Scene SceneOptions::resolve() const {
   if (at_.empty() || at_.starts_with("--")) throw InputError("--at needs a place");
-  return sceneFrom(at_, zone_);
+  Home home(userFolder());
+  return sceneFrom(at_, zone_, home.database());
 }
 
 TimeZone SceneOptions::resolveZone() const {
