@@ -59,6 +59,7 @@ class CalculatorCommand : public CommandWithSubcommand {
       decltype(answer(std::declval<const Question&>(), std::declval<CalculatorSession&>()));
 
   CalculatorOptions& options() { return options_; }
+  const CalculatorOptions& options() const { return options_; }
 
   /// What the options ask, with bare lengths in the units.  Throws InputError.
   virtual Question question(UnitSystem units) const = 0;
@@ -80,6 +81,9 @@ std::string textOf(const Readout& readout, const Terminal& terminal);
 
 /// "Canon EOS R6 Mark II  35.9 x 23.9 mm, circle of confusion 0.030 mm"
 std::string cameraLine(const AbstractCamera& camera, const Terminal& terminal);
+
+/// "Circle of confusion 0.020 mm" where it is not the camera's, else nothing.
+std::string ownCocLine(const AbstractCamera& camera, float coc);
 
 /// One whose answer is a readout.
 template <class Question>

@@ -23,7 +23,8 @@ class DofTableCommand : public CalculatorCommand<DofTableQuestion> {
 
  private:
   DofTableQuestion question(UnitSystem /*units*/) const override {
-    return {camera_.name(), lens_.question(), stops_.question(), show_.value()};
+    return {camera_.name(), lens_.question(), stops_.question(), show_.value(),
+            coc_.read(CameraValuesParser::parseCoC)};
   }
   std::string text(const DofTableReport& report, const Terminal& terminal) const override;
 
@@ -32,6 +33,7 @@ class DofTableCommand : public CalculatorCommand<DofTableQuestion> {
   StopsOptions stops_;
   WordOption<DofTableType> show_{
       {{"limits", DofTableType::nearFar}, {"depth", DofTableType::totalDof}}};
+  TypedOption coc_{"--coc", "0.03mm"};
 };
 
 void DofTableCommand::addTo(CLI::App& command) {
@@ -40,6 +42,7 @@ void DofTableCommand::addTo(CLI::App& command) {
   lens_.addTo(*app);
   stops_.addTo(*app);
   show_.addTo(*app, "--show", "The limits of what is sharp, or its depth", "WHAT");
+  coc_.addTo(*app, "A circle of confusion of your own");
   options().addTo(*app);
   app->footer(
       "The lens of the table is its own, not that of zenivo dof.\n"
@@ -66,7 +69,7 @@ std::string DofTableCommand::text(const DofTableReport& report, const Terminal& 
     for (const DofTable::Cell& cell : values) cells.push_back(cellText(report, cell));
     table.addRow(cells);
   }
-  return cameraLine(report.setup.camera, terminal) +
+  return cameraLine(report.setup.camera, terminal) + ownCocLine(report.setup.camera, report.coc) +
          fmt::format("{} {}\n\n", calculatorText("focal_length"), report.lens.totalText()) +
          table.text(terminal);
 }
@@ -125,7 +128,8 @@ DofQuestion DofCommand::question(UnitSystem units) const {
           distance_.readLength(units),
           coc_.question(units),
           inverse_.wanted(read, "--near, --far or --depth"),
-          inverse_.solveFor()};
+          inverse_.solveFor(),
+          options().isSaved()};
 }
 
 }  // namespace

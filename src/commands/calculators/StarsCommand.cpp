@@ -15,8 +15,12 @@ class StarsCommand : public ReadoutCommand<StarsQuestion> {
 
  private:
   StarsQuestion question(UnitSystem /*units*/) const override {
-    return {camera_.name(), lens_.question(), aperture_.read(CameraValuesParser::parseAperture),
-            declination_.read(CameraValuesParser::parseAngle), accuracy_.value(), explains_};
+    return {camera_.name(),
+            lens_.question(),
+            aperture_.read(CameraValuesParser::parseAperture),
+            declination_.read(CameraValuesParser::parseAngle),
+            accuracy_.value(),
+            explains_};
   }
 
   CameraOption camera_;
