@@ -72,7 +72,7 @@ std::optional<double> scanTimeUnit(TextScanner& scanner) {
 }
 
 /// Days, hours, minutes and seconds, each with its unit; a single number needs none, nor do
-/// two digits right behind hours or minutes: "2h30".
+/// two digits behind hours or minutes: "2h30".
 std::optional<double> scanDuration(TextScanner& scanner) {
   double total = 0;
   double lastUnit = 0;

@@ -22,7 +22,7 @@ class TextScanner {
   /// digits, as in "3,500", is no decimal one and makes no number, unless a 0 stands before.
   std::optional<double> number();
 
-  /// The two digits that come next, without a blank before, when nothing follows them.
+  /// The two digits that come next, 00 to 59, when nothing follows them.
   std::optional<double> lastTwoDigits();
 
   /// A number with an optional fraction: "9", "9 1/3", "9 ⅓", "1/250", "½".

@@ -219,8 +219,8 @@ TEST_F(LensAnswers, LensesThatStopDownCanBeStoppedDown) {
 
 TEST_F(LensAnswers, AMatchThatIsNoneSaysSo) {
   // No lens of a phone's size of sensor is as fast as a full frame's f/1.4 would take.
-  const Json far = jsonOf(
-      MatchQuestion{kFullFrameCamera, "Sony RX100 VII", lensOfMillimetres(85), 1.4F, 2.0F});
+  const Json far =
+      jsonOf(MatchQuestion{kFullFrameCamera, "Sony RX100 VII", lensOfMillimetres(85), 1.4F, 2.0F});
   ASSERT_EQ(far["notes"].size(), 1U);
   EXPECT_THAT(far["notes"][0], HasSubstr("f/0.95 is the nearest there is: "));
   EXPECT_THAT(far["notes"][0], HasSubstr(" are sharp with it, "));

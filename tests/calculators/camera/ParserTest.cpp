@@ -146,7 +146,7 @@ TEST(Parser, RefusesWhatIsNoValue) {
     EXPECT_FALSE(Parse::parseISO(text)) << text;
   }
   for (const char* text :
-       {"", "1/0", "1/", "/250", "1h2", "3x", "-1", "1/250/2", "1 h 5", "1h 30", "1h75"}) {
+       {"", "1/0", "1/", "/250", "1h2", "3x", "-1", "1/250/2", "1 h 5", "1h75", "1h 300"}) {
     EXPECT_FALSE(Parse::parseShutterSpeed(text)) << text;
   }
   for (const char* text : {"", "5'6\"x", "'", "5 6", "-3m", "3 kg", "5'6m", "5\"6'"}) {
