@@ -35,7 +35,7 @@ constexpr const char* kDescription =
     "and set, and what light falls.";
 
 constexpr const char* kFooter =
-    "A place is LAT,LON[,ALT_M] or the name of a city:\n"
+    "A place is LAT,LON[,ALT_M] or a name:\n"
     "  --at 48.8584,2.2945      --at \"48°51'30\\\"N 2°17'40\\\"E\"\n"
     "  --at Paris               --at \"Portland, US\"\n"
     "Times are ISO 8601, local to the zone unless they carry an offset:\n"
@@ -46,7 +46,7 @@ constexpr const char* kFooter =
     "  zenivo sky --at \"Portland, US\" --json\n"
     "  zenivo next-milky-way --at -24.6,-70.4\n"
     "\n"
-    "City names and their time zones: GeoNames (CC BY 4.0).\n"
+    "Names of places: GeoNames (CC BY 4.0); time zones: OpenStreetMap contributors (ODbL).\n"
     "zenivo COMMAND --help tells more.";
 
 struct Entry {

@@ -160,17 +160,29 @@ std::int32_t typeOf(const Circumstance& mid) {
   return mid.L2 >= 0 ? 2 : 3;
 }
 
+/// Fills what only event 0 has.
+void measure(Circumstance& mid) {
+  mid.m = std::sqrt(mid.u * mid.u + mid.v * mid.v);
+  mid.magnitude = (mid.L1 - mid.m) / (mid.L1 + mid.L2);
+  mid.ratio = (mid.L1 - mid.L2) / (mid.L1 + mid.L2);
+  mid.type = typeOf(mid);
+}
+
 }  // namespace
+
+Circumstance circumstanceAt(const SolarElements& elements, const EclipseObserver& observer,
+                            double t) {
+  Circumstance c = Solver(elements, observer).at(eclipse_event::greatest, t);
+  measure(c);
+  return c;
+}
 
 SolarCircumstances solarCircumstances(const SolarElements& elements,
                                       const EclipseObserver& observer) {
   const Solver solver(elements, observer);
   SolarCircumstances result;
   Circumstance& mid = result.mid = solver.greatest();
-  mid.m = std::sqrt(mid.u * mid.u + mid.v * mid.v);
-  mid.magnitude = (mid.L1 - mid.m) / (mid.L1 + mid.L2);
-  mid.ratio = (mid.L1 - mid.L2) / (mid.L1 + mid.L2);
-  mid.type = typeOf(mid);
+  measure(mid);
   solver.observe(mid, mid.type);
   if (mid.type == 0) return result;
 

@@ -66,4 +66,9 @@ struct SolarCircumstances {
 SolarCircumstances solarCircumstances(const SolarElements& elements,
                                       const EclipseObserver& observer);
 
+/// The eclipse `t` hours from t0, evaluated as greatest eclipse is: with its own distance,
+/// magnitude, ratio and type.
+Circumstance circumstanceAt(const SolarElements& elements, const EclipseObserver& observer,
+                            double t);
+
 }  // namespace zenivo

@@ -20,8 +20,8 @@ void EclipseLayer::setCurrentEclipse(std::optional<EclipseRow> eclipse) {
 }
 
 void EclipseLayer::updateEclipseData(const PtPosition& observer) {
-  if (!currentEclipse_) return;
-  if (observer_ != observer) resetMjdEclipseEvent();
+  if (!currentEclipse_ || observer_ == observer) return;
+  resetMjdEclipseEvent();
   observer_ = observer;
   const auto& solar = currentEclipse_->solarEclipse;
   const auto& lunar = currentEclipse_->lunarEclipse;

@@ -25,7 +25,8 @@ class EclipseLayer {
   /// of this one's kind stands until it is updated.
   void setCurrentEclipse(std::optional<EclipseRow> eclipse);
 
-  /// Works the eclipse out for a place; without an eclipse nothing happens.
+  /// Works the eclipse out for a place; without an eclipse, or for the same place again,
+  /// nothing happens.
   void updateEclipseData(const PtPosition& observer);
 
   /// Null for an eclipse of the other kind, or none.

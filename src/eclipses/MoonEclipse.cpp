@@ -31,6 +31,8 @@ double hoursOf(const LunarElements& elements, Contact contact) {
   return elements[lunar_element::contacts + contact];
 }
 
+// To the second, as contacts are published.  The half minute that a list adds to the
+// reference hour, to have it on a whole minute, would be an error here.
 double momentOf(const LunarElements& elements, Contact contact) {
   const double jd = elements[lunar_element::mjd];
   const double t0 = elements[lunar_element::t0];
@@ -118,6 +120,29 @@ MoonEclipseTimesResult calculateMoonEclipseTimes(const PtPosition& observer,
   result.type = typeAboveHorizon(elements[lunar_element::kind],
                                  [&](Contact contact) { return *fields[contact].elevation >= 0; });
   return result;
+}
+
+// With s the Moon's semi-diameter and x its least distance from the shadow's axis, a magnitude
+// i there means a shadow of radius x + (2i - 1)s, which the Moon leaves at the distance
+// x + 2is.  Moving by n an hour it gets there after t hours:
+//
+//   (x + 2is)^2 = x^2 + (nt)^2,  so  x = ((nt)^2 - (2is)^2) / (4is).
+//
+// The penumbra, which every eclipse has, gives x; then the distance at any hour is known, and
+// each magnitude falls from its greatest by the growth of the distance over 2s.
+MoonPhaseInShadow moonPhaseInShadowAt(const LunarElements& n, double mjd) {
+  using namespace lunar_element;
+  constexpr double kSunPerHour = 360 / (365.2422 * 24);  // which the shadow follows
+  const double declination0 = n[declination] * kDegree;
+  const double perHour =
+      std::hypot(n[rightAscension + 1] * std::cos(declination0), n[declination + 1]) - kSunPerHour;
+  const double halfLength = (hoursOf(n, P4) - hoursOf(n, P1)) / 2;
+  const double way = perHour * halfLength;
+  const double inside = 2 * n[penumbralMagnitude] * n[semiDiameter];
+  const double least = std::max((way * way - inside * inside) / (2 * inside), 0.0);
+  const double hours = (mjd - momentOf(n, Mid)) * 24;
+  const double fall = (std::hypot(least, perHour * hours) - least) / (2 * n[semiDiameter]);
+  return {n[umbralMagnitude] - fall, n[penumbralMagnitude] - fall};
 }
 
 std::int32_t moonEclipseType(const PtPosition& observer, const LunarElements& elements) {

@@ -42,6 +42,19 @@ struct MoonEclipseTimesResult {
 MoonEclipseTimesResult calculateMoonEclipseTimes(const PtPosition& observer,
                                                  const LunarElements& elements);
 
+/// How deep the Moon stands in the shadows at a moment, above the horizon or not: parts of
+/// its diameter, negative outside them.
+struct MoonPhaseInShadow {
+  double umbralMagnitude = 0;
+  double penumbralMagnitude = 0;
+};
+
+/// At the contacts 0, and 1 where totality begins and ends; at greatest eclipse the
+/// catalogue's magnitudes.
+/// Error: 0.007 of a diameter at the umbral contacts (every eclipse of the catalogue).
+/// Source: uniform motion past the axis of the shadow; the contacts are the catalogue's.
+MoonPhaseInShadow moonPhaseInShadowAt(const LunarElements& elements, double mjd);
+
 /// The type alone: that of calculateMoonEclipseTimes in every case, at a fraction
 /// of its cost, since the Moon is only computed where it stands near the horizon.
 std::int32_t moonEclipseType(const PtPosition& observer, const LunarElements& elements);

@@ -54,6 +54,11 @@ double reportedMagnitude(const Circumstance& mid) {
   return mid.type == 1 ? mid.magnitude : mid.ratio;
 }
 
+// Hours from t0 to a moment that momentOf gives.
+double hoursAt(const SolarElements& elements, double mjd) {
+  return (mjd - momentOf(elements, 0)) * 24;
+}
+
 }  // namespace
 
 double obscurationAtGreatest(const Circumstance& mid) {
@@ -92,6 +97,16 @@ SunEclipseTimesResult calculateSunEclipseTimes(const PtPosition& observer,
     return elevations[static_cast<int>(contact)] >= 0;
   });
   return result;
+}
+
+SunPhase sunPhaseAt(const PtPosition& observer, const SolarElements& elements, double mjd) {
+  const Circumstance now =
+      circumstanceAt(elements, EclipseObserver(observer), hoursAt(elements, mjd));
+  if (now.type == 0) return {};
+  const double covered = now.type == 1   ? std::min(coveredArea(now), std::nextafter(1.0, 0.0))
+                         : now.type == 2 ? now.ratio * now.ratio
+                                         : 1;
+  return {reportedMagnitude(now), covered};
 }
 
 std::int32_t sunEclipseType(const PtPosition& observer, const SolarElements& elements) {

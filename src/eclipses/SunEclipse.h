@@ -44,6 +44,14 @@ SunEclipseTimesResult calculateSunEclipseTimes(const PtPosition& observer,
 /// of its cost, since the Sun is only computed where it stands near the horizon.
 std::int32_t sunEclipseType(const PtPosition& observer, const SolarElements& elements);
 
+/// What is covered of the Sun at a moment, above the horizon or not.
+struct SunPhase {
+  double magnitude = 0;  ///< of the diameter; in the umbra the Moon's diameter over the Sun's
+  double covered = 0;    ///< of the disk, 0 to 1 and not rounded; 1 only where total
+};
+
+SunPhase sunPhaseAt(const PtPosition& observer, const SolarElements& elements, double mjd);
+
 /// The covered part of the Sun's disk at greatest eclipse, 0 to 1: to three
 /// decimals where the Sun's edge is partly covered, exact in the central path.
 double obscurationAtGreatest(const Circumstance& mid);

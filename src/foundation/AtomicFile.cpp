@@ -20,6 +20,16 @@ std::string reason(const std::filesystem::path& file) {
   return fmt::format("{}: {}", file.string(), std::generic_category().message(errno));
 }
 
+constexpr std::string_view kRandom = "XXXXXX";  // replaced by what no other file has
+
+std::filesystem::path folderOf(const std::filesystem::path& file) {
+  return file.has_parent_path() ? file.parent_path() : ".";
+}
+
+std::string temporaryName(const std::filesystem::path& file) {
+  return fmt::format(".{}.{}", file.filename().string(), kRandom);
+}
+
 bool writeAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
@@ -62,9 +72,10 @@ std::optional<std::string> readFile(const std::filesystem::path& file, std::size
   }
 }
 
-bool writeFileAtomically(const std::filesystem::path& file, std::string_view bytes, Error* error) {
-  const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";
-  std::string temporary = (folder / ("." + file.filename().string() + ".XXXXXX")).string();
+bool writeFileAtomically(const std::filesystem::path& path, std::string_view bytes, Error* error) {
+  const std::filesystem::path file = symlinkTarget(path);
+  const std::filesystem::path folder = folderOf(file);
+  std::string temporary = (folder / temporaryName(file)).string();
   FileDescriptor opened(::mkostemp(temporary.data(), O_CLOEXEC));
   if (!opened.isOpen()) return fail(error, {.description = reason(file)});
 
@@ -79,6 +90,37 @@ bool writeFileAtomically(const std::filesystem::path& file, std::string_view byt
     return fail(error, {.description = why});
   }
   return syncFolder(folder) || fail(error, {.description = reason(folder)});
+}
+
+std::filesystem::path symlinkTarget(std::filesystem::path file) {
+  constexpr int kMostLinks = 40;  // as the system has it; a circle ends there
+  std::error_code failure;
+  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(file, failure); ++i) {
+    const std::filesystem::path next = std::filesystem::read_symlink(file, failure);
+    if (failure) break;
+    file = file.parent_path() / next;
+  }
+  return file;
+}
+
+void removeLeftovers(const std::filesystem::path& file) {
+  const std::string begin = temporaryName(file);
+  std::error_code ignored;
+  for (const auto& entry : std::filesystem::directory_iterator(folderOf(file), ignored)) {
+    const std::string name = entry.path().filename().string();
+    const bool isLeftover = name.size() == begin.size() &&
+                            name.starts_with(begin.substr(0, begin.size() - kRandom.size()));
+    if (isLeftover) std::filesystem::remove(entry.path(), ignored);
+  }
+}
+
+std::filesystem::path freeNameBeside(const std::filesystem::path& file, const char* suffix) {
+  std::filesystem::path name = file.string() + suffix;
+  std::error_code ignored;
+  for (int i = 2; std::filesystem::exists(name, ignored); ++i) {
+    name = fmt::format("{}{}{}", file.string(), suffix, i);
+  }
+  return name;
 }
 
 }  // namespace zenivo

@@ -11,6 +11,8 @@
 #include <thread>
 #include <utility>
 
+#include "foundation/Unwaited.h"
+
 namespace zenivo {
 namespace {
 
@@ -71,7 +73,7 @@ bool MainQueue::isMainThread() {
 }
 
 void MainQueue::async(std::function<void()> work) {
-  boost::asio::post(loop_->context, std::move(work));
+  boost::asio::post(loop_->context, [block = std::move(work)] { runUnwaited(block); });
 }
 
 void MainQueue::performAndWait(std::function<void()> work) {
@@ -85,7 +87,7 @@ void MainQueue::performAndWait(std::function<void()> work) {
 DelayedCall MainQueue::performAfterDelay(double seconds, std::function<void()> work) {
   auto state = std::make_shared<DelayedCall::State>(loop_->context, seconds, std::move(work));
   state->timer.async_wait([state](const boost::system::error_code&) {
-    if (state->claim()) std::exchange(state->work, nullptr)();
+    if (state->claim()) runUnwaited(std::exchange(state->work, nullptr));
   });
   return DelayedCall(std::move(state));
 }

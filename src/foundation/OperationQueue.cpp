@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "foundation/MainQueue.h"
+#include "foundation/Unwaited.h"
 
 namespace zenivo {
 
@@ -58,7 +59,7 @@ void OperationQueue::runNext() {
     waiting_.pop_front();
     ++running_;
   }
-  operation();
+  runUnwaited(operation);
   operation = nullptr;  // what it holds is gone before the queue counts as finished
   const std::lock_guard lock(mutex_);
   --running_;

@@ -61,6 +61,13 @@ const PropertyList* PropertyList::valueForKey(std::string_view key) const {
   return found != entries->end() ? &found->second : nullptr;
 }
 
+bool operator==(const PropertyList& a, const PropertyList& b) {
+  const double* x = std::get_if<double>(&a.value_);
+  const double* y = std::get_if<double>(&b.value_);
+  if (x == nullptr || y == nullptr) return a.value_ == b.value_;
+  return (*x == *y && std::signbit(*x) == std::signbit(*y)) || (std::isnan(*x) && std::isnan(*y));
+}
+
 std::optional<PropertyList> readPropertyListFile(const std::filesystem::path& file, Error* error) {
   const std::optional<std::string> xml = readFile(file, kPropertyListMaximumBytes, error);
   if (!xml) return std::nullopt;
@@ -71,7 +78,8 @@ std::optional<PropertyList> readPropertyListFile(const std::filesystem::path& fi
 
 bool writePropertyListFile(const std::filesystem::path& file, const PropertyList& value,
                            Error* error) {
-  return writeFileAtomically(file, formatPropertyList(value), error);
+  const std::optional<std::string> xml = formatPropertyList(value, error);
+  return xml && writeFileAtomically(file, *xml, error);
 }
 
 }  // namespace zenivo

@@ -66,7 +66,8 @@ class PropertyList {
     return std::visit(std::forward<Visitor>(visitor), value_);
   }
 
-  friend bool operator==(const PropertyList&, const PropertyList&) = default;
+  /// Reals by what they are, not by what they are worth: -0.0 is not 0.0.
+  friend bool operator==(const PropertyList& a, const PropertyList& b);
 
  private:
   std::variant<bool, std::int64_t, double, std::string, Date, Data, Array, Dictionary> value_;
@@ -79,14 +80,16 @@ inline constexpr std::size_t kPropertyListMaximumBytes = std::size_t{64} << 20;
 /// Reads the XML form.  Nullopt for anything but one well-formed property list
 /// within the limits above, and then `error` tells the line and what is wrong
 /// there.  Strict: no unknown elements, no text between elements, no value that
-/// its type cannot hold, no key twice.  Entities beyond XML's own are not
+/// its type cannot hold, no key twice; but an <integer> beyond 64 bits reads as the nearest
+/// real.  Entities beyond XML's own are not
 /// expanded, and a document that declares any is refused.
 std::optional<PropertyList> parsePropertyList(std::string_view xml, Error* error = nullptr);
 
 /// The XML form; what it holds reads back equal, reals and the fractions of a
-/// date's second to the last bit.  Characters that XML has no form for become
-/// U+FFFD.  Dates outside the years -9999 to 9999 take the nearest moment inside.
-std::string formatPropertyList(const PropertyList& value);
+/// date's second to the last bit.  Dates outside the years -9999 to 9999 take the nearest
+/// moment inside.  Nullopt, with the reason in `error`, for a text with what XML has no form
+/// for: control characters but tab and line ends, or bytes that are no UTF-8.
+std::optional<std::string> formatPropertyList(const PropertyList& value, Error* error = nullptr);
 
 /// The same from and to files.  Writing replaces the file in one step (see
 /// writeFileAtomically).

@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <optional>
 
 #include "foundation/Base64.h"
 #include "foundation/PropertyList.h"
@@ -21,7 +22,7 @@ constexpr std::string_view kFoot = "</plist>\n";
 /// line feed; here it goes by its number.
 std::string escaped(std::string_view text) {
   std::string result;
-  for (const char c : textAllowedInXml(text)) {
+  for (const char c : text) {
     switch (c) {
       case '&':
         result += "&amp;";
@@ -52,6 +53,9 @@ class Writer {
  public:
   explicit Writer(std::string& xml) : xml_(xml) {}
 
+  /// Where a text stands that XML cannot carry; nullopt when all could be written.
+  const std::optional<std::string>& refused() const { return refused_; }
+
   void write(const PropertyList& value) {
     value.visit([this](const auto& content) { append(content); });
   }
@@ -60,7 +64,7 @@ class Writer {
   void append(bool value) { line(value ? "<true/>" : "<false/>"); }
   void append(std::int64_t value) { element("integer", fmt::to_string(value)); }
   void append(double value) { element("real", realText(value)); }
-  void append(const std::string& text) { element("string", escaped(text)); }
+  void append(const std::string& text) { element("string", checked(text)); }
   void append(Date date) { element("date", propertyListDateString(date)); }
   void append(const PropertyList::Data& data) { element("data", base64String(data)); }
 
@@ -78,11 +82,17 @@ class Writer {
     line("<dict>");
     ++depth_;
     for (const auto& [key, entry] : dictionary) {
-      element("key", escaped(key));
+      key_ = key;
+      element("key", checked(key));
       write(entry);
     }
     --depth_;
     line("</dict>");
+  }
+
+  std::string checked(const std::string& text) {
+    if (firstByteNotAllowedInXml(text) != std::string_view::npos && !refused_) refused_ = key_;
+    return escaped(text);
   }
 
   void element(std::string_view name, std::string_view text) {
@@ -93,14 +103,20 @@ class Writer {
 
   std::string& xml_;
   std::size_t depth_ = 0;
+  std::string key_;  // of the value that is written
+  std::optional<std::string> refused_;
 };
 
 }  // namespace
 
-std::string formatPropertyList(const PropertyList& value) {
+std::optional<std::string> formatPropertyList(const PropertyList& value, Error* error) {
   std::string xml(kHead);
-  Writer(xml).write(value);
-  return xml += kFoot;
+  Writer writer(xml);
+  writer.write(value);
+  if (!writer.refused()) return xml += kFoot;
+  fail(error, {.description = fmt::format(
+                   "the text at \"{}\" has a character that XML cannot carry", *writer.refused())});
+  return std::nullopt;
 }
 
 }  // namespace zenivo

@@ -131,11 +131,19 @@ class Parser {
                                      const std::string& text) {
     if (type == "string") return text;
     if ((type == "true" || type == "false") && text.empty()) return type == "true";
-    if (type == "integer") return checked(node, numberFromText<std::int64_t>(text));
+    if (type == "integer") return integer(node, text);
     if (type == "real") return checked(node, numberFromText<double>(text));
     if (type == "date") return checked(node, dateFromPropertyListString(trimmed(text)));
     if (type == "data") return checked(node, dataFromBase64String(text));
     return failed(node, fmt::format("<{}> is no value of a property list", type));
+  }
+
+  /// Beyond 64 bits a whole number is read as the nearest real, so that one such value does
+  /// not make all others unreadable.
+  std::optional<PropertyList> integer(pugi::xml_node node, const std::string& text) {
+    if (const auto whole = numberFromText<std::int64_t>(text)) return *whole;
+    const bool isWhole = trimmed(text).find_first_not_of("+-0123456789") == std::string_view::npos;
+    return checked(node, isWhole ? numberFromText<double>(text) : std::nullopt);
   }
 
   template <class Value>

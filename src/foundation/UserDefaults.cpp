@@ -37,16 +37,6 @@ bool startsLikeTrue(std::string_view text) {
   return !text.empty() && std::string_view("YyTt123456789").find(text[0]) != std::string_view::npos;
 }
 
-/// A free name beside the file, for one that is put aside.
-std::filesystem::path asideName(const std::filesystem::path& file) {
-  std::filesystem::path name = file.string() + ".broken";
-  std::error_code ignored;
-  for (int i = 2; std::filesystem::exists(name, ignored); ++i) {
-    name = fmt::format("{}.broken{}", file.string(), i);
-  }
-  return name;
-}
-
 void apply(const std::optional<PropertyList>& change, const std::string& key,
            PropertyList::Dictionary& values) {
   if (change) {
@@ -117,7 +107,8 @@ std::string UserDefaults::stringForKey(std::string_view key) const {
   const std::optional<double> real = value->real();
   const std::optional<std::int64_t> whole = value->integer();
   if (!real) return {};
-  return *real == static_cast<double>(*whole) ? fmt::to_string(*whole) : fmt::format("{}", *real);
+  const bool isWhole = *real == static_cast<double>(*whole) && !(*real == 0 && std::signbit(*real));
+  return isWhole ? fmt::to_string(*whole) : fmt::format("{}", *real);
 }
 
 void UserDefaults::setInteger(std::int64_t value, std::string_view key) {
@@ -185,17 +176,19 @@ bool UserDefaults::mergeWithFile(Error* error) {
 bool UserDefaults::storeChanges(const Changes& changes, Content& content, Error* error) const {
   std::error_code failure;
   std::filesystem::create_directories(file_.parent_path(), failure);
-  const auto lock = FileLock::open(file_, ".lock", failure);
+  const std::filesystem::path file = symlinkTarget(file_);
+  const auto lock = FileLock::open(file, ".lock", failure);
   if (!lock) return fail(error, {.description = file_.string() + ".lock: " + failure.message()});
   if (!lock->acquire()) {
     return fail(error, {.description = file_.string() + ": another process keeps it locked"});
   }
 
+  removeLeftovers(file);
   content = readContent();
   if (content.state == Content::State::unreadable) return fail(error, content.error);
   if (content.state == Content::State::broken) {
-    const std::filesystem::path aside = asideName(file_);
-    std::filesystem::rename(file_, aside, failure);
+    const std::filesystem::path aside = freeNameBeside(file, ".broken");
+    std::filesystem::rename(file, aside, failure);
     if (failure)
       return fail(error, {.description = content.error.description + "; " + failure.message()});
     log(LogLevel::error, fmt::format("{}; kept as {}", content.error.description, aside.string()));

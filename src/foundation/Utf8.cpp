@@ -26,17 +26,4 @@ std::size_t firstByteNotAllowedInXml(std::string_view text) {
   return std::string_view::npos;
 }
 
-std::string textAllowedInXml(std::string_view text) {
-  std::string result;
-  for (std::size_t place = 0; place < text.size();) {
-    const std::size_t start = place;
-    if (allowedAt(text, place)) {
-      result.append(text, start, place - start);
-    } else {
-      result.append("\uFFFD");
-    }
-  }
-  return result;
-}
-
 }  // namespace zenivo

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 namespace zenivo {
@@ -12,8 +11,5 @@ namespace zenivo {
 /// that XML 1.0 does not allow (control characters but tab and line ends, U+FFFE,
 /// U+FFFF); std::string_view::npos when there is none.
 std::size_t firstByteNotAllowedInXml(std::string_view text);
-
-/// The text with every such character, or byte of no character, replaced by U+FFFD.
-std::string textAllowedInXml(std::string_view text);
 
 }  // namespace zenivo

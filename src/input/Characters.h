@@ -9,6 +9,10 @@
 
 namespace zenivo {
 
+inline bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
 /// Reads the character at `place`, which must be inside the text, and steps
 /// past it; negative for bytes that are no character.
 inline UChar32 nextCharacter(std::string_view text, std::size_t& place) {

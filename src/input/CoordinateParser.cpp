@@ -6,11 +6,13 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "input/Characters.h"
 #include "input/InputError.h"
+#include "input/PlaceLinks.h"
 
 namespace zenivo {
 namespace {
@@ -26,7 +28,20 @@ struct Token {
 };
 
 /// What one character can be; letters are decided where they stand.
-enum class Symbol { space, digit, point, plus, minus, comma, degree, minute, second, letter, none };
+enum class Symbol {
+  space,
+  digit,
+  point,
+  plus,
+  minus,
+  comma,
+  colon,
+  degree,
+  minute,
+  second,
+  letter,
+  none
+};
 
 Symbol symbolOf(UChar32 c) {
   switch (c) {
@@ -43,7 +58,10 @@ Symbol symbolOf(UChar32 c) {
     case 0x2212:
       return Symbol::minus;
     case ',':
+    case ';':
       return Symbol::comma;
+    case ':':
+      return Symbol::colon;
     case 0x00B0:
     case 0x00BA:
     case 'd':
@@ -73,9 +91,32 @@ Symbol symbolOf(UChar32 c) {
   }
 }
 
+[[noreturn]] void failToRead(std::string_view text, std::string_view reason) {
+  throw InputError(fmt::format(
+      "{} is no place: {}; write LAT,LON[,ALT_M], for example 48.8584,2.2945 or 48°51'30\"N "
+      "2°17'40\"E",
+      inQuotes(text), reason));
+}
+
+/// The place if its angles and altitude are within their ranges.
+const ZVLocation& checked(std::string_view text, const ZVLocation& location) {
+  const auto& [latitude, longitude] = location.coordinate;
+  if (!(std::fabs(latitude) <= 90)) {
+    failToRead(text, "the latitude is not between -90 and 90 degrees");
+  }
+  if (!(std::fabs(longitude) <= 180)) {
+    failToRead(text, "the longitude is not between -180 and 180 degrees");
+  }
+  if (!(location.altitude >= -500 && location.altitude <= 20000)) {
+    failToRead(text, "the altitude is not between -500 and 20000 metres");
+  }
+  return location;
+}
+
 class Reader {
  public:
-  explicit Reader(std::string_view text) : text_(text) { tokenize(); }
+  /// `typed` is what a message quotes.
+  Reader(std::string_view text, std::string_view typed) : text_(text), typed_(typed) { tokenize(); }
 
   ZVLocation location() {
     const int numbersPerAngle = countNumbersPerAngle();
@@ -83,6 +124,9 @@ class Reader {
     accept(Kind::comma);
     if (at_ == tokens_.size()) fail("the longitude is missing");
     const Angle second = angle(numbersPerAngle);
+    if (!first.isMarked && !second.isMarked && first.numbers != second.numbers) {
+      fail("latitude and longitude are not written alike");
+    }
     ZVLocation result(ordered(first, second));
     if (accept(Kind::comma) || (second.letter != 0 && isNext(Kind::number))) {
       result = {result.coordinate, altitude()};
@@ -94,15 +138,12 @@ class Reader {
  private:
   struct Angle {
     double degrees = 0;
+    int numbers = 0;
+    bool isMarked = false;  // by marks of degrees, minutes or seconds
     char letter = 0;
   };
 
-  [[noreturn]] void fail(std::string_view reason) const {
-    throw InputError(fmt::format(
-        "{} is no place: {}; write LAT,LON[,ALT_M], for example 48.8584,2.2945 or 48°51'30\"N "
-        "2°17'40\"E",
-        inQuotes(text_), reason));
-  }
+  [[noreturn]] void fail(std::string_view reason) const { failToRead(typed_, reason); }
 
   void tokenize() {
     for (std::size_t next = 0; next < text_.size();) {
@@ -121,6 +162,9 @@ class Reader {
           break;
         case Symbol::comma:
           tokens_.push_back({.kind = Kind::comma});
+          break;
+        case Symbol::colon:
+          colon();
           break;
         case Symbol::degree:
           tokens_.push_back({.kind = Kind::degreeMark});
@@ -154,6 +198,13 @@ class Reader {
     tokens_.push_back(token);
     numberEnd_ = static_cast<std::size_t>(last - text_.data());
     return numberEnd_;
+  }
+
+  /// The first colon of an angle ends the degrees, the second the minutes.
+  void colon() {
+    const std::size_t count = tokens_.size();
+    const bool isSecond = count >= 2 && tokens_[count - 2].kind == Kind::degreeMark;
+    tokens_.push_back({.kind = isSecond ? Kind::minuteMark : Kind::degreeMark});
   }
 
   /// Two single primes are the mark of the seconds.
@@ -217,7 +268,9 @@ class Reader {
       if (i > 0 && number.value >= 60) fail("minutes and seconds are less than 60");
       result.degrees += number.value / unit;
       unit *= 60;
-      accept(kMarks.at(static_cast<std::size_t>(i)));
+      ++result.numbers;
+      const bool isMarked = accept(kMarks.at(static_cast<std::size_t>(i)));
+      result.isMarked = result.isMarked || isMarked;
       const bool continues = number.isWhole && isNext(Kind::number) && tokens_[at_].sign == 0 &&
                              !isNext(Kind::degreeMark, 1);
       if (!continues) break;
@@ -238,8 +291,6 @@ class Reader {
       fail("one angle must be a latitude (N or S), the other a longitude (E or W)");
     }
     if (isLongitude(first.letter) || isLatitude(second.letter)) std::swap(first, second);
-    if (std::fabs(first.degrees) > 90) fail("the latitude is not between -90 and 90 degrees");
-    if (std::fabs(second.degrees) > 180) fail("the longitude is not between -180 and 180 degrees");
     return {.latitude = first.degrees, .longitude = second.degrees};
   }
 
@@ -247,20 +298,70 @@ class Reader {
     if (!isNext(Kind::number)) fail("the altitude is missing");
     const Token token = tokens_[at_++];
     accept(Kind::minuteMark);  // "35 m"
-    const double metres = token.sign == '-' ? -token.value : token.value;
-    if (metres < -500 || metres > 20000) fail("the altitude is not between -500 and 20000 metres");
-    return metres;
+    return token.sign == '-' ? -token.value : token.value;
   }
 
   std::string_view text_;
+  std::string_view typed_;
   std::vector<Token> tokens_;
   std::size_t numberEnd_ = 0;  // in text_, of the last number
   std::size_t at_ = 0;         // in tokens_
 };
 
+/// Without blanks around it, nor brackets around the whole.
+std::string_view unwrapped(std::string_view text) {
+  const auto trim = [&] {
+    while (text.starts_with(' ')) text.remove_prefix(1);
+    while (text.ends_with(' ')) text.remove_suffix(1);
+  };
+  trim();
+  if ((text.starts_with('(') && text.ends_with(')')) ||
+      (text.starts_with('[') && text.ends_with(']'))) {
+    text = text.substr(1, text.size() - 2);
+    trim();
+  }
+  return text;
+}
+
+std::optional<ZVLocation> attempt(std::string_view text, std::string_view typed) {
+  try {
+    return Reader(text, typed).location();
+  } catch (const InputError&) {
+    return std::nullopt;
+  }
+}
+
+/// A comma between two digits may part the angles or begin the decimals.  Decimals are
+/// written so only where something else parts the angles: a semicolon, a point of the
+/// compass, or a blank between two of them.
+ZVLocation readAngles(std::string_view text, std::string_view typed) {
+  std::string withPoints(text);
+  int replaced = 0;
+  for (std::size_t i = 1; i + 1 < text.size(); ++i) {
+    if (text[i] != ',' || !isDigit(text[i - 1]) || !isDigit(text[i + 1])) continue;
+    withPoints[i] = '.';
+    ++replaced;
+  }
+  if (text.find('.') != std::string_view::npos || replaced == 0) {
+    return Reader(text, typed).location();
+  }
+  if (text.find(';') != std::string_view::npos) return Reader(withPoints, typed).location();
+  const bool hasLetter = text.find_first_of("NSEWnsew") != std::string_view::npos;
+  if (replaced >= 2 || hasLetter) {
+    const auto decimal = attempt(withPoints, typed);
+    const auto parted = attempt(text, typed);
+    if (decimal && parted && *decimal != *parted) {
+      failToRead(typed, "its commas can be read in two ways");
+    }
+    if (decimal) return *decimal;
+  }
+  return Reader(text, typed).location();
+}
+
 }  // namespace
 
 bool looksLikeCoordinates(std::string_view text) {
+  if (isPlaceLink(text) || locationOfIso6709(unwrapped(text))) return true;
   bool hasDigit = false;
   for (std::size_t next = 0; next < text.size();) {
     const UChar32 c = nextCharacter(text, next);
@@ -272,7 +373,14 @@ bool looksLikeCoordinates(std::string_view text) {
 }
 
 ZVLocation parseCoordinates(std::string_view text) {
-  return Reader(text).location();
+  if (isPlaceLink(text)) {
+    const auto location = locationOfLink(text);
+    if (!location) failToRead(text, "the address has no coordinates");
+    return checked(text, *location);
+  }
+  const std::string_view plain = unwrapped(text);
+  const auto location = locationOfIso6709(plain);
+  return checked(text, location ? *location : readAngles(plain, text));
 }
 
 }  // namespace zenivo

@@ -55,6 +55,10 @@ class Scanner {
     rest_.remove_prefix(count);
     return value;
   }
+  /// How many digits are next.
+  std::size_t countDigits() const {
+    return std::min(rest_.find_first_not_of("0123456789"), rest_.size());
+  }
   /// The digits after a decimal point, as a fraction.
   double fraction() {
     if (!isNext("0123456789")) failForm();
@@ -87,6 +91,8 @@ int readMonth(Scanner& scanner) {
 }
 
 cctz::civil_day readDay(Scanner& scanner) {
+  // A count of seconds is no year of four digits with something behind it.
+  if (scanner.countDigits() > 5 && scanner.countDigits() != 8) scanner.failForm();
   const int year = readYear(scanner);
   const bool isExtended = scanner.accept("-");
   const int month = readMonth(scanner);
@@ -128,7 +134,8 @@ std::optional<int> readOffset(Scanner& scanner) {
   if (!scanner.accept("+-")) scanner.failForm();
   const int hours = scanner.digits(2);
   const int minutes = scanner.accept(":") || !scanner.isAtEnd() ? scanner.digits(2) : 0;
-  if (hours > 23 || minutes > 59) scanner.fail("the offset must be less than 24 hours");
+  if (hours > 23) scanner.fail("the offset must be less than 24 hours");
+  if (minutes > 59) scanner.fail("the offset's minutes must be 0 to 59");
   const int seconds = hours * 3600 + minutes * 60;
   return isWest ? -seconds : seconds;
 }

@@ -11,7 +11,7 @@
 #include "input/InputError.h"
 #include "input/Suggestions.h"
 #include "input/TextFolding.h"
-#include "place/GreatCircle.h"
+#include "place/LocationUtils.h"
 
 namespace zenivo {
 namespace {
@@ -19,115 +19,160 @@ namespace {
 constexpr double kStandsOut = 10;
 constexpr double kStandsOutWhenNarrowed = 5;
 constexpr double kSamePlaceKilometres = 25;  // a city listed again as its municipality
+constexpr double kInterest = 30'000;         // of a point of interest, in inhabitants
+
+double prominence(const GazetteerPlace& place) {
+  if (place.kind == gazetteer::Kind::pointOfInterest) return kInterest;
+  return (place.population + 1) * (place.kind == gazetteer::Kind::capital ? 10 : 1);
+}
 
 struct Candidate {
-  City city;
+  GazetteerPlace place;
   bool isCalledSo;  // by its own name, not only by another one
-  double prominence() const { return (city.population() + 1) * (city.isCapital() ? 10 : 1); }
+  double prominence;
 };
 
-/// Calls `visit` with each piece between commas until it returns true.
-template <typename Visitor>
-bool anyPiece(std::string_view list, Visitor visit) {
+/// The pieces of a list between commas.
+std::vector<std::string_view> piecesOf(std::string_view list) {
+  std::vector<std::string_view> pieces;
   for (;;) {
     const std::size_t comma = list.find(',');
-    if (visit(list.substr(0, comma))) return true;
-    if (comma == std::string_view::npos) return false;
+    pieces.push_back(list.substr(0, comma));
+    if (comma == std::string_view::npos) return pieces;
     list.remove_prefix(comma + 1);
   }
+}
+
+/// True when the words with which `name` begins fold to `folded`.
+bool beginsWithWords(TextFolder& folder, std::string_view name, std::string_view folded) {
+  for (std::size_t end = 0; end < name.size(); ++end) {
+    const bool isBreak = name[end] == ' ' || name[end] == '-' || name[end] == '\'';
+    if (isBreak && folder.foldToUtf8(name.substr(0, end)) == folded) return true;
+  }
+  return false;
+}
+
+/// A code as it is written, of an airport for example.
+bool isCode(std::string_view name) {
+  return name.size() == 3 && std::ranges::all_of(name, [](char c) { return c >= 'A' && c <= 'Z'; });
+}
+
+std::string_view trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
 /// The countries and regions that a qualifier can mean.
 class Qualifier {
  public:
-  Qualifier(const GeoNames& geoNames, TextFolder& folder, std::string_view text) {
-    const std::u32string folded = folder.fold(text);
-    const auto means = [&](std::string_view name) {
-      return !name.empty() && folder.foldsTo(name, folded);
-    };
-    geoNames.countries().forEachRow([&](const TabTable::Row& row) {
-      const std::string_view internetDomain = row[9];  // ".uk", where the ISO code is GB
-      if (means(row[0]) || means(row[1]) || means(row[4]) || means(internetDomain)) {
-        countries_.insert(row[0]);
+  Qualifier(const Gazetteer& gazetteer, TextFolder& folder, std::string_view text)
+      : folder_(folder), folded_(folder.fold(text)) {
+    for (const gazetteer::Country& country : gazetteer.countries()) {
+      if (means(gazetteer.text(country.code)) || means(gazetteer.text(country.code3)) ||
+          means(gazetteer.text(country.name)) || means(gazetteer.text(country.domain))) {
+        countries_.insert(gazetteer.text(country.code));
       }
-    });
-    geoNames.regions().forEachRow([&](const TabTable::Row& row) {
-      const std::string_view code = row[0].substr(row[0].find('.') + 1);
-      if (means(code) || means(row[1]) || means(row[2])) regions_.emplace(row[0]);
-    });
+    }
   }
 
-  bool admits(const City& city) const {
-    return countries_.contains(city.country()) ||
-           regions_.contains(fmt::format("{}.{}", city.country(), city.region()));
+  bool isEmpty() const { return folded_.empty(); }
+
+  bool admits(const GazetteerPlace& place) const {
+    return countries_.contains(place.country) || means(place.region) || means(place.regionCode) ||
+           means(place.regionPostal);
   }
 
  private:
+  bool means(std::string_view name) const {
+    return !name.empty() && folder_.foldsTo(name, folded_);
+  }
+
+  TextFolder& folder_;
+  std::u32string folded_;
   std::set<std::string_view> countries_;
-  std::set<std::string, std::less<>> regions_;
 };
 
 class Search {
  public:
-  Search(const GeoNames& geoNames, std::string_view query) : geoNames_(geoNames), query_(query) {}
+  Search(const Gazetteer& gazetteer, std::string_view query)
+      : gazetteer_(gazetteer), query_(query), name_(trimmed(query.substr(0, query.find(',')))) {}
 
-  City city() {
-    // A few names have a comma of their own: "Washington, D.C.".
-    collect(query_, {});
-    bool isNarrowed = false;
-    if (candidates_.empty()) isNarrowed = collectNarrowed();
+  GazetteerPlace place() {
+    const double factor = collect();
     if (candidates_.empty()) failUnknown();
-    std::stable_sort(candidates_.begin(), candidates_.end(),
-                     [](const auto& a, const auto& b) { return a.prominence() > b.prominence(); });
-    preferOwnNames();
+    std::ranges::stable_sort(candidates_, std::greater(), &Candidate::prominence);
+    passOverOtherNames();
     joinSamePlaces();
-    const double factor = isNarrowed ? kStandsOutWhenNarrowed : kStandsOut;
-    if (candidates_.size() > 1 &&
-        candidates_[0].prominence() < factor * candidates_[1].prominence()) {
-      failAmbiguous();
-    }
-    return candidates_.front().city;
+    const Candidate& best = candidates_.front();
+    const bool isRivalled =
+        candidates_.size() > 1 && best.prominence < factor * candidates_[1].prominence;
+    const bool isOtherwiseCalled =
+        !best.isCalledSo && std::ranges::any_of(candidates_, &Candidate::isCalledSo);
+    if (isRivalled || isOtherwiseCalled) failAmbiguous();
+    return best.place;
   }
 
  private:
-  void collect(std::string_view name, const std::vector<Qualifier>& qualifiers) {
-    const std::u32string folded = folder_.fold(name);
-    if (folded.empty()) return;
-    const auto matches = [&](std::string_view text) { return folder_.foldsTo(text, folded); };
-    geoNames_.forEachCity([&](const City& city) {
-      const bool isCalledSo = matches(city.name()) || matches(city.asciiName());
-      if (!isCalledSo && !anyPiece(city.alternateNames(), matches)) return;
-      const bool isAdmitted = std::all_of(qualifiers.begin(), qualifiers.end(),
-                                          [&](const Qualifier& q) { return q.admits(city); });
-      if (isAdmitted) candidates_.push_back({city, isCalledSo});
-    });
-  }
-
-  bool collectNarrowed() {
-    const std::size_t comma = query_.find(',');
-    if (comma == std::string_view::npos) return false;
+  /// Tries one way after the other in which the query may be meant, until one finds
+  /// something.  By what factor that must stand out.
+  double collect() {
+    // A few names have a comma of their own: "Washington, D.C.".
+    collectNamed(trimmed(query_), {});
+    if (!candidates_.empty()) return kStandsOut;
     std::vector<Qualifier> qualifiers;
-    anyPiece(query_.substr(comma + 1), [&](std::string_view piece) {
-      if (!folder_.fold(piece).empty()) qualifiers.emplace_back(geoNames_, folder_, piece);
-      return false;
-    });
-    collect(query_.substr(0, comma), qualifiers);
-    return !qualifiers.empty();
+    for (const std::string_view piece : piecesOf(query_)) {
+      if (piece.data() == query_.data()) continue;
+      Qualifier qualifier(gazetteer_, folder_, piece);
+      if (!qualifier.isEmpty()) qualifiers.push_back(std::move(qualifier));
+    }
+    if (!qualifiers.empty()) collectNamed(name_, qualifiers);
+    if (candidates_.empty()) collectBeginning(qualifiers);
+    return qualifiers.empty() ? kStandsOut : kStandsOutWhenNarrowed;
   }
 
-  void preferOwnNames() {
-    const auto isCalledSo = [](const Candidate& candidate) { return candidate.isCalledSo; };
-    const auto own = std::find_if(candidates_.begin(), candidates_.end(), isCalledSo);
+  void add(gazetteer::Entry entry, const std::vector<Qualifier>& qualifiers) {
+    const GazetteerPlace place = gazetteer_.place(entry.place());
+    const auto admits = [&](const Qualifier& qualifier) { return qualifier.admits(place); };
+    if (!std::ranges::all_of(qualifiers, admits)) return;
+    candidates_.push_back({place, entry.isOwn(), prominence(place)});
+  }
+
+  void collectNamed(std::string_view name, const std::vector<Qualifier>& qualifiers) {
+    const std::string folded = folder_.foldToUtf8(name);
+    for (const gazetteer::Entry entry : gazetteer_.named(folded)) {
+      if (!entry.isCode() || isCode(name)) add(entry, qualifiers);
+    }
+  }
+
+  void collectBeginning(const std::vector<Qualifier>& qualifiers) {
+    constexpr std::size_t kShortest = 4;
+    const std::string folded = folder_.foldToUtf8(name_);
+    if (folded.size() < kShortest) return;
+    gazetteer_.forEachNameFrom(folded, [&](std::string_view, const auto& entries) {
+      for (const gazetteer::Entry entry : entries) {
+        if (!entry.isOwn()) continue;
+        if (beginsWithWords(folder_, gazetteer_.place(entry.place()).name, folded)) {
+          add(entry, qualifiers);
+        }
+      }
+    });
+  }
+
+  void passOverOtherNames() {
+    const auto own = std::ranges::find_if(candidates_, &Candidate::isCalledSo);
     if (own == candidates_.end()) return;
-    if (candidates_.front().prominence() >= kStandsOut * own->prominence()) return;
-    std::erase_if(candidates_, std::not_fn(isCalledSo));
+    const double least = own->prominence;
+    std::erase_if(candidates_, [&](const Candidate& candidate) {
+      return !candidate.isCalledSo && candidate.prominence < least;
+    });
   }
 
   void joinSamePlaces() {
-    const City best = candidates_.front().city;
+    const Coordinate best = candidates_.front().place.coordinate;
     const auto isAgain = [&](const Candidate& candidate) {
-      return greatCircleKilometres(best.latitude(), best.longitude(), candidate.city.latitude(),
-                                   candidate.city.longitude()) < kSamePlaceKilometres;
+      return LocationUtils::greatCircleDistanceWithSource(best, candidate.place.coordinate) <
+             kSamePlaceKilometres;
     };
     candidates_.erase(std::remove_if(candidates_.begin() + 1, candidates_.end(), isAgain),
                       candidates_.end());
@@ -135,65 +180,68 @@ class Search {
 
   [[noreturn]] void failAmbiguous() const {
     std::map<std::string, int> uses;
-    for (const Candidate& c : candidates_) ++uses[placeLabel(geoNames_, c.city)];
+    for (const Candidate& candidate : candidates_) ++uses[candidate.place.label()];
     std::vector<std::string> names;
-    for (const auto& [city, isCalledSo] : candidates_) {
-      const std::string label = placeLabel(geoNames_, city);
+    for (const Candidate& candidate : candidates_) {
+      const std::string label = candidate.place.label();
       names.push_back('"' + label + '"');
-      if (uses[label] > 1)
-        names.back() += fmt::format(" at {},{}", city.latitude(), city.longitude());
+      const Coordinate& coordinate = candidate.place.coordinate;
+      if (uses[label] > 1) {
+        names.back() += fmt::format(" at {},{}", coordinate.latitude, coordinate.longitude);
+      }
     }
     throw InputError(
         fmt::format("{} is ambiguous: name one of {}", inQuotes(query_), listOf(names)));
   }
 
   [[noreturn]] void failUnknown() {
-    constexpr std::size_t kListed = 3;
-    constexpr int kMaxEdits = 2;
-    const std::string_view name = query_.substr(0, query_.find(','));
-    const std::u32string folded = folder_.fold(name);
-    std::multimap<std::pair<int, double>, City> similar;  // fewest edits first, then the largest
-    geoNames_.forEachCity([&](const City& city) {
-      const std::u32string other = folder_.fold(city.asciiName());
-      const bool begins = folded.size() > kMaxEdits && other.starts_with(folded);
-      const int edits = begins ? 1 : editDistance(folded, other, kMaxEdits);
-      if (edits <= kMaxEdits && folded.size() > static_cast<std::size_t>(edits)) {
-        similar.emplace(std::pair(edits, -city.population()), city);
-      }
-    });
-    std::vector<std::string> suggestions;
-    for (const auto& [rank, city] : similar) {
-      if (suggestions.size() < kListed) suggestions.push_back(placeLabel(geoNames_, city));
-    }
+    const std::vector<std::string> similar = similarPlaces();
     throw InputError(
-        fmt::format("no city named {} is known{}", inQuotes(query_), didYouMean(suggestions)));
+        fmt::format("no place named {} is known{}; write LAT,LON, or look in zenivo pois",
+                    inQuotes(query_), didYouMean(similar)));
   }
 
-  const GeoNames& geoNames_;
+  /// The labels of the places with the most similar names, the largest first.
+  std::vector<std::string> similarPlaces() {
+    constexpr std::size_t kListed = 3;
+    constexpr int kMaxEdits = 2;
+    const std::u32string folded = folder_.fold(name_);
+    const std::string beginning = folder_.foldToUtf8(name_);
+    std::map<std::pair<int, double>, std::string> similar;
+    gazetteer_.forEachNameFrom("", [&](std::string_view key, const auto& entries) {
+      const bool begins = folded.size() > kMaxEdits && key.starts_with(beginning);
+      if (!begins && std::abs(std::ssize(key) - std::ssize(beginning)) > 4 * kMaxEdits) return;
+      const int edits = begins ? key.size() == beginning.size() ? 0 : 1
+                               : editDistance(folded, folder_.fold(key), kMaxEdits);
+      if (edits > kMaxEdits || folded.size() <= static_cast<std::size_t>(edits)) return;
+      for (const gazetteer::Entry entry : entries) {
+        if (!entry.isOwn() && edits > 0) continue;
+        const GazetteerPlace place = gazetteer_.place(entry.place());
+        similar.try_emplace({edits, -prominence(place)}, place.label());
+        if (similar.size() > kListed) similar.erase(std::prev(similar.end()));
+      }
+    });
+    std::vector<std::string> labels;
+    for (const auto& [rank, label] : similar) labels.push_back(label);
+    return labels;
+  }
+
+  const Gazetteer& gazetteer_;
   std::string_view query_;
+  std::string_view name_;  // what stands before the first comma
   TextFolder folder_;
   std::vector<Candidate> candidates_;
 };
 
 }  // namespace
 
-std::string placeLabel(const GeoNames& geoNames, const City& city) {
-  const std::string key = fmt::format("{}.{}", city.country(), city.region());
-  std::string_view region;
-  geoNames.regions().forEachRow([&](const TabTable::Row& row) {
-    if (row[0] == key) region = row[1];
-  });
-  if (region.empty() || region == city.name()) {
-    return fmt::format("{}, {}", city.name(), city.country());
-  }
-  return fmt::format("{}, {}, {}", city.name(), region, city.country());
-}
-
-NamedPlace findPlace(const GeoNames& geoNames, std::string_view query) {
-  const City city = Search(geoNames, query).city();
-  return {.location = ZVLocation({city.latitude(), city.longitude()}, city.altitude()),
-          .label = placeLabel(geoNames, city),
-          .timeZone = std::string(city.timeZone())};
+NamedPlace findPlace(const Gazetteer& gazetteer, std::string_view query) {
+  const GazetteerPlace place = Search(gazetteer, query).place();
+  return {.location = place.altitude ? ZVLocation(place.coordinate, *place.altitude)
+                                     : ZVLocation(place.coordinate),
+          .label = place.label(),
+          .country = std::string(place.country),
+          .isPointOfInterest = place.kind == gazetteer::Kind::pointOfInterest};
 }
 
 }  // namespace zenivo

@@ -5,32 +5,32 @@
 #include <string>
 #include <string_view>
 
-#include "input/GeoNames.h"
+#include "input/Gazetteer.h"
 #include "place/ZVLocation.h"
 
 namespace zenivo {
 
 struct NamedPlace {
   ZVLocation location;
-  std::string label;     ///< "Paris, Île-de-France, FR"
-  std::string timeZone;  ///< IANA name
+  std::string label;    ///< "Paris, Île-de-France, FR"
+  std::string country;  ///< ISO 3166, two letters; empty for none
+  bool isPointOfInterest = false;
 };
 
-/// The city of a name, with or without what narrows it: "Paris", "Portland, US", "portland,
-/// oregon", "Portland, ME, USA".  Case, accents and punctuation do not matter,
-/// and former names and those of other languages count too.  Each word after a
-/// comma must be the city's country (name or code) or region (the same).
+/// The place of a name, with or without what narrows it: "Paris", "Portland, US",
+/// "portland, oregon", "Vancouver, BC", "Eiffel Tower".  Case, accents and punctuation do
+/// not matter, and former names and those of other languages count too; a code of three
+/// letters ("GVA") counts in capitals.  Each word after a comma must be the place's
+/// country (name or code) or region (the same, or its postal abbreviation).  Where
+/// nothing is called so, what begins with these words is meant ("Chamonix").
 ///
-/// Of several cities that bear the name the one meant is the one that stands
-/// out: ten times as populous as the next, a capital counting tenfold; with a
-/// country or region given, five times is enough.  Cities found only by another
-/// name than their own are thought of when they outdo, by the same factor of
-/// ten, those that are called so.
-/// Throws InputError when no city stands out, listing the candidates, and
-/// when there is none, listing similar names.
-NamedPlace findPlace(const GeoNames& geoNames, std::string_view query);
-
-/// The city's name, region and country, as findPlace takes them.
-std::string placeLabel(const GeoNames& geoNames, const City& city);
+/// Of several places that bear the name the one meant is the one that stands out: ten
+/// times as populous as the next, a capital counting tenfold and a point of interest as a
+/// town of 30,000; with a country or region given, five times is enough.  Places that
+/// bear it only as another name are passed over when they are smaller than one that is
+/// called so.
+/// Throws InputError when no place stands out, listing the candidates, and when there is
+/// none, listing similar names.
+NamedPlace findPlace(const Gazetteer& gazetteer, std::string_view query);
 
 }  // namespace zenivo

@@ -22,6 +22,32 @@ constexpr auto kAsciiFolding = [] {
   return table;
 }();
 
+/// Latin letters that Unicode takes for letters of their own, as people type them who
+/// have none of them on their keys.
+std::u32string_view plainLetters(char32_t c) {
+  switch (c) {
+    case U'æ':
+      return U"ae";
+    case U'đ':
+    case U'ð':
+      return U"d";
+    case U'ħ':
+      return U"h";
+    case U'ı':
+      return U"i";
+    case U'ł':
+      return U"l";
+    case U'ø':
+      return U"o";
+    case U'œ':
+      return U"oe";
+    case U'þ':
+      return U"th";
+    default:
+      return {};
+  }
+}
+
 std::u32string foldWithUnicode(char32_t c) {
   UErrorCode status = U_ZERO_ERROR;
   // NFKC_Casefold folds case and compatibility forms; what it composed is taken apart again.
@@ -36,7 +62,10 @@ std::u32string foldWithUnicode(char32_t c) {
     const std::uint32_t kind = U_GET_GC_MASK(part);
     const bool kept = (kind & (U_GC_L_MASK | U_GC_N_MASK)) != 0 ||
                       ((kind & U_GC_M_MASK) != 0 && u_getCombiningClass(part) == 0);
-    if (kept) folded += static_cast<char32_t>(part);
+    if (!kept) continue;
+    const auto letter = static_cast<char32_t>(part);
+    const std::u32string_view plain = plainLetters(letter);
+    folded += plain.empty() ? std::u32string_view(&letter, 1) : plain;
   }
   return folded;
 }
@@ -62,6 +91,17 @@ std::u32string TextFolder::fold(std::string_view text) {
     if (c >= 0) folded += foldCharacter(static_cast<char32_t>(c));
   }
   return folded;
+}
+
+std::string TextFolder::foldToUtf8(std::string_view text) {
+  std::string utf8;
+  for (const char32_t c : fold(text)) {
+    std::array<std::uint8_t, U8_MAX_LENGTH> bytes{};
+    std::size_t size = 0;
+    U8_APPEND_UNSAFE(bytes, size, c);
+    utf8.append(bytes.begin(), bytes.begin() + size);
+  }
+  return utf8;
 }
 
 bool TextFolder::foldsTo(std::string_view text, std::u32string_view folded) {

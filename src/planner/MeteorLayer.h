@@ -27,8 +27,8 @@ class MeteorLayer {
   /// Works out the shower's activity in a year.
   virtual void calculateMeteorShowerActivitesForYear(std::int64_t year) = 0;
 
-  /// When the shower is richest at the place, in the period of activity that holds the
-  /// moment or is the next; 0.0 while that is not known.
+  /// When the shower is richest at the place in that year; 0.0 where it is not seen, and
+  /// after a change of place or zone until the year is worked out again.
   virtual double realPeakMjd() const = 0;
 
   /// The shower's radiant, for the place, where it stands among the stars at a moment;

@@ -12,10 +12,12 @@ MeteorShowerLayer::MeteorShowerLayer(std::int64_t showerId, Date currentDate, co
       manager_({currentDate, std::nullopt, zone}, showerId, true, std::move(cache)) {}
 
 void MeteorShowerLayer::updateLocation(const PtPosition& observer) {
+  realPeakMjd_ = 0.0;
   manager_.updateLocation(ZVLocation(observer));
 }
 
 void MeteorShowerLayer::timeZoneUpdated(const TimeZone& zone) {
+  realPeakMjd_ = 0.0;
   manager_.timeZoneUpdated(zone);
 }
 
@@ -26,12 +28,12 @@ void MeteorShowerLayer::updateMeteorShowerInfo(Date currentDate) {
 void MeteorShowerLayer::calculateMeteorShowerActivitesForYear(std::int64_t year) {
   const double mjd = manager_.currentMjdDate();
   manager_.calculateMeteorShowerActivitesForYear(year);
+  realPeakMjd_ = 0.0;
+  if (const std::shared_ptr<MeteorShower> shower = manager_.meteorShowerWithId(showerId_)) {
+    const MeteorShowerActivityPeriod* period = std::as_const(*shower).activityPeriodForYear(year);
+    if (period != nullptr) realPeakMjd_ = period->realPeakMjd;
+  }
   manager_.jumpToMjdDate(mjd);  // back from the first day of the year
-}
-
-double MeteorShowerLayer::realPeakMjd() const {
-  const MeteorShowerActivityPeriod* period = manager_.activityPeriodForMeteorShowerId(showerId_);
-  return period != nullptr ? period->realPeakMjd : 0.0;
 }
 
 std::optional<ephemeris::PtStar> MeteorShowerLayer::radiant(double mjd) {

@@ -21,12 +21,13 @@ class MeteorShowerLayer : public MeteorLayer {
   void timeZoneUpdated(const TimeZone& zone) override;
   void updateMeteorShowerInfo(Date currentDate) override;
   void calculateMeteorShowerActivitesForYear(std::int64_t year) override;
-  double realPeakMjd() const override;
+  double realPeakMjd() const override { return realPeakMjd_; }
   std::optional<ephemeris::PtStar> radiant(double mjd) override;
 
  private:
   std::int64_t showerId_;
   MeteorShowerManager manager_;
+  double realPeakMjd_ = 0.0;
 };
 
 /// Makes the layers of a session.

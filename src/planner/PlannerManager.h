@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include <array>
-#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,8 +11,6 @@
 
 #include "ar/orientation/AzimuthManager.h"
 #include "eclipses/EclipseLayer.h"
-#include "engine/MilkyWayEvent.h"
-#include "engine/MoonPhase.h"
 #include "engine/PtMilkyWay.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
@@ -21,20 +18,19 @@
 #include "foundation/Date.h"
 #include "foundation/TimeZone.h"
 #include "map/layers/MapSettings.h"
-#include "planner/BodyLines.h"
-#include "planner/DaySearch.h"
+#include "planner/CurrentTimeLines.h"
+#include "planner/DayEvents.h"
+#include "planner/GalacticNight.h"
 #include "planner/MapManager.h"
 #include "planner/MeteorLayer.h"
-#include "planner/MoonEvent.h"
-#include "planner/NightWindow.h"
+#include "planner/MonthPhases.h"
 #include "planner/PlannerManagerDelegate.h"
-#include "planner/SunEvent.h"
+#include "planner/SessionShower.h"
+#include "planner/SkyAtMoment.h"
 #include "planner/TerminatorLine.h"
-#include "planner/TimeIntervalEventSorter.h"
+#include "planner/Where.h"
 
 namespace zenivo {
-
-enum class PlannerBody { sun, moon };
 
 /// What a session is given from outside.  Every member may be missing: the session
 /// then makes plain bodies, draws no lines, and knows no magnetic north and no showers.
@@ -70,13 +66,13 @@ class PlannerManager : public MapManager {
 
   // Positions at the moment.
 
-  const PtPolar& getSunPosition() const { return sunPosition_; }
-  const PtPolar& getMoonPosition() const { return moonPosition_; }
-  double sunDeclination() const { return sunDeclination_; }               ///< radians
-  double getSunAngularDiameter() const { return sunAngularDiameter_; }    ///< degrees
-  double getMoonAngularDiameter() const { return moonAngularDiameter_; }  ///< degrees
-  const MoonPhase& getMoonPhase() const { return moonPhase_; }
-  const PtMilkyWayPosition& getMilkyWayPosition() const { return milkyWayPosition_; }
+  const PtPolar& getSunPosition() const { return sky_.sunPosition; }
+  const PtPolar& getMoonPosition() const { return sky_.moonPosition; }
+  double sunDeclination() const { return sky_.sunDeclination; }               ///< radians
+  double getSunAngularDiameter() const { return sky_.sunAngularDiameter; }    ///< degrees
+  double getMoonAngularDiameter() const { return sky_.moonAngularDiameter; }  ///< degrees
+  const MoonPhase& getMoonPhase() const { return sky_.moonPhase; }
+  const PtMilkyWayPosition& getMilkyWayPosition() const { return sky_.milkyWayPosition; }
 
   /// Metres that the body covers at the black pin's distance; not a number without one.
   double getSunSizeInM() const;
@@ -105,47 +101,47 @@ class PlannerManager : public MapManager {
   // Events.
 
   /// Yesterday, today and tomorrow, or none.
-  const std::vector<SunEvent>& sunEvents() const { return sunEvents_; }
-  const std::vector<MoonEvent>& moonEvents() const { return moonEvents_; }
+  const std::vector<SunEvent>& sunEvents() const { return days_.sun(); }
+  const std::vector<MoonEvent>& moonEvents() const { return days_.moon(); }
   /// Today's, nullptr when there are none.
   const SunEvent* getCurrentSunEvent() const;
   const MoonEvent* getCurrentMoonEvent() const;
-  const TimeIntervalEventSorter& getEventSorter() const { return eventSorter_; }
+  const TimeIntervalEventSorter& getEventSorter() const { return days_.sorter(); }
 
   /// The night that concerns the moment: before the threshold, which is about sunrise,
   /// the one that ends today, then the one that begins today.
-  const MilkyWayEvent& getCurrentMilkyWayEvent() const { return mwEvent_; }
-  Date mwDateThreshold() const { return mwDateThreshold_; }
+  const MilkyWayEvent& getCurrentMilkyWayEvent() const { return night_.event(); }
+  Date mwDateThreshold() const { return night_.threshold(); }
 
   /// The principal phases from the first of the moment's local month on.
-  const std::vector<PtMoonPhaseWithDate>& moonMonthPhases() const { return moonMonthPhases_; }
-  void freeMoonPhaseObjects() { moonMonthPhases_.clear(); }
+  const std::vector<PtMoonPhaseWithDate>& moonMonthPhases() const { return moonMonth_.phases(); }
+  void freeMoonPhaseObjects() { moonMonth_.clear(); }
   /// That of a local day among them, or nullptr.
   const PtMoonPhaseWithDate* getPhaseForDay(int day, int ofMonth) const;
 
   // Lines on the map.  Empty unless lines are drawn.
 
-  const LinePositions& getSunLinePositions() const { return sunLines_.linePositions; }
+  const LinePositions& getSunLinePositions() const { return lines_.sun().linePositions; }
   const LinePositions& getExpandedSunLinePositions() const {
-    return sunLines_.expandedLinePositions;
+    return lines_.sun().expandedLinePositions;
   }
   const LinePositions& getSunSizeFirstSideLinePositions() const {
-    return sunLines_.sizeFirstSideLinePositions;
+    return lines_.sun().sizeFirstSideLinePositions;
   }
   const LinePositions& getSunSizeSecondSideLinePositions() const {
-    return sunLines_.sizeSecondSideLinePositions;
+    return lines_.sun().sizeSecondSideLinePositions;
   }
-  const LinePositions& getMoonLinePositions() const { return moonLines_.linePositions; }
+  const LinePositions& getMoonLinePositions() const { return lines_.moon().linePositions; }
   const LinePositions& getExpandedMoonLinePositions() const {
-    return moonLines_.expandedLinePositions;
+    return lines_.moon().expandedLinePositions;
   }
   const LinePositions& getMoonSizeFirstSideLinePositions() const {
-    return moonLines_.sizeFirstSideLinePositions;
+    return lines_.moon().sizeFirstSideLinePositions;
   }
   const LinePositions& getMoonSizeSecondSideLinePositions() const {
-    return moonLines_.sizeSecondSideLinePositions;
+    return lines_.moon().sizeSecondSideLinePositions;
   }
-  bool expandLines() const { return expandLines_; }
+  bool expandLines() const { return lines_.expandLines(); }
   void setExpandLines(bool expand);
 
   // The moment.
@@ -176,8 +172,9 @@ class PlannerManager : public MapManager {
   void setCurrentPosition(const Coordinate& position, bool updateAltitude,
                           bool resetHorizonIfNecessary = true);
 
-  /// Stores the observer and drops the events, which follow with the next change of
-  /// moment, place or zone, and the positions with the next of moment or place.
+  /// Stores the observer and takes eclipse and shower to his place.  Drops the events, which
+  /// follow with the next change of moment, place or zone, and the positions, which follow
+  /// with the next of moment or place.  One at an invalid coordinate changes nothing.
   void setObserver(const ZVObserver& observer) override;
   void setObstacle(std::shared_ptr<Obstacle> obstacle) override;
 
@@ -237,8 +234,11 @@ class PlannerManager : public MapManager {
   void disableMeteorShower();
   /// The radiant's way through the local day; nullopt while no shower is shown.
   const std::optional<BodyPath>& meteorShowerPositionsPerHour() const {
-    return meteorShowerPositionsPerHour_;
+    return shower_.positionsPerHour();
   }
+  /// When it is richest at the place in its year, mjd; 0.0 when it is not seen there, or
+  /// none is shown.
+  double meteorShowerPeakMjd() const { return shower_.peakMjd(); }
 
   const AzimuthManager* azimuthManager() const { return azimuthManager_.get(); }
 
@@ -257,70 +257,41 @@ class PlannerManager : public MapManager {
   void deallocGeodesics() override;
 
  private:
-  static constexpr std::size_t kYesterday = 0;
-  static constexpr std::size_t kToday = 1;
-  static constexpr std::size_t kTomorrow = 2;
+  /// What has become new.
+  struct News {
+    bool days = false;
+    bool night = false;
+  };
 
   template <class... Parameters, class... Arguments>
   void notify(void (PlannerManagerDelegate::*message)(Parameters...), Arguments... arguments) {
     if (const auto delegate = delegate_.lock()) ((*delegate).*message)(arguments...);
   }
 
-  // PlannerManager.cpp
-  void changeDay(Date oldDate);
+  News follow(bool withPositions);
+  void takePositions();
+
+  Where where() const;
   void moveObserver(const Coordinate& position, bool resetHorizonIfNecessary);
   void refreshBodies();
   void adoptTimeZone(const TimeZone& zone);
-  void timeZoneChanged();
   void updateMagneticDeclination();
-
-  // PlannerPositions.cpp
-  void calculatePositionsForDate(Date date);
-  void computeBodies(Date date);
-  void takeSunPosition();
-  void takeMoonPosition();
-  void updatePhaseOfToday();
-  void forgetPhaseOfToday();
-  void fillTerminatorLine();
+  void resetEventArrays();
+  void fillTerminatorLine(const SkyAtMoment& sky);
   void recalculateAltitudeAboveBlackPin();
   double sizeInM(double angularDiameter) const;
   double shadowLength(double ratio) const;
-
-  // PlannerDayCycle.cpp
-  void recalculateRiseSetValuesNewDate(Date newDate, std::optional<Date> oldDate);
-  void initEventArrays();
-  void resetEventArrays();
-  void calculateRiseSetForDate(const LocalDay& day, std::size_t forEvent);
-  std::optional<PtMoonPhaseWithDate> phaseOfDay(const LocalDay& day) const;
-  void sortEvents();
-  void recalculateMonthPhases();
-
-  // PlannerNight.cpp
-  void updateMilkyWayThreshold();
-  bool shouldUpdateNightDataWithOldDate(std::optional<Date> oldDate, Date newDate) const;
-  void recalculateMilkyWayDataIfNeededWithOldDate(Date oldDate, Date newDate);
-  void recalculateNightData();
-  void fillMilkyWayEvent(const NightWindow& night);
-
-  // PlannerJumps.cpp
+  DayPaths dayPaths() const;
+  bool showsEclipse() const;
+  void showEclipse();
+  void notifyOfEclipse();
+  const Coordinate* linesFrom() const;
+  void drawDayLines();
+  void drawCurrentTimeLines();
   std::optional<Date> getPhaseNextOrPrevious(bool forward, std::int32_t withPhase) const;
   void jumpToMoonPhase(bool forward);
   void jumpToNextPreviousNewMoonAtTheEndOfAstronomicalTwilight(bool forward);
-
-  // PlannerEclipses.cpp, PlannerMeteors.cpp
-  void showEclipse();
-  void updateEclipseShadow();
-  void updateMeteorShowerLocation();
-  void updateMeteorShowerPositionsPerHour();
-
-  // PlannerLines.cpp
-  void recreateAllLines();
-  void recreateCurrentTimeLines();
-  void recreateLines(BodyLines& lines, const PlannerBodyLayerState& layer, double azimuth,
-                     double angularDiameter);
-  void recalculatePositionsForGeodesicCurrentTimeLines();
-  void recreateRiseSetLines(std::size_t forEvent);
-  void recalculatePositionsForGeodesicRiseSetLines();
+  void tellOfJump();
 
   std::unique_ptr<ephemeris::PtSun> sun_;
   std::unique_ptr<ephemeris::PtMoon> moon_;
@@ -338,35 +309,16 @@ class PlannerManager : public MapManager {
   bool isLoadingPlan_ = false;
   MapSettings mapSettings_;
 
-  std::optional<Date> positionsDate_;  ///< the moment of what follows
-  PtPolar sunPosition_;
-  PtPolar moonPosition_;
-  double sunAngularDiameter_ = 0;
-  double moonAngularDiameter_ = 0;
-  double sunDeclination_ = 0;
-  double sunShadowRatio_ = 0;
-  double moonShadowRatio_ = 0;
-  MoonPhase moonPhase_;
-  PtMilkyWayPosition milkyWayPosition_;
-  std::optional<AltitudeAboveBlackPin> altitudeAboveBlackPin_;
+  // What follows from place, zone and moment, in the order of follow().
+  MonthPhases moonMonth_;
+  DayEvents days_;
+  SkyAtMoment sky_;
   std::unique_ptr<TerminatorLine> terminatorLine_;
-
-  std::vector<SunEvent> sunEvents_;
-  std::vector<MoonEvent> moonEvents_;
-  TimeIntervalEventSorter eventSorter_;
-  PtDateTime moonMonthStart_;
-  std::vector<PtMoonPhaseWithDate> moonMonthPhases_;
-  MilkyWayEvent mwEvent_;
-  Date mwDateThreshold_;
-  bool nightDataIsStale_ = true;
-
+  CurrentTimeLines lines_;
+  std::optional<AltitudeAboveBlackPin> altitudeAboveBlackPin_;
   EclipseLayer eclipseLayer_;
-  std::unique_ptr<MeteorLayer> meteorLayer_;
-  std::optional<BodyPath> meteorShowerPositionsPerHour_;
-
-  BodyLines sunLines_;
-  BodyLines moonLines_;
-  bool expandLines_ = false;
+  SessionShower shower_;
+  GalacticNight night_;
 };
 
 }  // namespace zenivo

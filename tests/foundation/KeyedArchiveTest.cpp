@@ -48,7 +48,7 @@ TEST(KeyedArchive, ObjectsComeBackThroughTheirFile) {
   const Place place{"Matterhorn & Riffelsee", 45.983333333333334, -3,
                     Date::withTimeIntervalSinceReferenceDate(803712345.25), Layer{true, 0.1F}};
   for (const Place& each : {place, Place{"", 1, 0, std::nullopt, std::nullopt}}) {
-    const auto archive = parsePropertyList(formatPropertyList(archivedObject(each)));
+    const auto archive = parsePropertyList(formatPropertyList(archivedObject(each)).value());
     ASSERT_TRUE(archive);
     EXPECT_EQ(unarchivedObject<Place>(*archive), each);
   }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <atomic>
 #include <latch>
+#include <stdexcept>
 #include <thread>
 #include <vector>
 
@@ -94,6 +95,23 @@ TEST(OperationQueue, OtherThreadsMayAddCancelAndWait) {
   for (std::thread& thread : threads) thread.join();
   EXPECT_GT(runs, 0);
   EXPECT_LE(runs, 600);
+}
+
+TEST(Unwaited, AFailingBlockIsLoggedAndTheQueuesGoOn) {
+  testing::internal::CaptureStderr();
+  std::atomic<int> ran = 0;
+  const auto fails = [&] {
+    ++ran;
+    throw std::runtime_error("a block broke");
+  };
+  OperationQueue queue(1);
+  for (int i = 0; i < 2; ++i) queue.addOperation(fails);
+  queue.waitUntilAllOperationsAreFinished();
+  mainQueue().async(fails);
+  const DelayedCall later = mainQueue().performAfterDelay(0, fails);
+  mainQueue().runUntil([&] { return ran == 4; });
+  const std::string log = testing::internal::GetCapturedStderr();
+  EXPECT_NE(log.find("a block broke"), std::string::npos) << log;
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ std::string plist(const std::string& body) {
 }
 
 std::optional<PropertyList> roundTrip(const PropertyList& value) {
-  return parsePropertyList(formatPropertyList(value));
+  return parsePropertyList(formatPropertyList(value).value());
 }
 
 class RandomValues {
@@ -81,7 +81,7 @@ TEST(PropertyList, RandomValuesReadBackEqual) {
   RandomValues random;
   for (int i = 0; i < 10'000; ++i) {
     const PropertyList value = random.value(4);
-    EXPECT_EQ(roundTrip(value), value) << formatPropertyList(value);
+    EXPECT_EQ(roundTrip(value), value) << formatPropertyList(value).value();
   }
 }
 
@@ -103,11 +103,23 @@ TEST(PropertyList, ExtremesReadBackEqual) {
   const Array numbers{1.0, 1, true, Whole::max(), Whole::min()};
   EXPECT_EQ(roundTrip(numbers), PropertyList(numbers));
   EXPECT_NE(PropertyList(1.0), PropertyList(1));
+  EXPECT_NE(PropertyList(-0.0), PropertyList(0.0));
+  // One number beyond 64 bits leaves the rest of a file readable.
+  EXPECT_EQ(parsePropertyList("<plist><integer>-9223372036854775809</integer></plist>"),
+            PropertyList(-9223372036854775808.0));
 }
 
-TEST(PropertyList, WhatXmlCannotHoldIsReplaced) {
+TEST(PropertyList, ATextThatXmlCannotCarryIsRefusedAndNeverAltered) {
   using namespace std::string_literals;
-  EXPECT_EQ(roundTrip("a\0b\x1F\xFFz"s)->string(), "a\uFFFDb\uFFFD\uFFFDz");
+  for (const std::string& text : {"a\0b"s, "\x1F"s, "\xFF"s, "\xC0\x80"s, "\uFFFE"s}) {
+    Error error;
+    EXPECT_FALSE(formatPropertyList(Dictionary{{"name", text}}, &error));
+    EXPECT_EQ(error.description, "the text at \"name\" has a character that XML cannot carry");
+    EXPECT_FALSE(formatPropertyList(Dictionary{{text, 1}}));
+  }
+}
+
+TEST(PropertyList, DatesOutsideTheFormsYearsTakeTheNearest) {
   for (const double seconds : {1e300, -1e300, std::numeric_limits<double>::quiet_NaN(), -1e-20}) {
     const auto date = roundTrip(Date::withTimeIntervalSinceReferenceDate(seconds));
     ASSERT_TRUE(date && date->date()) << seconds;
@@ -160,7 +172,7 @@ TEST(PropertyList, RefusesWithTheLineAndTheReason) {
     EXPECT_EQ(error.description, expected) << body;
   }
   const std::pair<const char*, std::vector<std::string>> texts[] = {
-      {"integer", {"1.5", "9223372036854775808", "", "+-1"}},
+      {"integer", {"1.5", "9223372036854775808e1", "", "+-1"}},
       {"real", {"1,5", "1e999"}},
       {"date",
        {"2026-06-21", "2026-02-30T00:00:00Z", "2026-06-21T05:47:00.Z",
@@ -204,9 +216,10 @@ TEST(PropertyList, NestingIsBounded) {
 
 TEST(PropertyList, DamagedFilesNeverCrash) {
   std::mt19937_64 random(7);
-  const std::string good = formatPropertyList(
+  const auto formatted = formatPropertyList(
       Dictionary{{"array", Array{1, 2.5, "text &", Date(), Data{1, 2, 3}, Array{true}}},
                  {"key", Dictionary{}}});
+  const std::string& good = formatted.value();
   for (std::size_t length = 0; length <= good.find("</plist>"); ++length) {
     EXPECT_FALSE(parsePropertyList(std::string_view(good).substr(0, length))) << length;
   }

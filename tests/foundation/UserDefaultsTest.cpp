@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "foundation/AtomicFile.h"
+#include "foundation/FileLock.h"
 #include "foundation/UserFolder.h"
 #include "support/TemporaryFolder.h"
 
@@ -203,13 +204,49 @@ TEST(UserDefaults, ABrokenFileIsReportedAndKept) {
   }
   // What was known of a file that breaks later is stored again.
   UserDefaults defaults(file);
-  ASSERT_TRUE(writeFileAtomically(file, formatPropertyList("no dictionary")));
+  ASSERT_TRUE(writeFileAtomically(file, formatPropertyList("no dictionary").value()));
   defaults.setInteger(2, "c");
   testing::internal::CaptureStderr();
   EXPECT_TRUE(defaults.synchronize());
   EXPECT_NE(testing::internal::GetCapturedStderr().find("no dictionary"), std::string::npos);
   EXPECT_EQ(UserDefaults(file).integerForKey("b"), 1);
   EXPECT_EQ(UserDefaults(file).integerForKey("c"), 2);
+}
+
+TEST(UserDefaults, ALinkedFileIsWrittenThroughAndLeftoversAreSweptThere) {
+  const TemporaryFolder folder;
+  const auto file = folder / "far/real.plist";
+  std::filesystem::create_directory(folder / "far");
+  std::filesystem::create_symlink("far/real.plist", folder / "settings.plist");
+  for (const char* name : {".real.plist.a1B2c3", ".real.plist.keep", ".other.plist.a1B2c3"}) {
+    ASSERT_TRUE(writeFileAtomically(folder / "far" / name, "half"));
+  }
+  UserDefaults defaults(folder / "settings.plist");
+  defaults.setDouble(-0.0, "zero");
+  ASSERT_TRUE(defaults.synchronize());
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "settings.plist"));
+  EXPECT_EQ(UserDefaults(file).stringForKey("zero"), "-0");
+  EXPECT_FALSE(std::filesystem::exists(folder / "far/.real.plist.a1B2c3"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "far/.real.plist.keep"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "far/.other.plist.a1B2c3"));
+}
+
+TEST(FileLock, HasTheModeOfItsFileAndIsNotWaitedForForEver) {
+  const TemporaryFolder folder;
+  const auto file = folder / "shared";
+  ASSERT_TRUE(writeFileAtomically(file, ""));
+  std::error_code failure;
+  for (const auto mode : {0600, 0664, 0444}) {
+    using std::filesystem::perms;
+    std::filesystem::permissions(file, static_cast<perms>(mode));
+    const auto lock = FileLock::open(file, ".lock", failure);
+    ASSERT_TRUE(lock && lock->acquire());
+    EXPECT_EQ(std::filesystem::status(folder / "shared.lock").permissions(),
+              static_cast<perms>(mode | 0600));
+    EXPECT_FALSE(FileLock::open(file, ".lock", failure)->acquire(std::chrono::milliseconds(20)));
+  }
+  EXPECT_FALSE(FileLock::open(folder / "no/file", ".lock", failure));
+  EXPECT_EQ(failure, std::errc::no_such_file_or_directory);
 }
 
 TEST(UserDefaults, AnUnreadableFileIsLeftAlone) {

@@ -62,6 +62,10 @@ TEST(MomentParser, RefusesWhatDoesNotExist) {
       {"2026-06-21T12:60", "must be 0 to 59"},
       {"2026-06-21T12:59:60", "must be 0 to 59"},
       {"2026-06-21T12:00+24:00", "less than 24 hours"},
+      {"2026-06-21T12:00+01:60", "minutes must be 0 to 59"},
+      {"1782036000", "write it as in"},  // seconds: no month of 31 days
+      {"0178203600", "write it as in"},
+      {"21.6.2026", "write it as in"},
       {"1582-10-15", "1583 to 9999"},
       {"0000-01-01", "1583 to 9999"},
       {"2026-06-21T", "write it as in"},

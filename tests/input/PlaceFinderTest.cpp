@@ -3,26 +3,29 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <set>
+#include <filesystem>
+#include <fstream>
+#include <random>
 #include <string>
+#include <vector>
 
-#include "foundation/TimeZone.h"
 #include "input/InputError.h"
-#include "input/NearestZone.h"
 #include "input/TextFolding.h"
+#include "place/LocationUtils.h"
+#include "support/TemporaryFolder.h"
 
 namespace zenivo {
 namespace {
 
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+
 class Places : public testing::Test {
  protected:
-  static const GeoNames& geoNames() {
-    static const GeoNames names;
-    return names;
-  }
   static std::string found(std::string_view query) {
     try {
-      return findPlace(geoNames(), query).label;
+      return findPlace(Gazetteer(), query).label;
     } catch (const InputError& error) {
       return error.what();
     }
@@ -38,105 +41,125 @@ TEST_F(Places, NamesMeanWhatPeopleMean) {
       {"London", "London, England, GB"},
       {"London, UK", "London, England, GB"},
       {"London, Canada", "London, Ontario, CA"},
+      {"London, ON", "London, Ontario, CA"},
+      {"Vancouver, BC", "Vancouver, British Columbia, CA"},
+      {"Perth, WA", "Perth, Western Australia, AU"},
       {"Portland, US", "Portland, Oregon, US"},
       {"Portland, ME", "Portland, Maine, US"},  // also the code of Montenegro
-      {"Portland, Oregon", "Portland, Oregon, US"},
-      {"Athens", "Athens, Attica, GR"},  // a capital beats the namesakes
-      {"Rome", "Rome, Latium, IT"},      // though Lomé is called so in some tongue
-      {"Roma", "Rome, Latium, IT"},
+      {"Athens", "Athens, Attica, GR"},         // a capital beats the namesakes
+      {"Rome", "Rome, Lazio, IT"},              // though Lomé is called so in some tongue
       {"München", "Munich, Bavaria, DE"},
       {"munchen", "Munich, Bavaria, DE"},
+      {"Genève", "Geneva, CH"},
+      {"GVA", "Geneva, CH"},
       {"Санкт-Петербург", "Saint Petersburg, St.-Petersburg, RU"},
-      {"東京", "Tokyo, Tōkyō, JP"},
+      {"東京", "Tokyo, JP"},
       {"st louis", "St. Louis, Missouri, US"},
-      {"saint etienne", "Saint-Étienne, Rhône-Alpes, FR"},
       {"Tromso", "Tromsø, Troms, NO"},
       {"New York", "New York City, New York, US"},
-      {"Washington, D.C.", "Washington, D.C., US"},
-      {"Washington, DC", "Washington, D.C., US"},
-      {"Monaco", "Monaco, MC"},
+      {"Washington, DC", "Washington, District of Columbia, US"},
+      {"Washington, D.C.", "Washington, District of Columbia, US"},
+      {"Monaco", "Monaco, Municipality of Monaco, MC"},
+      {"Zermatt", "Zermatt, Valais, CH"},
+      {"Chamonix", "Chamonix-Mont-Blanc, Auvergne-Rhône-Alpes, FR"},
+      {"Banff, Alberta", "Banff, Alberta, CA"},
+      {"Moab", "Moab, Utah, US"},
+      {"San Pedro de Atacama", "San Pedro de Atacama, Antofagasta, CL"},
+      {"etretat", "Étretat, Normandy, FR"},
+      {"Queenstown, NZ", "Queenstown, Otago, NZ"},
+      {"Eiffel Tower", "Eiffel Tower, FR"},
+      {"Eiffel Tower, France", "Eiffel Tower, FR"},
+      {"Petra", "Petra, JO"},  // and not the town of 2,900 on Majorca
   };
   for (const auto& [query, label] : cases) EXPECT_EQ(found(query), label) << query;
 }
 
+// No town is taken in place of a larger one that is called so as well, in whatever tongue.
 TEST_F(Places, AmbiguousNamesListTheirCandidates) {
-  EXPECT_THAT(found("Springfield"),
-              testing::AllOf(testing::HasSubstr("\"Springfield\" is ambiguous"),
-                             testing::HasSubstr("\"Springfield, Missouri, US\""),
-                             testing::HasSubstr("\"Springfield, Massachusetts, US\"")));
-  EXPECT_THAT(found("San Jose"), testing::AllOf(testing::HasSubstr("\"San Jose, California, US\""),
-                                                testing::HasSubstr("\"San José, CR\"")));
-  EXPECT_THAT(found("Pariss"), testing::HasSubstr("did you mean \"Paris, Île-de-France, FR\""));
-  EXPECT_THAT(found("Paris, Atlantis"), testing::HasSubstr("\"Paris, Île-de-France, FR\""));
-  EXPECT_EQ(found("Xqzzy"), "no city named \"Xqzzy\" is known");
-  EXPECT_THAT(found(""), testing::HasSubstr("no city named"));
-  EXPECT_THAT(found(", FR"), testing::HasSubstr("no city named"));
-}
-
-// A label that a message shows can be typed back.  Asked of every two-hundredth city;
-// it may be ambiguous only with a namesake of the same region.
-TEST_F(Places, LabelsLeadBackToTheirCity) {
-  int asked = 0;
-  geoNames().forEachCity([&](const City& city) {
-    if (asked++ % 200 != 0) return;
-    const std::string label = placeLabel(geoNames(), city);
-    EXPECT_THAT(found(label), testing::HasSubstr(label));
-  });
-  EXPECT_GT(asked, 20'000);
-}
-
-TEST_F(Places, EveryZoneOfTheListIsKnown) {
-  std::set<std::string> zones;
-  geoNames().forEachCity([&](const City& city) { zones.emplace(city.timeZone()); });
-  EXPECT_GT(zones.size(), 300U);
-  for (const std::string& zone : zones) {
-    EXPECT_TRUE(TimeZone::timeZoneWithName(zone)) << zone;
+  const std::vector<std::string> cases[] = {
+      {"Springfield", "Springfield, Missouri, US", "Springfield, Massachusetts, US"},
+      {"San Jose", "San Jose, California, US", "San José, CR"},
+      {"Geneva", "Geneva, CH", "Geneva, Illinois, US"},
+      {"Victoria", "Hong Kong, HK", "Victoria, British Columbia, CA"},
+      {"Zion", "Jerusalem, IL", "Zion, Illinois, US"},
+      {"La Palma", "La Palma, California, US", "La Palma, Darién, PA"},
+      {"Roma", "Rome, Lazio, IT", "Roma, Queensland, AU"},
+      {"Banff", "Banff, Alberta, CA", "Banff, Scotland, GB"},
+  };
+  for (const auto& names : cases) {
+    const std::string message = found(names[0]);
+    EXPECT_THAT(message, HasSubstr('"' + names[0] + "\" is ambiguous: name one of "));
+    EXPECT_THAT(message, HasSubstr('"' + names[1] + '"'));
+    EXPECT_THAT(message, HasSubstr('"' + names[2] + '"'));
   }
 }
 
-TEST_F(Places, NearestZones) {
-  struct Case {
-    const char* where;
-    double latitude, longitude;
-    const char* zone;
-    const char* origin;
+TEST_F(Places, WhatIsNotFoundIsToldWithWhatToDo) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"Pariss", "did you mean \"Paris, Île-de-France, FR\""},
+      {"Paris, Atlantis", "did you mean \"Paris, Île-de-France, FR\""},
+      {"Los", "no place named \"Los\""},           // is no code of Lagos
+      {"nyc", "\"New York City, New York, US\""},  // which is NYC
+      {"Xqzzy", "no place named \"Xqzzy\" is known; write"},
+      {"", "no place named"},
+      {", FR", "no place named"},
   };
-  const Case cases[] = {
-      {"Eiffel tower", 48.8584, 2.2945, "Europe/Paris", "GeoNames"},
-      {"Niagara falls, Canada", 43.0896, -79.0849, "America/Toronto", "of Niagara"},
-      {"Svalbard", 78.22, 15.65, "Arctic/Longyearbyen", "of Longyearbyen, 0 km away; GeoNames"},
-      {"Easter Island", -27.11, -109.35, "Pacific/Easter", "time zone database"},
-      {"McMurdo", -77.85, 166.67, "Antarctica/McMurdo", "time zone database"},
-      {"Suva, across the date line", -18.14, 178.44, "Pacific/Fiji", "GeoNames"},
-      {"North Atlantic", 45.0, -35.0, "Etc/GMT+2", "nautical"},
-      {"North Pacific, east", 40.0, 179.9, "Etc/GMT-12", "nautical"},
-      {"North Pacific, west", 40.0, -179.9, "Etc/GMT+12", "nautical"},
-      {"North pole", 90.0, 0.0, "Etc/GMT", "nautical"},
-      {"South pole", -90.0, 180.0, "Etc/GMT-12", "nautical"},
-  };
-  for (const Case& c : cases) {
-    const ZoneGuess guess =
-        nearestZone(geoNames(), ZVLocation(Coordinate{c.latitude, c.longitude}));
-    EXPECT_EQ(guess.name, c.zone) << c.where;
-    EXPECT_THAT(guess.origin, testing::HasSubstr(c.origin)) << c.where;
-    EXPECT_TRUE(TimeZone::timeZoneWithName(guess.name)) << c.where;
+  for (const auto& [query, reason] : cases) {
+    EXPECT_THAT(found(query), HasSubstr(reason)) << query;
+    EXPECT_THAT(found(query), EndsWith("; write LAT,LON, or look in zenivo pois")) << query;
   }
-  EXPECT_EQ(nauticalZone(7.4), "Etc/GMT");
-  EXPECT_EQ(nauticalZone(7.6), "Etc/GMT-1");
-  EXPECT_EQ(nauticalZone(-7.6), "Etc/GMT+1");
 }
 
-TEST(GeoNamesFiles, AMissingListIsSaid) {
-  EXPECT_THROW(GeoNames("/nowhere"), std::runtime_error);
+// A label that a message shows can be typed back; it may be ambiguous only with a
+// namesake of the same region.
+TEST_F(Places, LabelsLeadBackToTheirPlace) {
+  const Gazetteer gazetteer;
+  ASSERT_GT(gazetteer.size(), 171'000U);
+  for (std::uint32_t i = 0; i < gazetteer.size(); i += 500) {
+    const std::string label = gazetteer.place(i).label();
+    EXPECT_THAT(found(label), HasSubstr(label));
+  }
+}
+
+TEST_F(Places, TheNearestIsThatOfAllPlaces) {
+  const Gazetteer gazetteer;
+  std::mt19937 random(171'153);  // fixed, so that a failure repeats
+  std::uniform_real_distribution<double> latitude(30, 60), longitude(-5, 40);
+  for (int i = 0; i < 20; ++i) {
+    const Coordinate here{latitude(random), longitude(random)};
+    double nearest = 50;
+    for (std::uint32_t p = 0; p < gazetteer.size(); ++p) {
+      const GazetteerPlace place = gazetteer.place(p);
+      if (place.kind == gazetteer::Kind::pointOfInterest) continue;
+      nearest =
+          std::min(nearest, LocationUtils::greatCircleDistanceWithSource(here, place.coordinate));
+    }
+    const auto near = gazetteer.nearest(here, 50);
+    EXPECT_EQ(near ? near->kilometres : 50, nearest);
+  }
+}
+
+TEST_F(Places, AMissingOrDamagedFileIsSaid) {
+  EXPECT_THROW(Gazetteer("/nowhere"), std::runtime_error);
+  const TemporaryFolder folder;
+  const auto copy = folder / "places.index";
+  for (const std::uintmax_t size : {0, 4, 20, 100'000}) {
+    std::filesystem::copy_file(resourcePath("places.index"), copy,
+                               std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::resize_file(copy, size);
+    EXPECT_THROW(Gazetteer{copy}, std::runtime_error) << size;
+  }
 }
 
 TEST(TextFolding, LettersWithoutCaseAndAccents) {
   TextFolder folder;
   EXPECT_EQ(folder.fold("  Saint-Étienne (42)"), U"saintetienne42");
   EXPECT_EQ(folder.fold("GROSSE STRAẞE"), folder.fold("große strasse"));
+  EXPECT_EQ(folder.fold("ŁÓDŹ Æon Øst Þór"), U"lodzaeonostthor");
   EXPECT_EQ(folder.fold("ΑΘΉΝΑ"), folder.fold("αθήνα"));
   EXPECT_NE(folder.fold("दिल्ली"), folder.fold("दल्ला"));  // vowel signs are letters
   EXPECT_EQ(folder.fold("\xff\xc3"), U"");
+  EXPECT_EQ(folder.foldToUtf8("Αθήνα 東京 𝒜"), "αθηνα東京a");
   EXPECT_TRUE(folder.foldsTo("Île", folder.fold("ile")));
   EXPECT_FALSE(folder.foldsTo("Île", folder.fold("il")));
   EXPECT_FALSE(folder.foldsTo("Il", folder.fold("ile")));

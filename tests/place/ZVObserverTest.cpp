@@ -45,7 +45,7 @@ TEST(ZVObserver, StandsOnTheEllipsoidWhileItsAltitudeIsNotKnown) {
 TEST(ZVObserver, ArchiveReadsBackEqual) {
   const ZVObserver plain(Coordinate{-90, 180});
   for (const ZVObserver& observer : {matterhorn(), plain}) {
-    const auto restored = parsePropertyList(formatPropertyList(observer.archive()));
+    const auto restored = parsePropertyList(formatPropertyList(observer.archive()).value());
     ASSERT_TRUE(restored);
     EXPECT_EQ(ZVObserver::fromArchive(*restored), observer);
   }

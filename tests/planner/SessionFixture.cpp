@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <span>
+
 #include "foundation/DateFormatter.h"
 
 namespace zenivo::testing {
@@ -86,6 +88,40 @@ void writePositions(StateWriter& out, const PlannerManager& session) {
            centre.gc_max_angle_, centre.gc_max_angle_azimuth_, centre.gc_angle_);
 }
 
+void writeEclipse(StateWriter& out, const PlannerManager& session) {
+  if (const SunEclipseTimesResult* sun = session.getSunEclipseInfo()) {
+    out.line("solar", sun->type, sun->magnitude, sun->mjdC1, sun->mjdC2, sun->mjdMax, sun->mjdC3,
+             sun->mjdC4, sun->elevationMax);
+  }
+  if (const MoonEclipseTimesResult* moon = session.getMoonEclipseInfo()) {
+    out.line("lunar", moon->type, moon->umbralMagnitude, moon->mjdMid, moon->elevationP1,
+             moon->elevationMid, moon->elevationP4, moon->shadow.umbraRadius,
+             moon->shadow.penumbraRadius);
+  }
+}
+
+void writeMap(StateWriter& out, const PlannerManager& session) {
+  const auto write = [&out](std::string_view name, std::span<const Coordinate> points) {
+    for (const Coordinate& point : points) out.line(name, point.latitude, point.longitude);
+  };
+  for (const LinePositions* line :
+       {&session.getSunLinePositions(), &session.getExpandedSunLinePositions(),
+        &session.getSunSizeFirstSideLinePositions(), &session.getMoonLinePositions(),
+        &session.getExpandedMoonLinePositions(), &session.getMoonSizeSecondSideLinePositions()}) {
+    write("line", *line);
+  }
+  for (const SunEvent& event : session.sunEvents()) {
+    write("sunRise", event.riseLinePositions);
+    write("sunSet", event.setLinePositions);
+  }
+  for (const MoonEvent& event : session.moonEvents()) {
+    write("moonRise", event.riseLinePositions);
+    write("moonSet", event.setLinePositions);
+  }
+  if (session.getTerminatorLine() == nullptr) return;
+  for (const TerminatorCircle& circle : *session.getTerminatorLine()) write("terminator", circle);
+}
+
 }  // namespace
 
 std::string stateOf(const PlannerManager& session) {
@@ -101,6 +137,10 @@ std::string stateOf(const PlannerManager& session) {
   }
   out.line("threshold", session.mwDateThreshold());
   writeNight(out, session.getCurrentMilkyWayEvent());
+  writeEclipse(out, session);
+  writeMap(out, session);
+  out.line("shower", session.meteorShowerPeakMjd());
+  writePath(out, session.meteorShowerPositionsPerHour());
   return out.text();
 }
 

@@ -9,7 +9,10 @@
 #include <fstream>
 #include <functional>
 
+#include "foundation/FileLock.h"
+#include "store/FaultyDisk.h"
 #include "store/LibraryModel.h"
+#include "store/file/StoreCheck.h"
 #include "store/sqlite/Connection.h"
 
 namespace zenivo::testing {
@@ -107,12 +110,80 @@ TEST(BrokenFile, WhatMayNotBeWrittenIsNamed) {
   chmod((folder / "a.sqlite").c_str(), 0644);
   const std::string before = contentOf(folder / "a.sqlite");
   EXPECT_TRUE(holdsForOrdinaryUser([&] {
-    const auto forbidden = static_cast<std::int64_t>(StoreErrorCode::notWritable);
-    return openingError(folder / "a.sqlite") == forbidden &&
+    // Reading asks for nothing; saving is refused.
+    const auto context = contextOn(openStore(folder / "a.sqlite"));
+    if (context->countForFetchRequest({.entityName = "Book"}) != 200U) return false;
+    insertNamed(*context, "Book", "new");
+    Error error;
+    return !context->save(&error) && error.description == "the store may not be written" &&
            openingError(folder / "new.sqlite") != 0;
   }));
   EXPECT_EQ(contentOf(folder / "a.sqlite"), before);
   EXPECT_FALSE(std::filesystem::exists(folder / "new.sqlite"));
+}
+
+TEST(BrokenFile, ReadingTakesNoLockAndChangesNothing) {
+  const TemporaryFolder folder;
+  const auto file = folder / "library.sqlite";
+  makeLibrary(file);
+  std::error_code failure;
+  const auto lock = FileLock::open(file, "-lock", failure);
+  ASSERT_TRUE(lock && lock->acquire());
+  const std::string before = contentOf(file);
+  FaultyDisk disk;
+  disk.failAt(0, Fault::full, /*lasting=*/true);
+  {
+    const auto context = contextOn(openStore(file, libraryModel(), {.vfs = FaultyDisk::kName}));
+    EXPECT_EQ(context->countForFetchRequest({.entityName = "Book"}), 200U);
+  }
+  EXPECT_EQ(contentOf(file), before);
+}
+
+TEST(BrokenFile, NothingIsSavedToAFileThatWasRemovedOrReplaced) {
+  for (const bool replaced : {false, true}) {
+    const TemporaryFolder folder;
+    const auto file = folder / "library.sqlite";
+    makeLibrary(file);
+    const auto context = contextOn(openStore(file));
+    insertNamed(*context, "Shelf", "before");
+    saveOrFail(*context);
+    for (const char* part : {"", "-wal", "-shm"}) std::filesystem::remove(file.string() + part);
+    if (replaced) makeLibrary(file);
+    insertNamed(*context, "Shelf", "after");
+    Error error;
+    EXPECT_FALSE(context->save(&error));
+    EXPECT_EQ(error.code, static_cast<std::int64_t>(StoreErrorCode::missingFile));
+    // Whoever opens the path now has the file that is there.
+    const auto again = contextOn(openStore(file));
+    insertNamed(*again, "Shelf", "new");
+    saveOrFail(*again);
+    EXPECT_EQ(again->countForFetchRequest({.entityName = "Book"}), replaced ? 200U : 0U);
+    EXPECT_TRUE(std::filesystem::exists(file));
+  }
+}
+
+TEST(BrokenFile, TriggersAndViewsInTheFileAreOff) {
+  const TemporaryFolder folder;
+  const auto file = folder / "library.sqlite";
+  makeLibrary(file);
+  {
+    const auto writer = contextOn(openStore(file));  // a connection of the store's own is off too
+    sqlite3* plain = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &plain), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(plain,
+                           "CREATE TRIGGER grow AFTER INSERT ON Shelf BEGIN UPDATE Publication SET "
+                           "title = 'lost'; END",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(plain);
+  }
+  const auto context = contextOn(openStore(file));
+  insertNamed(*context, "Shelf", "new");
+  saveOrFail(*context);
+  EXPECT_EQ(context->countForFetchRequest(
+                {.entityName = "Book",
+                 .predicate = Predicate::predicateWithFormat("title = %@", "lost")}),
+            0U);
 }
 
 TEST(BrokenFile, AReadOnlyStoreOpensInAFolderThatNobodyCanWrite) {
@@ -152,6 +223,35 @@ TEST(BrokenFile, AStoreThatIsClosedIsOneFileAndItsLock) {
   }
   std::ranges::sort(names);
   EXPECT_EQ(names, (std::vector<std::string>{"a.sqlite", "a.sqlite-lock"}));
+}
+
+TEST(BrokenFile, TheCheckFindsWhatOtherwiseStopsTheProgram) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", ""},
+      {"DROP TABLE Author", "the table of Author is missing"},
+      {"ALTER TABLE Shelf DROP COLUMN rank", "the column rank of Shelf is missing"},
+      {"DELETE FROM _metadata WHERE key = 'nextKey'", "the next key is 0, and 200"},
+      {"UPDATE _metadata SET value = 200 WHERE key = 'nextKey'", "the next key is 200, and 200"},
+      {"UPDATE Publication SET year = 'late' WHERE _id = 7",
+       "year of row 7 of Book is of the type"},
+      {"UPDATE Publication SET weight = 'nan'", ""},
+      {"UPDATE Publication SET title = x'00' WHERE _id = 7", "title of row 7 of Book"},
+      {"UPDATE Publication SET _entity = 99 WHERE _id = 7", "row 7 of Publication is of no entity"},
+  };
+  for (const auto& [damage, fault] : cases) {
+    const TemporaryFolder folder;
+    const auto file = folder / "library.sqlite";
+    makeLibrary(file);
+    sqlite3* plain = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &plain), SQLITE_OK);
+    sqlite3_exec(plain, damage, nullptr, nullptr, nullptr);
+    sqlite3_close(plain);
+    Error error;
+    const auto faults = faultsOfStore(file, *libraryModel(), &error);
+    ASSERT_TRUE(faults) << damage << ": " << error.description;
+    ASSERT_EQ(faults->empty(), std::string(fault).empty()) << damage;
+    EXPECT_TRUE(faults->empty() || faults->front().starts_with(fault)) << faults->front();
+  }
 }
 
 /// Bytes flipped at random must give an error or data, never a crash.

@@ -283,5 +283,29 @@ TEST_F(Context, WithoutAStoreEverythingFailsByName) {
   EXPECT_FALSE(context->obtainPermanentIDsForObjects({shelf}, &error));
 }
 
+TEST(ObjectURI, OfTheWrongEntityNamesNoObject) {
+  const TemporaryFolder folder;
+  const auto coordinator = openStore(folder / "library.sqlite");
+  const auto context = contextOn(coordinator);
+  const auto book = insertNamed(*context, "Book", "b");
+  const auto shelf = insertNamed(*context, "Shelf", "s");
+  saveOrFail(*context);
+  const auto named = [&](const ManagedObjectPtr& object, const std::string& entity) {
+    std::string uri = object->objectID().URIRepresentation();
+    uri.replace(uri.find("/", 12) + 1, object->entity().name().size(), entity);
+    return coordinator->managedObjectIDForURIRepresentation(uri).has_value();
+  };
+  EXPECT_TRUE(named(book, "Book"));
+  for (const char* wrong : {"Publication", "Magazine", "Shelf", "Nothing"}) {
+    EXPECT_FALSE(named(book, wrong)) << wrong;
+  }
+  EXPECT_FALSE(named(shelf, "Book"));
+  // A row that is gone may still be asked for by its name.
+  const std::string uri = shelf->objectID().URIRepresentation();
+  context->deleteObject(shelf);
+  saveOrFail(*context);
+  EXPECT_TRUE(coordinator->managedObjectIDForURIRepresentation(uri));
+}
+
 }  // namespace
 }  // namespace zenivo::testing

@@ -20,10 +20,16 @@ EntityDeclaration& entityNamed(std::vector<EntityDeclaration>& declarations, con
 
 using Change = void (*)(std::vector<EntityDeclaration>&);
 
+/// The library's model with a change, as a later program has it.
 std::shared_ptr<const ManagedObjectModel> changedModel(Change change) {
   std::vector<EntityDeclaration> declarations = libraryDeclarations();
   change(declarations);
-  return ManagedObjectModel::make(std::move(declarations));
+  return ManagedObjectModel::make(std::move(declarations), {libraryModel()->versionHash()});
+}
+
+/// The library's own model as the program after `model`.
+std::shared_ptr<const ManagedObjectModel> modelAfter(const ManagedObjectModel& model) {
+  return ManagedObjectModel::make(libraryDeclarations(), {model.versionHash()});
 }
 
 class Migration : public ::testing::Test {
@@ -118,7 +124,8 @@ TEST_F(Migration, KeepsWhatBothModelsHave) {
     const auto model = changedModel(change);
     const auto metadata = PersistentStoreCoordinator::metadataForPersistentStore(copy);
     ASSERT_TRUE(metadata);
-    EXPECT_FALSE(isModelCompatibleWithStoreMetadata(*model, *metadata));
+    EXPECT_EQ(isModelCompatibleWithStoreMetadata(*model, *metadata),
+              model->versionHash() == libraryModel()->versionHash());
     {
       const auto coordinator = openStore(copy, model);
       ASSERT_NE(coordinator->persistentStore(), nullptr);
@@ -137,17 +144,19 @@ TEST_F(Migration, KeepsWhatBothModelsHave) {
   }
 }
 
-TEST_F(Migration, ARemovedEntityTakesItsRowsAlong) {
-  const auto coordinator =
-      openStore(file_, changedModel([](auto& library) {
-                  std::erase_if(library, [](const auto& each) { return each.name == "Magazine"; });
-                }));
+TEST_F(Migration, ARemovedEntityTakesItsRowsAlongAndACopyIsKept) {
+  const auto model = changedModel([](auto& library) {
+    std::erase_if(library, [](const auto& each) { return each.name == "Magazine"; });
+  });
+  const auto coordinator = openStore(file_, model);
   EXPECT_EQ(contextOn(coordinator)->countForFetchRequest({.entityName = "Publication"}), 3U);
   // And does not come back with them.
   coordinator->removePersistentStore();
-  const auto again = contextOn(openStore(file_));
+  const auto again = contextOn(openStore(file_, modelAfter(*model)));
   EXPECT_EQ(again->countForFetchRequest({.entityName = "Magazine"}), 0U);
   EXPECT_EQ(describe(*again), kEverything);
+  const auto old = contextOn(openStore(file_.string() + ".old"));
+  EXPECT_EQ(old->countForFetchRequest({.entityName = "Magazine"}), 1U);
 }
 
 TEST_F(Migration, AddedAttributesTakeTheirDefault) {
@@ -176,7 +185,7 @@ TEST_F(Migration, AnAttributeMadeOptionalMayBeEmpty) {
     name.defaultValue = "unnamed";
   });
   contextOn(openStore(file_, demanding))->reset();
-  const auto context = contextOn(openStore(file_));
+  const auto context = contextOn(openStore(file_, modelAfter(*demanding)));
   EXPECT_EQ(describe(*context), kEverything);
   fetchAll(*context, {.entityName = "Shelf"}).front()->setValue(nullptr, "name");
   saveOrFail(*context);
@@ -225,6 +234,95 @@ TEST_F(Migration, IsNotDoneUnasked) {
     EXPECT_EQ(error.code, static_cast<std::int64_t>(StoreErrorCode::incompatibleModel));
   }
   EXPECT_EQ(contentOf(file_), before);
+}
+
+/// What of a model other programs must know, and what not.
+TEST(ModelVersion, ChangesWithNamesTypesOptionalityAndRelationshipsAlone) {
+  const std::pair<bool, Change> cases[] = {
+      {false, [](auto& all) { entityNamed(all, "Shelf").attributes[0].isIndexed = false; }},
+      {false,
+       [](auto& all) {
+         entityNamed(all, "Shelf").relationships[0].deleteRule = DeleteRule::nullify;
+       }},
+      {false,
+       [](auto& all) {
+         entityNamed(all, "Shelf").attributes.push_back({.name = "draft", .isTransient = true});
+       }},
+      {true, [](auto& all) { entityNamed(all, "Shelf").attributes[0].name = "title"; }},
+      {true,
+       [](auto& all) { entityNamed(all, "Shelf").attributes[1].type = AttributeType::string; }},
+      {true, [](auto& all) { entityNamed(all, "Shelf").attributes[0].isOptional = false; }},
+      {true,
+       [](auto& all) {
+         entityNamed(all, "Series").relationships[0].kind = RelationshipKind::toMany;
+       }},
+  };
+  for (const auto& [changes, change] : cases) {
+    const auto model = changedModel(change);
+    EXPECT_EQ(model->versionHash() != libraryModel()->versionHash(), changes);
+    EXPECT_NE(model->entityStoredHashesByName(), libraryModel()->entityStoredHashesByName());
+  }
+}
+
+TEST_F(Migration, AStoreOfANewerModelStaysByteForByte) {
+  const auto newer = changedModel([](auto& library) {
+    entityNamed(library, "Shelf").attributes.push_back({.name = "colour"});
+    library.push_back({.name = "Room", .attributes = {{.name = "name"}}});
+  });
+  openStore(file_, newer)->removePersistentStore();
+  const std::string before = contentOf(file_);
+  for (const bool readOnly : {false, true}) {
+    PersistentStoreCoordinator coordinator(libraryModel());
+    Error error;
+    EXPECT_EQ(
+        coordinator.addPersistentStore(
+            file_, {.readOnly = readOnly, .migratesAutomatically = true, .infersMapping = true},
+            &error),
+        nullptr);
+    EXPECT_EQ(error.code, static_cast<std::int64_t>(StoreErrorCode::incompatibleModel));
+    EXPECT_THAT(error.description, HasSubstr("a newer Zenivo made the store"));
+  }
+  EXPECT_EQ(contentOf(file_), before);
+}
+
+TEST_F(Migration, WhoeverHasTheOldModelOpenSavesNothingMore) {
+  const auto old = contextOn(openStore(file_));
+  const auto shelf = fetchAll(*old, {.entityName = "Shelf"}).front();
+  // As another process would: by a coordinator of its own model.
+  const auto newer = contextOn(openStore(
+      file_, changedModel([](auto& library) {
+        entityNamed(library, "Shelf")
+            .attributes.push_back({.name = "place", .isOptional = false, .defaultValue = "here"});
+      })));
+  shelf->setValue("Atlases", "name");
+  insertNamed(*old, "Shelf", "New");
+  Error error;
+  EXPECT_FALSE(old->save(&error));
+  EXPECT_EQ(error.code, static_cast<std::int64_t>(StoreErrorCode::incompatibleModel));
+  EXPECT_EQ(newer->countForFetchRequest({.entityName = "Shelf"}), 1U);
+}
+
+TEST_F(Migration, AStoreOfTheFirstFormatIsReadAsItIsAndWrittenInTodaysForm) {
+  {
+    sqlite::Connection connection(file_, sqlite::Access::write, "");
+    connection.execute("PRAGMA user_version=1");
+    connection.execute("DELETE FROM _metadata WHERE key = 'saves'");
+    connection.execute("DROP INDEX \"Shelf.name\"");
+    connection.checkpointsOnClosing(true);
+  }
+  const std::string before = contentOf(file_);
+  {
+    const auto context = contextOn(openStore(file_));
+    EXPECT_EQ(describe(*context), kEverything);
+    EXPECT_EQ(contentOf(file_), before);
+    insertNamed(*context, "Shelf", "New");
+    saveOrFail(*context);
+  }
+  sqlite::Connection connection(file_, sqlite::Access::read, "");
+  EXPECT_EQ(connection.integerOf("PRAGMA user_version"), 2);
+  EXPECT_EQ(connection.integerOf("SELECT value FROM _metadata WHERE key = 'saves'"), 2);
+  EXPECT_EQ(connection.integerOf("SELECT count(*) FROM sqlite_schema WHERE name = 'Shelf.name'"),
+            1);
 }
 
 }  // namespace

@@ -454,5 +454,91 @@ TEST(ModelCheck, ThreeContextsThatMergeEachOthersSavesShowTheSame) {
   check(3, false);
 }
 
+/// Two contexts that do not hear of each other's saves give the same jackets to books and
+/// read books between setting and saving.
+class Jackets {
+ public:
+  explicit Jackets(const std::filesystem::path& file, std::uint32_t seed)
+      : file_(file), random_(seed) {
+    for (auto& context : contexts_) {
+      context = contextOn(openStore(file_));
+      context->setMergePolicy(MergePolicy::mergeByPropertyObjectTrump);
+    }
+    for (int i = 0; i < 4; ++i) {
+      insertNamed(*contexts_[0], "Book", nameOf(i));
+      insertNamed(*contexts_[0], "Jacket", nameOf(i));
+    }
+    saveOrFail(*contexts_[0]);
+  }
+
+  void step() {
+    ManagedObjectContext& context = *contexts_[random_() % 2];
+    const std::uint32_t kind = random_() % 4;
+    if (kind == 0) return save(context);
+    if (kind == 1) return expectOneOwner(context);
+    const auto book = pick(context, "Book");
+    const auto jacket = random_() % 4 == 0 ? nullptr : pick(context, "Jacket");
+    if (kind == 2 || jacket == nullptr) {
+      book->setRelatedObject(jacket, "jacket");
+    } else {
+      jacket->setRelatedObject(book, "book");
+    }
+  }
+
+ private:
+  /// Only what is picked is read.
+  ManagedObjectPtr pick(ManagedObjectContext& context, const char* entity) {
+    const auto predicate = Predicate::predicateWithFormat(std::string(nameKey(entity)) + " = %@",
+                                                          nameOf(static_cast<int>(random_() % 4)));
+    return fetchAll(context, {.entityName = entity, .predicate = predicate}).front();
+  }
+
+  static void expectOneOwner(ManagedObjectContext& context) {
+    std::map<ManagedObjectPtr, ManagedObjectPtr> owners;
+    for (const auto& book : fetchAll(context, {.entityName = "Book"})) {
+      const auto jacket = book->relatedObjectForKey("jacket");
+      if (jacket == nullptr) continue;
+      EXPECT_TRUE(owners.emplace(jacket, book).second) << numberOf(*jacket) << " has two books";
+      EXPECT_EQ(jacket->relatedObjectForKey("book"), book);
+    }
+  }
+
+  std::map<std::string, Value> jacketsInFile() {
+    std::map<std::string, Value> jackets;
+    for (const auto& book : fetchAll(*contextOn(openStore(file_)), {.entityName = "Book"})) {
+      jackets[book->objectID().URIRepresentation()] = book->valueForKey("jacket");
+    }
+    return jackets;
+  }
+
+  /// Whoever was given or lost a jacket is told of.
+  void save(ManagedObjectContext& context) {
+    auto before = jacketsInFile();
+    std::set<std::string> told;
+    const auto observer = defaultCenter().addObserver(
+        kManagedObjectContextDidSaveNotification, &context, [&](const Notification& notification) {
+          const auto& saved = std::any_cast<const SaveNotification&>(notification.userInfo);
+          for (const ObjectID& id : saved.updatedObjectIDs) told.insert(id.URIRepresentation());
+        });
+    saveOrFail(context);
+    for (const auto& [book, jacket] : jacketsInFile()) {
+      EXPECT_TRUE(before[book] == jacket || told.contains(book)) << book;
+    }
+  }
+
+  const std::filesystem::path file_;
+  std::mt19937 random_;
+  std::shared_ptr<ManagedObjectContext> contexts_[2];
+};
+
+TEST(ModelCheck, AJacketHasOneBookInContextsThatDoNotHearOfEachOther) {
+  for (int seed = 1; seed <= 40 && !::testing::Test::HasFailure(); ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    const TemporaryFolder folder;
+    Jackets jackets(folder / "library.sqlite", static_cast<std::uint32_t>(seed));
+    for (int i = 0; i < 40 && !::testing::Test::HasFailure(); ++i) jackets.step();
+  }
+}
+
 }  // namespace
 }  // namespace zenivo::testing

@@ -268,5 +268,18 @@ TEST(Predicate, RandomTextIsParsedOrRefused) {
   }
 }
 
+TEST(Predicate, ThousandsOfPartsRunAgainstTheFileAsInMemory) {
+  const TemporaryFolder folder;
+  const auto context = contextOn(openStore(folder / "library.sqlite"));
+  for (int i = 0; i < 3; ++i) insertNamed(*context, "Shelf", "s" + std::to_string(i));
+  std::string text = "name = 's0'";
+  for (int i = 1; i < 5000; ++i) text += " OR name = 's" + std::to_string(2 * i) + "'";
+  const FetchRequest request{.entityName = "Shelf",
+                             .predicate = Predicate::predicateWithFormat(text)};
+  EXPECT_EQ(fetchAll(*context, request).size(), 2U);
+  saveOrFail(*context);
+  EXPECT_EQ(fetchAll(*context, request).size(), 2U);
+}
+
 }  // namespace
 }  // namespace zenivo::testing

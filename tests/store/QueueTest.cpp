@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <stdexcept>
 #include <thread>
 
 #include "foundation/MainQueue.h"
@@ -106,6 +107,17 @@ TEST(QueueDeathTest, UseOutsideTheQueueEndsTestBuilds) {
         std::thread([&] { (void)main->executeFetchRequest({.entityName = "Shelf"}); }).join();
       },
       "outside its queue");
+}
+
+TEST(ContextQueue, ABlockThatFailsUnheardIsLoggedAndTheNextRuns) {
+  const TemporaryFolder folder;
+  const auto context = contextOn(openStore(folder / "a.sqlite"), ConcurrencyType::privateQueue);
+  ::testing::internal::CaptureStderr();
+  context->performBlock([] { throw std::runtime_error("a block broke"); });
+  bool ran = false;
+  context->performBlockAndWait([&] { ran = true; });
+  EXPECT_TRUE(ran);
+  EXPECT_NE(::testing::internal::GetCapturedStderr().find("a block broke"), std::string::npos);
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ class Home {
   /// That of a folder, which is made when something is first kept in it.
   explicit Home(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-  /// settings.plist in the folder.
+  /// settings.plist in the folder, with what an older program kept in defaults.plist there.
   UserDefaults& zenivoUserDefaults();
   /// Zenivo.sqlite in the folder, and the catalogue beside the program.
   Database& database();

@@ -13,9 +13,10 @@ namespace zenivo {
 /// A place and the zone of its clocks.
 struct Scene {
   ZVLocation location;
-  std::string placeName;  ///< of a city that was named; empty for coordinates
+  std::string placeName;    ///< of a place that was named; empty for coordinates
+  std::string placeOrigin;  ///< whose name that is, or which place is near: "GeoNames, …"
   TimeZone zone;
-  std::string zoneOrigin;  ///< why this zone: "as given", "the city's own", …
+  std::string zoneOrigin;  ///< why this zone: "as given", "by its borders; …", …
 };
 
 /// {"latitude": …, "longitude": …, "altitude": …}

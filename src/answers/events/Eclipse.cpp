@@ -35,15 +35,16 @@ EclipseReport EclipseChoice::operator()(const NextEclipse& next) const {
   const double mjd = modifiedJulianDay(next.after);
   const PtPosition observer = question_.scene.location.getPtPosition();
   const auto eclipses = eclipsesOfKind(catalogue_, question_.kind);
+  const CatalogueYears years = yearsOf(eclipses);
+  if (!years.contain(next.after)) throw InputError(years.text());
   for (const EclipseRow& row : eclipses) {
     if (mjdOfGreatestEclipse(row) < mjd - kHalfDay) continue;
     if (eclipseTypeAt(observer, row) == 0) continue;
     EclipseReport report = reportOn(row);
-    if (report.local.mjdOfEnd() > mjd) return report;
+    if (report.local.seen && report.local.seen->until > mjd) return report;
   }
-  throw InputError(
-      fmt::format("no later eclipse of the catalogue, which ends with {}, is seen from there",
-                  eclipses.back().name));
+  throw InputError(fmt::format("no later eclipse is seen from there up to {}; {}",
+                               eclipses.back().name, years.text()));
 }
 
 EclipseReport EclipseChoice::operator()(const DateComponents& day) const {
@@ -55,6 +56,10 @@ EclipseReport EclipseChoice::operator()(const DateComponents& day) const {
   const double noon = modifiedJulianDay(
       Calendar(TimeZone()).dateFromComponents({day.year, day.month, day.day, 12, 0, 0}));
   const auto eclipses = eclipsesOfKind(catalogue_, question_.kind);
+  const CatalogueYears years = yearsOf(eclipses);
+  if (day.year < years.first || day.year > years.last) {
+    throw InputError(fmt::format("{}; {} is not among them", years.text(), wanted));
+  }
   const EclipseRow* nearest = nullptr;
   for (const EclipseRow& row : eclipses) {
     const double mjd = mjdOfGreatestEclipse(row);
@@ -75,9 +80,9 @@ EclipseReport EclipseChoice::operator()(const DateComponents& day) const {
 EclipseReport EclipseChoice::operator()(const std::string& name) const {
   const auto named = catalogue_.getEclipseWithName(name);
   if (!named) {
-    throw InputError(
-        fmt::format("no eclipse named {}; write it as in SE2024Apr08T, give its date, or say next",
-                    inQuotes(name)));
+    throw InputError(fmt::format(
+        "no eclipse named {}; {}; write it as in SE2024Apr08T, give its date, or say next",
+        inQuotes(name), yearsOf(eclipsesOfKind(catalogue_, std::nullopt)).text()));
   }
   if (question_.kind && kindOf(*named) != *question_.kind) {
     throw InputError(fmt::format("{} is not a {} eclipse", named->name, wordOf(*question_.kind)));
@@ -98,6 +103,31 @@ Json contactJson(const EclipseMoment& contact, const TimeZone& zone) {
           {"azimuth", happens ? Json(contact.azimuth) : Json(nullptr)}};
 }
 
+Json phaseJson(const EclipseMoment& moment, const EclipseReport& report) {
+  const EclipsePhase& phase = moment.phase;
+  Json json{{"time", momentJson(moment.mjd, report.scene.zone)},
+            {"event", moment.key},
+            {"azimuth", moment.azimuth},
+            {"elevation", moment.elevation}};
+  if (report.eclipse.isSolarEclipse()) {
+    json["magnitude"] = phase.magnitude;
+    json["covered"] = phase.covered;
+  } else {
+    json["umbralMagnitude"] = phase.magnitude;
+    json["penumbralMagnitude"] = phase.penumbralMagnitude;
+  }
+  return json;
+}
+
+Json seenJson(const EclipseReport& report) {
+  if (!report.local.seen) return nullptr;
+  const SeenEclipse& seen = *report.local.seen;
+  return {{"from", momentJson(seen.from, report.scene.zone)},
+          {"until", momentJson(seen.until, report.scene.zone)},
+          {"largest", phaseJson(seen.largest, report)},
+          {"centralSeconds", seen.centralSeconds}};
+}
+
 }  // namespace
 
 EclipseReport answer(const EclipseQuestion& question, const EclipseCatalogue& catalogue) {
@@ -116,6 +146,15 @@ Json json(const EclipseReport& report) {
   }
   for (const EclipseMoment& contact : seen.contacts) {
     local[std::string(contact.key)] = contactJson(contact, report.scene.zone);
+  }
+  local["centralSeconds"] = seen.centralSeconds;
+  local["horizon"] = Json::array();
+  for (const EclipseMoment& moment : seen.horizon) {
+    local["horizon"].push_back(phaseJson(moment, report));
+  }
+  local["seen"] = seenJson(report);
+  if (report.eclipse.isSolarEclipse()) {
+    local["uncertaintySeconds"] = contactUncertainty(mjdOfGreatestEclipse(report.eclipse));
   }
   return {{"name", report.eclipse.name},
           {"kind", wordOf(kindOf(report.eclipse))},

@@ -2,7 +2,9 @@
 
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -26,13 +28,27 @@ struct ListedEclipse {
   std::int32_t localType = 0;  ///< display code; 0 too without a place
 };
 
-struct EclipsesReport {
-  EclipsesQuestion question;
-  std::vector<ListedEclipse> eclipses;
+/// The years whose eclipses the catalogue holds, both included.
+struct CatalogueYears {
+  std::int64_t first;
+  std::int64_t last;
+
+  bool contain(Date date) const;  ///< by Greenwich
+  /// "the catalogue holds the eclipses of 1801 to 2200"
+  std::string text() const;
 };
 
-/// Throws InputError for a period that ends before it begins, and std::runtime_error when the
-/// catalogue cannot be read.
+struct EclipsesReport {
+  EclipsesQuestion question;
+  CatalogueYears years;
+  std::vector<ListedEclipse> eclipses;
+
+  /// The period asked about is longer than what the catalogue holds.
+  bool isCut() const;
+};
+
+/// Throws InputError for a period that ends before it begins or lies outside the catalogue, and
+/// std::runtime_error when the catalogue cannot be read.
 EclipsesReport answer(const EclipsesQuestion& question, const EclipseCatalogue& catalogue);
 Json json(const EclipsesReport& report);
 
@@ -40,6 +56,9 @@ Json json(const EclipsesReport& report);
 /// std::runtime_error when it cannot be read.
 std::vector<EclipseRow> eclipsesOfKind(const EclipseCatalogue& catalogue,
                                        std::optional<EclipseKind> kind);
+
+/// REQUIRES: not empty.
+CatalogueYears yearsOf(const std::vector<EclipseRow>& eclipses);
 
 /// "solar", "lunar": as options and JSON have it.
 std::string_view wordOf(EclipseKind kind);

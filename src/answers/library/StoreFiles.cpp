@@ -49,9 +49,9 @@ void countObjects(StoreReport& report, const ManagedObjectModel& model,
   }
 }
 
-void expectSound(const std::filesystem::path& file) {
+void expectSound(const std::filesystem::path& file, const ManagedObjectModel& model) {
   Error error;
-  const auto faults = faultsOfStore(file, &error);
+  const auto faults = faultsOfStore(file, model, &error);
   if (!faults) throw std::runtime_error(file.string() + ": " + error.description);
   if (faults->empty()) return;
   throw std::runtime_error(
@@ -92,7 +92,11 @@ StoreCheckReport answer(const StoreCheckQuestion&, Stores& stores) {
   StoreCheckReport report;
   if (stores.hasOwn()) report.files.push_back(stores.database().groupStoreURL());
   report.files.push_back(resourcePath("ZenivoStatic.sqlite"));
-  for (const auto& file : report.files) expectSound(file);
+  for (const auto& file : report.files) {
+    const bool isOwn = file == stores.database().groupStoreURL();
+    expectSound(file, isOwn ? *stores.database().managedObjectModel()
+                            : *stores.database().staticManagedObjectModel());
+  }
   return report;
 }
 

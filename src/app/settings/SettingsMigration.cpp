@@ -9,7 +9,7 @@
 namespace zenivo {
 
 std::filesystem::path standardDefaultsFile() {
-  return userFolder() / "defaults.plist";
+  return userFolder() / kStandardDefaultsName;
 }
 
 bool migrateUserDefaultsIfNeccessary(UserDefaults& settings,

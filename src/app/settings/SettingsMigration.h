@@ -13,7 +13,8 @@ namespace zenivo {
 /// Set in the shared settings once the older ones are there.
 inline constexpr std::string_view zenivo_migrate_appgroups = "zenivo_migrate_appgroups";
 
-/// The older settings, "defaults.plist" in the user's folder.
+/// The older settings in the user's folder.
+inline constexpr const char* kStandardDefaultsName = "defaults.plist";
 std::filesystem::path standardDefaultsFile();
 
 /// Copies every key and value of the older settings into `settings`, marks that it is

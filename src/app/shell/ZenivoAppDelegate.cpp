@@ -70,7 +70,6 @@ void ZenivoAppDelegate::registerFirstValues() {
 }
 
 void ZenivoAppDelegate::wrapStoreContexts() {
-  database_.managedObjectContext()->setMergePolicy(MergePolicy::mergeByPropertyStoreTrump);
   contexts_ = database_.managedObjectContexts();
 }
 

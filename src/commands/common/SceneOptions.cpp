@@ -4,22 +4,15 @@
 
 #include <cmath>
 
-#include "input/CoordinateParser.h"
-#include "input/GeoNames.h"
+#include "answers/common/Home.h"
+#include "answers/common/PlaceLookup.h"
+#include "foundation/UserFolder.h"
 #include "input/InputError.h"
 #include "input/MomentParser.h"
-#include "input/NearestZone.h"
-#include "input/PlaceFinder.h"
 #include "input/ZoneParser.h"
 
 namespace zenivo::cli {
 namespace {
-
-TimeZone zoneOfList(const std::string& name) {
-  if (const auto zone = TimeZone::timeZoneWithName(name)) return *zone;
-  throw InputError(fmt::format("the place's time zone {} is not known here; give one with --zone",
-                               inQuotes(name)));
-}
 
 std::string angleText(double degrees, char positive, char negative) {
   return fmt::format("{:.4f}° {}", std::fabs(degrees), degrees < 0 ? negative : positive);
@@ -39,44 +32,22 @@ Date wholeSecond(Date date) {
 }  // namespace
 
 void SceneOptions::addTo(CLI::App& command, PlaceNeed need) {
-  atOption_ = command
-                  .add_option("--at", at_,
-                              "The place: LAT,LON[,ALT_M] in degrees and metres, or a city's name")
-                  ->required(need == PlaceNeed::required)
-                  ->type_name("PLACE");
+  atOption_ =
+      command
+          .add_option("--at", at_, "The place: LAT,LON[,ALT_M] in degrees and metres, or its name")
+          ->required(need == PlaceNeed::required)
+          ->type_name("PLACE");
   command
       .add_option("--zone", zone_,
-                  "IANA time zone (default: the city's, the nearest city's, or at sea the "
-                  "nautical one)")
+                  "IANA time zone (default: the place's, or at sea the nautical one)")
       ->type_name("ZONE");
   command.add_flag("--json", wantsJson_, "Print JSON");
 }
 
 Scene SceneOptions::resolve() const {
   if (at_.empty() || at_.starts_with("--")) throw InputError("--at needs a place");
-  Scene scene;
-  const bool isNamed = !looksLikeCoordinates(at_);
-  if (isNamed) {
-    const NamedPlace place = findPlace(GeoNames(), at_);
-    scene.location = place.location;
-    scene.placeName = place.label;
-    if (zone_.empty()) {
-      scene.zone = zoneOfList(place.timeZone);
-      scene.zoneOrigin = "the city's own";
-    }
-  } else {
-    scene.location = parseCoordinates(at_);
-    if (zone_.empty()) {
-      const ZoneGuess guess = nearestZone(GeoNames(), scene.location);
-      scene.zone = zoneOfList(guess.name);
-      scene.zoneOrigin = guess.origin;
-    }
-  }
-  if (!zone_.empty()) {
-    scene.zone = parseZone(zone_);
-    scene.zoneOrigin = "as given";
-  }
-  return scene;
+  Home home(userFolder());
+  return sceneFrom(at_, zone_, home.database());
 }
 
 TimeZone SceneOptions::resolveZone() const {
@@ -107,9 +78,8 @@ std::string heading(const Scene& scene, std::string_view when, std::string_view 
                     const Terminal& terminal) {
   std::string first = styled(scene.placeName.empty() ? placeText(scene.location) : scene.placeName,
                              Style::heading, terminal);
-  if (!scene.placeName.empty()) {
-    first += fmt::format("  {} ({})", placeText(scene.location), kGeoNamesCredit);
-  }
+  if (!scene.placeName.empty()) first += "  " + placeText(scene.location);
+  if (!scene.placeOrigin.empty()) first += fmt::format(" ({})", scene.placeOrigin);
   return fmt::format("{}\n{}  {}, {} ({})\n", first, styled(when, Style::heading, terminal),
                      scene.zone.name(), offset, scene.zoneOrigin);
 }

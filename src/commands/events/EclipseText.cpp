@@ -18,46 +18,103 @@ Date dateOfGreatest(const EclipseReport& report) {
   return dateOfMjd(report.local.mjdOf(report.eclipse.isSolarEclipse() ? "max" : "mid"));
 }
 
-bool isGreatestSeen(const EclipseReport& report) {
-  const auto& contacts = report.local.contacts;
-  const auto greatest = std::ranges::find(contacts, "max", &EclipseMoment::key);
-  return greatest != contacts.end() && greatest->elevation >= 0;
+/// A number below 1, with as many digits as keep it from being rounded to 1.
+std::string belowOne(double value, int digits, double unit) {
+  constexpr int kMostDigits = 9;
+  const std::string whole = fmt::format("{:.0f}", unit);
+  std::string text;
+  do {
+    text = fmt::format("{:.{}f}", value * unit, digits);
+  } while (value < 1 && text.starts_with(whole) && digits++ < kMostDigits);
+  return text;
 }
 
-std::string isSeenText(const EclipseReport& report) {
+std::string sizeText(const EclipsePhase& phase, bool isSolar) {
+  constexpr double kNoticeable = 0.6;  // of a penumbral eclipse, by the almanacs
+  if (isSolar) {
+    return fmt::format("magnitude {}, {} % of the Sun's disk covered",
+                       belowOne(phase.magnitude, 3, 1), belowOne(phase.covered, 0, 100));
+  }
+  if (phase.magnitude > 0) {
+    return fmt::format("umbral magnitude {}, penumbral {:.3f}", belowOne(phase.magnitude, 3, 1),
+                       phase.penumbralMagnitude);
+  }
+  return fmt::format("penumbral magnitude {:.3f}{}", phase.penumbralMagnitude,
+                     phase.penumbralMagnitude < kNoticeable ? ", not noticeable" : "");
+}
+
+bool isContact(const EclipseMoment& moment) {
+  return moment.key != "rise" && moment.key != "set";
+}
+
+/// "sunset 20:31:05"
+std::string horizonText(const EclipseMoment& moment, const EclipseReport& report) {
+  return fmt::format("{}{} {}", report.eclipse.isSolarEclipse() ? "sun" : "moon", moment.key,
+                     iso8601String(dateOfMjd(moment.mjd), report.scene.zone).substr(11, 8));
+}
+
+/// The type of the place; where no contact is seen, that of what is seen between them.
+std::int32_t seenType(const EclipseReport& report) {
+  if (report.local.type > 0 || report.eclipse.isSolarEclipse()) {
+    return std::max(report.local.type, 1);
+  }
+  const double magnitude = report.local.seen->largest.phase.magnitude;
+  return magnitude >= 1 ? 3 : magnitude > 0 ? 2 : 1;
+}
+
+std::string seenText(const EclipseReport& report) {
   const EclipseKind kind = kindOf(report.eclipse);
   const bool isSolar = kind == EclipseKind::solar;
   if (!report.local.reachesPlace && isSolar) {
     return "Not seen from here: the Moon's shadow does not reach this place.\n";
   }
-  if (report.local.type == 0) {
+  if (!report.local.seen) {
     return fmt::format("Not seen from here: the {} is below the horizon all the time.\n",
                        isSolar ? "Sun" : "Moon");
   }
-  const std::string type = eclipseLongTypeToString(kind, report.local.type);
-  if (isSolar) {
-    const std::string size = fmt::format("magnitude {:.3f}, {} of the Sun's disk covered",
-                                         report.local.magnitude, percent(report.local.obscuration));
-    return isGreatestSeen(report)
-               ? fmt::format("Seen from here: {}, {}\n", type, size)
-               : fmt::format("Seen from here: {}; its greatest, {}, is below the horizon\n", type,
-                             size);
+  const EclipseMoment& largest = report.local.seen->largest;
+  const std::string type = eclipseLongTypeToString(kind, seenType(report));
+  const std::string size = sizeText(largest.phase, isSolar);
+  std::string text =
+      isContact(largest)
+          ? fmt::format("Seen from here: {}, {}\n", type, size)
+          : fmt::format(
+                "Seen from here: {}; at most, at {}, {}; its greatest is below the horizon\n", type,
+                horizonText(largest, report), size);
+  for (const EclipseMoment& moment : report.local.horizon) {
+    if (moment.mjd == largest.mjd) continue;
+    text +=
+        fmt::format("At {}: {}\n", horizonText(moment, report), sizeText(moment.phase, isSolar));
   }
-  return fmt::format("Seen from here: {}, umbral magnitude {:.3f}, penumbral {:.3f}\n", type,
-                     report.local.umbralMagnitude, report.local.penumbralMagnitude);
+  return text;
 }
 
-/// "Totality 3 min 49 s", if there is one to be seen.
+std::string minutesText(double duration) {
+  const long seconds = std::lround(duration);
+  return fmt::format("{} min {} s", seconds / 60, seconds % 60);
+}
+
+/// "Totality 3 min 49 s", if any of it is seen.
 std::string durationText(const EclipseReport& report) {
-  const bool isSolar = report.eclipse.isSolarEclipse();
-  if (report.local.type < (isSolar ? 2 : 3)) return {};
-  const double begin = report.local.mjdOf(isSolar ? "C2" : "U2");
-  const double end = report.local.mjdOf(isSolar ? "C3" : "U3");
-  if (!drawEventAtMjd(begin) || !drawEventAtMjd(end)) return {};
-  const bool isAnnular = isSolar && report.local.magnitude < 1;
-  const long seconds = std::lround((end - begin) * kSecondsPerDay);
-  return fmt::format("\n{} {} min {} s\n", isAnnular ? "Annularity" : "Totality", seconds / 60,
-                     seconds % 60);
+  const LocalEclipse& local = report.local;
+  if (!local.seen || local.seen->centralSeconds == 0) return {};
+  const bool isAnnular = report.eclipse.isSolarEclipse() && local.magnitude < 1;
+  const std::string whole = minutesText(local.centralSeconds);
+  const std::string seen = minutesText(local.seen->centralSeconds);
+  return fmt::format("\n{} {}{}\n", isAnnular ? "Annularity" : "Totality", whole,
+                     seen == whole ? "" : fmt::format(", {} of it above the horizon", seen));
+}
+
+/// What is to be said under every table of a solar eclipse.
+std::string cautionText(const EclipseReport& report) {
+  if (!report.eclipse.isSolarEclipse()) return {};
+  const LocalEclipse& local = report.local;
+  const bool isTotal = local.magnitude >= 1 && local.seen && local.seen->centralSeconds > 0;
+  return fmt::format(
+      "\nLook at the Sun only through a filter made for that, at all times{}.\n"
+      "The contacts here come within about {:.0f} s of these times.\n",
+      isTotal ? " but between C2 and C3 here" : "",
+      contactUncertainty(mjdOfGreatestEclipse(report.eclipse)));
 }
 
 struct MomentText {
@@ -89,14 +146,13 @@ std::string momentsTable(const EclipseReport& report, const Terminal& terminal) 
   std::ranges::stable_sort(moments, {}, &EclipseMoment::mjd);
   Table table({{"time"}, {""}, {""}, {"azimuth", Align::right}, {"elevation", Align::right}, {""}});
   for (const EclipseMoment& moment : moments) {
-    const bool isContact = moment.key != "rise" && moment.key != "set";
-    const bool isHidden = isContact && moment.elevation < 0;
+    const bool isHidden = isContact(moment) && moment.elevation < 0;
     const std::string time = iso8601String(dateOfMjd(moment.mjd), report.scene.zone);
-    table.addRow(
-        {time.substr(0, 10) + " " + time.substr(11, 8), std::string(isContact ? moment.key : ""),
-         textOf(moment, report), bearing(moment.azimuth, 1), degrees(moment.elevation, 1),
-         isHidden ? "below the horizon" : ""},
-        isHidden ? Style::faint : Style::plain);
+    table.addRow({time.substr(0, 10) + " " + time.substr(11, 8),
+                  std::string(isContact(moment) ? moment.key : ""), textOf(moment, report),
+                  bearing(moment.azimuth, 1), degrees(moment.elevation, 1),
+                  isHidden ? "below the horizon" : ""},
+                 isHidden ? Style::faint : Style::plain);
   }
   return table.text(terminal);
 }
@@ -109,7 +165,8 @@ std::string eclipseText(const EclipseReport& report, const Terminal& terminal) {
   return heading(scene, dayTitle(greatest, scene.zone), offsetTitle(greatest, scene.zone),
                  terminal) +
          fmt::format("\n{} ({})\n", eclipseLongTypeString(report.eclipse), report.eclipse.name) +
-         isSeenText(report) + "\n" + momentsTable(report, terminal) + durationText(report);
+         seenText(report) + "\n" + momentsTable(report, terminal) + durationText(report) +
+         cautionText(report);
 }
 
 }  // namespace zenivo::cli

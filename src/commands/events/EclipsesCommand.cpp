@@ -15,23 +15,36 @@
 namespace zenivo::cli {
 namespace {
 
+/// A penumbral eclipse of a small magnitude changes nothing that an eye or a camera sees.
+bool isNoticeable(const EclipseRow& eclipse) {
+  constexpr double kLeast = 0.6;
+  const auto& moon = eclipse.lunarEclipse;
+  return !moon || moon->i3 > 0 || moon->i4 >= kLeast;
+}
+
 std::string listText(const EclipsesReport& report, const Terminal& terminal) {
   const auto& scene = report.question.scene;
-  std::string text;
-  if (scene) {
-    text = heading(*scene, "Eclipses", "local time of greatest eclipse", terminal) + "\n";
-  }
+  std::string text = scene ? heading(*scene, "Eclipses", "local time of greatest eclipse", terminal)
+                           : fmt::format("{}  {}, time of greatest eclipse\n",
+                                         styled("Eclipses", Style::heading, terminal),
+                                         report.question.zone.name());
+  text += "\n";
   if (report.eclipses.empty()) return text + "No eclipse in this period.\n";
   Table table({{"greatest"}, {"name"}, {"eclipse"}, {scene ? "seen from here" : ""}});
   for (const ListedEclipse& eclipse : report.eclipses) {
     const std::string time = iso8601String(dateOfMjd(eclipse.mjd), report.question.zone);
     const bool isFaint = scene && eclipse.localType == 0;
-    table.addRow({time.substr(0, 10) + " " + time.substr(11, 5), eclipse.row.name,
-                  eclipseLongTypeString(eclipse.row),
-                  scene ? eclipseTypeToString(kindOf(eclipse.row), eclipse.localType) : ""},
-                 isFaint ? Style::faint : Style::plain);
+    table.addRow(
+        {time.substr(0, 10) + " " + time.substr(11, 5), eclipse.row.name,
+         eclipseLongTypeString(eclipse.row) + (isNoticeable(eclipse.row) ? "" : ", not noticeable"),
+         scene ? eclipseTypeToString(kindOf(eclipse.row), eclipse.localType) : ""},
+        isFaint ? Style::faint : Style::plain);
   }
-  return text + table.text(terminal);
+  text += table.text(terminal);
+  if (!report.isCut()) return text;
+  std::string years = report.years.text();
+  years.front() = 'T';
+  return text + "\n" + years + ".\n";
 }
 
 class EclipsesCommand : public Command {

@@ -36,7 +36,7 @@ class MeteorsCommand : public Command {
         "Ctrl-C ends a calendar and prints what it has.\n"
         "\n"
         "Examples:\n"
-        "  zenivo meteors --at Tenerife --date 2026-08-12\n"
+        "  zenivo meteors --at \"Santa Cruz de Tenerife\" --date 2026-08-12\n"
         "  zenivo meteors geminids --at 28.27,-16.64,2390\n"
         "  zenivo meteors calendar --year 2027 --at Sydney --json");
   }

@@ -21,14 +21,14 @@ class PoisCommand : public Command {
     CLI::App* app = program.add_subcommand("pois", "Points of interest, of the catalogue and own");
     app->add_option("TEXT", text_, "Only those whose name, country or category contains this")
         ->type_name("");
-    app->add_option("--near", near_, "The nearest first: LAT,LON or a city's name")
+    app->add_option("--near", near_, "The nearest first: LAT,LON or a place's name")
         ->type_name("PLACE");
     app->add_option("--limit", limit_, "At most so many (default: all, with --near 20)")
         ->type_name("N")
         ->check(CLI::Range(1, 1'000'000));
     app->add_flag("--json", wantsJson_, "Print JSON");
     app->footer(
-        "Distances hold to 0.6 %.\n"
+        "Distances hold to 0.7 %.\n"
         "\n"
         "Examples:\n"
         "  zenivo pois lighthouse\n"

@@ -64,7 +64,7 @@ class PinCommand : public Command {
     CLI::App* app = program.add_subcommand(
         "pin", "How far, in which direction and how high a subject is, and what stands over it");
     scene_.addTo(*app);
-    app->add_option("--to", to_, "The subject: LAT,LON[,ALT_M] or a city's name")
+    app->add_option("--to", to_, "The subject: LAT,LON[,ALT_M] or a name")
         ->required()
         ->type_name("PLACE");
     moment_.addTo(*app);

@@ -92,9 +92,14 @@ std::shared_ptr<CustomCamera> cameraWith(std::string_view identifier,
   return found != cameras.end() ? *found : nullptr;
 }
 
-bool saveOrRollBack(ManagedObjectContext& context, Error* error) {
+/// Saves the change of one object, or takes that one back.
+bool saveOrTakeBack(const ManagedObjectPtr& object, ManagedObjectContext& context, Error* error) {
   if (context.save(error)) return true;
-  context.rollback();
+  if (object->isInserted()) {
+    context.deleteObject(object);
+  } else {
+    context.refreshObject(object, /*mergeChanges=*/false);
+  }
   return false;
 }
 
@@ -162,7 +167,7 @@ bool DatabaseCameraStore::saveCustomCamera(const CustomCameraRecord& camera, Err
   const auto object = objectToSave(camera, error);
   if (!object) return false;
   write(camera, *object);
-  return saveOrRollBack(*database_.managedObjectContext(), error);
+  return saveOrTakeBack(object, *database_.managedObjectContext(), error);
 }
 
 bool DatabaseCameraStore::deleteCustomCamera(std::string_view uniqueIdentifier, Error* error) {
@@ -173,7 +178,7 @@ bool DatabaseCameraStore::deleteCustomCamera(std::string_view uniqueIdentifier, 
   const auto object = cameraWith(uniqueIdentifier, *cameras);
   if (!object) return true;
   context->deleteObject(object);
-  return saveOrRollBack(*context, error);
+  return saveOrTakeBack(object, *context, error);
 }
 
 }  // namespace zenivo

@@ -20,7 +20,7 @@ namespace zenivo {
 /// the caller wants the error.
 ///
 /// Saves and deletions go through the user store's main context.  One that fails is
-/// rolled back, with everything else in that context that was not saved.
+/// taken back; whatever else in that context was not saved waits for another save.
 class DatabaseCameraStore : public CameraStore {
  public:
   /// The database must outlive the store.

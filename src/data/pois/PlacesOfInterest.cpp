@@ -5,7 +5,7 @@
 
 #include "data/stores/StaticEntities.h"
 #include "data/stores/UserEntities.h"
-#include "place/GreatCircle.h"
+#include "place/LocationUtils.h"
 
 namespace zenivo {
 namespace {
@@ -92,8 +92,7 @@ std::optional<Places> placesOfInterest(Database& database, std::string_view text
 
 void sortByDistance(Places& places, const Coordinate& from) {
   for (PlaceOfInterest& place : places) {
-    place.kilometres = greatCircleKilometres(from.latitude, from.longitude,
-                                             place.coordinate.latitude, place.coordinate.longitude);
+    place.kilometres = LocationUtils::greatCircleDistanceWithSource(from, place.coordinate);
   }
   std::ranges::stable_sort(places, {}, &PlaceOfInterest::kilometres);
 }

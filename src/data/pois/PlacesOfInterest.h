@@ -31,7 +31,7 @@ std::optional<std::vector<PlaceOfInterest>> placesOfInterest(Database& database,
                                                              std::string_view text,
                                                              Error* error = nullptr);
 
-/// Tells each its distance from there, to 0.6 %, and puts the nearest first; of equally near
+/// Tells each its distance from there, to 0.7 %, and puts the nearest first; of equally near
 /// ones the order stays.
 void sortByDistance(std::vector<PlaceOfInterest>& places, const Coordinate& from);
 

@@ -104,7 +104,10 @@ void Database::tellDelegate(const Error& error, std::string_view keyPrefix) cons
 }
 
 const std::shared_ptr<ManagedObjectContext>& Database::managedObjectContext() {
-  return contextOn(persistentStoreCoordinator(), user_.context);
+  const bool isNew = !user_.context;
+  const auto& context = contextOn(persistentStoreCoordinator(), user_.context);
+  if (isNew) context->setMergePolicy(MergePolicy::mergeByPropertyStoreTrump);
+  return context;
 }
 
 const std::shared_ptr<ManagedObjectContext>& Database::staticManagedObjectContext() {

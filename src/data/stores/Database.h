@@ -43,7 +43,7 @@ class Database {
   /// To be set before a context is first asked for.
   void setDelegate(const std::shared_ptr<DatabaseDelegate>& delegate) { delegate_ = delegate; }
 
-  /// The main contexts, on the main queue.
+  /// The main contexts, on the main queue.  In the user's, what others saved meanwhile wins.
   const std::shared_ptr<ManagedObjectContext>& managedObjectContext();
   const std::shared_ptr<ManagedObjectContext>& staticManagedObjectContext();
   ZVManagedObjectContexts managedObjectContexts();

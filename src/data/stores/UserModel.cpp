@@ -74,6 +74,12 @@ EntityDeclaration customCamera() {
       {});
 }
 
+/// The version hashes of the models of all releases; stores of these are brought up to date.
+/// Before a release its own is added.
+const std::vector<std::string> kReleasedVersions{
+    "3c86c1d5dffe3a16f4c391676f476db53ab0ffa964547618187562a91b43554f",  // 1.0
+};
+
 }  // namespace
 
 const std::shared_ptr<const ManagedObjectModel>& userModel() {
@@ -81,7 +87,8 @@ const std::shared_ptr<const ManagedObjectModel>& userModel() {
       ManagedObjectModel::make({planning(), project(), customImage(),
                                 imageOf<PlanningImage>(PlanningImage::planning, Planning::images),
                                 imageOf<CustomPoiImage>(CustomPoiImage::poi, CustomPoi::images),
-                                customPoi(), customCamera()});
+                                customPoi(), customCamera()},
+                               kReleasedVersions);
   return model;
 }
 

@@ -16,15 +16,6 @@ bool hasRemark(const PropertyRecord& record, const char* remark) {
   return std::ranges::find(record.remarks, remark) != record.remarks.end();
 }
 
-EntityRecord recordOf(const CatalogueEntity& entity) {
-  auto record = parseEntityRecord(entity.description);
-  if (!record) {
-    throw StoreFailure(StoreErrorCode::damagedFile,
-                       "the store's description of " + entity.name + " cannot be read");
-  }
-  return *record;
-}
-
 void compareProperty(const PropertyDescription& property, const PropertyRecord* old,
                      const PropertyRecord& now, ModelDifference& difference) {
   const std::string name = property.entity->name() + "." + property.name;
@@ -56,11 +47,15 @@ ModelDifference inferModelDifference(const StoreCatalogue& catalogue,
   for (const auto& entity : model.entities()) {
     const CatalogueEntity* known = catalogue.entityNamed(entity->name());
     if (known == nullptr) continue;
-    const EntityRecord old = recordOf(*known);
+    const EntityRecord old = known->record();
     const EntityRecord now = recordOfEntity(*entity);
     if (old.superentity != now.superentity) {
       refuse(entity->name() + " moved in the hierarchy of entities");
     }
+    difference.removesProperties |=
+        std::ranges::any_of(old.properties, [&](const PropertyRecord& record) {
+          return !hasRemark(record, "transient") && now.propertyNamed(record.name) == nullptr;
+        });
     for (const PropertyRecord& record : now.properties) {
       const PropertyDescription& property = *entity->propertyNamed(record.name);
       if (property.isTransient) continue;

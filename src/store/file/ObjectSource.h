@@ -92,6 +92,7 @@ struct SaveOutcome {
   std::unordered_map<ObjectID, std::int64_t> versions;  ///< of the rows written
   std::vector<Row> merged;                              ///< rows in which conflicts were settled
   ObjectIDs vanished;                                   ///< updated here, deleted by others
+  ObjectIDs stripped;  ///< lost their partner in a one-to-one relationship to a row of the request
   ObjectIDs cascaded;  ///< deleted by the rules of deleted rows, which the request did not tell
 };
 

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <atomic>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -37,9 +38,12 @@ class PersistentStore : public ObjectSource {
   ObjectIDs obtainPermanentIDs(const ObjectIDs& temporary) override;
   std::unordered_map<ObjectID, ObjectID> permanentIDsFor(const ObjectIDs&) override { return {}; }
 
-  /// The identity of a row; its entity need not be of this model instance.  Nullopt for
-  /// another store's, and for entities that the model does not have.
-  std::optional<ObjectID> localID(const ObjectURI& uri) const;
+  /// The identity that a URI names: of a row of that very entity, or of none any more.
+  /// Nullopt for another store's, for a row of another entity, and for entities that the
+  /// model does not have.
+  std::optional<ObjectID> idNamed(const ObjectURI& uri) const;
+  /// The identity as this store's model has it, where another coordinator's may differ.
+  std::optional<ObjectID> localID(const ObjectID& id) const;
 
   StoreMetadata metadata() const;
   void setMetadataValues(const std::map<std::string, Value>& values);
@@ -48,12 +52,17 @@ class PersistentStore : public ObjectSource {
   void copyTo(const std::filesystem::path& newFile) const;
 
  private:
-  void requireWritable() const;
+  template <class Operation>
+  auto read(const Operation& operation) const;
+  void prepareToWrite();
+  void requireOwnModel(sqlite::Connection& connection, std::int64_t saves) const;
 
   const std::shared_ptr<const ManagedObjectModel> model_;
   std::shared_ptr<sqlite::StoreFile> file_;
   const std::string* identifier_ = nullptr;
   std::unique_ptr<const StoreTables> tables_;
+  std::atomic<bool> isUpToDate_ = true;
+  std::atomic<std::int64_t> saves_ = 0;  ///< the store's count when this model was last seen in it
 };
 
 /// What a store file says about itself, without a model.

@@ -76,9 +76,19 @@ std::shared_ptr<PersistentStore> PersistentStoreCoordinator::migratePersistentSt
 }
 
 std::optional<ObjectID> PersistentStoreCoordinator::managedObjectIDForURIRepresentation(
-    std::string_view uri) const {
+    std::string_view uri, Error* error) const {
+  try {
+    const std::shared_ptr<PersistentStore> store = persistentStore();
+    return store != nullptr ? store->idNamed(parseObjectURI(uri)) : std::nullopt;
+  } catch (...) {
+    fail(error, errorOfCurrentException());
+    return std::nullopt;
+  }
+}
+
+std::optional<ObjectID> PersistentStoreCoordinator::localID(const ObjectID& id) const {
   const std::shared_ptr<PersistentStore> store = persistentStore();
-  return store != nullptr ? store->localID(parseObjectURI(uri)) : std::nullopt;
+  return store != nullptr ? store->localID(id) : std::nullopt;
 }
 
 std::optional<StoreMetadata> PersistentStoreCoordinator::metadata(Error* error) const {

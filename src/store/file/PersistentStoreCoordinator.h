@@ -71,9 +71,13 @@ class PersistentStoreCoordinator {
                                                           const StoreOptions& options,
                                                           Error* error = nullptr);
 
-  /// The identity with that URI form when it belongs to the store; its row need not
-  /// exist.
-  std::optional<ObjectID> managedObjectIDForURIRepresentation(std::string_view uri) const;
+  /// The identity with that URI form when it belongs to the store; its row need not exist
+  /// any more, but a URI that calls a row by the wrong entity names no object.
+  std::optional<ObjectID> managedObjectIDForURIRepresentation(std::string_view uri,
+                                                              Error* error = nullptr) const;
+  /// The identity, which another coordinator on the same store may have made, as this
+  /// one's model has it; nullopt for another store's.
+  std::optional<ObjectID> localID(const ObjectID& id) const;
 
   std::optional<StoreMetadata> metadata(Error* error = nullptr) const;
   /// Replaces the application's values in the store's metadata.

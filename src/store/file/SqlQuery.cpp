@@ -170,11 +170,17 @@ std::string SqlQuery::valueAt(Scope& scope, std::string alias, const KeyPath& pa
 std::string SqlQuery::condition(Scope& scope, const BoundPredicate& predicate) {
   if (predicate.node->kind == PredicateNode::Kind::comparison) return comparison(scope, predicate);
   const bool all = predicate.node->kind == PredicateNode::Kind::conjunction;
-  std::string sql;
-  for (const BoundPredicate& part : predicate.parts) {
-    sql += (sql.empty() ? "(" : all ? " AND " : " OR ") + condition(scope, part);
-  }
-  return sql.empty() ? (all ? "1" : "0") : sql + ")";
+  if (predicate.parts.empty()) return all ? "1" : "0";
+  return joined(scope, predicate.parts, all ? " AND " : " OR ");
+}
+
+/// SQLite takes "a OR b OR c" for a tree that is as deep as it has parts, and trees only up
+/// to a depth: halves in brackets make it as deep as their logarithm.
+std::string SqlQuery::joined(Scope& scope, std::span<const BoundPredicate> parts, const char* by) {
+  if (parts.size() == 1) return condition(scope, parts.front());
+  const std::size_t half = parts.size() / 2;
+  std::string first = joined(scope, parts.first(half), by);  // parameters count from left to right
+  return "(" + first + by + joined(scope, parts.subspan(half), by) + ")";
 }
 
 std::string SqlQuery::comparison(Scope& scope, const BoundPredicate& predicate) {

@@ -5,6 +5,7 @@
 #include <list>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -69,6 +70,7 @@ class SqlQuery {
   std::string join(Scope& scope, const std::string& from, const RelationshipDescription& hop);
   std::string valueAt(Scope& scope, std::string alias, const KeyPath& path, std::size_t firstHop);
   std::string condition(Scope& scope, const BoundPredicate& predicate);
+  std::string joined(Scope& scope, std::span<const BoundPredicate> parts, const char* by);
   std::string comparison(Scope& scope, const BoundPredicate& predicate);
   std::string anyMember(Scope& scope, const BoundPredicate& predicate);
   std::string memberCount(Scope& scope, const BoundPredicate& predicate);

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "store/file/StoreSchema.h"
-#include "store/model/ModelText.h"
+#include "store/model/ModelVersion.h"
 #include "store/model/StoreError.h"
 #include "store/sqlite/StoreFile.h"
 
@@ -28,6 +28,15 @@ Value readAny(const sqlite::Statement& row, int column) {
 
 }  // namespace
 
+EntityRecord CatalogueEntity::record() const {
+  auto record = parseEntityRecord(description);
+  if (!record) {
+    throw StoreFailure(StoreErrorCode::damagedFile,
+                       "the store is damaged: its description of " + name + " cannot be read");
+  }
+  return *std::move(record);
+}
+
 const CatalogueEntity* StoreCatalogue::entityNamed(std::string_view name) const {
   const auto found = std::ranges::find(entities, name, &CatalogueEntity::name);
   return found != entities.end() ? &*found : nullptr;
@@ -35,8 +44,20 @@ const CatalogueEntity* StoreCatalogue::entityNamed(std::string_view name) const 
 
 std::map<std::string, Data> StoreCatalogue::entityVersionHashes() const {
   std::map<std::string, Data> hashes;
-  for (const CatalogueEntity& entity : entities) hashes[entity.name] = entity.versionHash;
+  for (const CatalogueEntity& entity : entities) {
+    hashes[entity.name] = versionHashOf(entity.record());
+  }
   return hashes;
+}
+
+bool StoreCatalogue::isOfVersion(const ManagedObjectModel& model) const {
+  return isUpToDate(model) || entityVersionHashes() == model.entityVersionHashesByName();
+}
+
+bool StoreCatalogue::isUpToDate(const ManagedObjectModel& model) const {
+  std::map<std::string, Data> hashes;
+  for (const CatalogueEntity& entity : entities) hashes[entity.name] = entity.storedHash;
+  return format == kStoreFormat && hashes == model.entityStoredHashesByName();
 }
 
 bool isEmptyDatabase(sqlite::Connection& connection) {
@@ -44,22 +65,21 @@ bool isEmptyDatabase(sqlite::Connection& connection) {
 }
 
 StoreCatalogue readCatalogue(sqlite::Connection& connection) {
-  if (connection.integerOf("PRAGMA user_version") > kStoreFormat) {
-    throw StoreFailure(StoreErrorCode::incompatibleModel,
-                       "the store was written by a later version of the program");
-  }
   StoreCatalogue catalogue;
+  catalogue.format = static_cast<int>(connection.integerOf("PRAGMA user_version"));
+  if (catalogue.format > kStoreFormat) throw newerStore();
   catalogue.identifier = connection.textOf("SELECT value FROM _metadata WHERE key = 'identifier'");
   if (catalogue.identifier.empty()) {
-    throw StoreFailure(StoreErrorCode::damagedFile, "the store has no identifier");
+    throw StoreFailure(StoreErrorCode::damagedFile, "the store is damaged: it has no identifier");
   }
+  catalogue.saves = saveCount(connection);
   const sqlite::Connection::Lease entities =
       connection.prepare("SELECT number, name, hash, description FROM _entities ORDER BY number");
   while (entities->step()) {
     const auto hash = entities->bytes(2);
     catalogue.entities.push_back({.number = entities->integer(0),
                                   .name = std::string(entities->text(1)),
-                                  .versionHash = Data(hash.begin(), hash.end()),
+                                  .storedHash = Data(hash.begin(), hash.end()),
                                   .description = std::string(entities->text(3))});
   }
   const sqlite::Connection::Lease values = connection.prepare("SELECT key, value FROM _values");
@@ -78,7 +98,7 @@ void makeStore(sqlite::Connection& connection, const ManagedObjectModel& model,
   connection.execute("CREATE TABLE _values(key TEXT PRIMARY KEY, value) WITHOUT ROWID");
   {
     const sqlite::Connection::Lease statement = connection.prepare(
-        "INSERT INTO _metadata(key, value) VALUES('identifier', ?1), ('nextKey', 1)");
+        "INSERT INTO _metadata(key, value) VALUES('identifier', ?1), ('nextKey', 1), ('saves', 0)");
     statement->bind(1, std::string_view(identifier));
     statement->run();
   }
@@ -88,6 +108,16 @@ void makeStore(sqlite::Connection& connection, const ManagedObjectModel& model,
   for (const auto& [name, sql] : statements.indices) connection.execute(sql);
 }
 
+std::int64_t saveCount(sqlite::Connection& connection) {
+  return connection.integerOf("SELECT value FROM _metadata WHERE key = 'saves'");
+}
+
+std::int64_t countSave(sqlite::Connection& connection) {
+  return connection.integerOf(
+      "INSERT INTO _metadata(key, value) VALUES('saves', 1) ON CONFLICT(key) DO UPDATE SET value = "
+      "value + 1 RETURNING value");
+}
+
 void writeEntities(sqlite::Connection& connection, const ManagedObjectModel& model) {
   for (const auto& entity : model.entities()) {
     const sqlite::Connection::Lease statement = connection.prepare(
@@ -95,10 +125,18 @@ void writeEntities(sqlite::Connection& connection, const ManagedObjectModel& mod
         "UPDATE SET hash = excluded.hash, description = excluded.description");
     const std::string description = formatEntityRecord(recordOfEntity(*entity));
     statement->bind(1, std::string_view(entity->name()));
-    statement->bind(2, std::span(entity->versionHash()));
+    statement->bind(2, std::span(entity->storedHash()));
     statement->bind(3, std::string_view(description));
     statement->run();
   }
+}
+
+std::set<std::string> columnsOf(sqlite::Connection& connection, const std::string& table) {
+  std::set<std::string> columns;
+  const auto rows = connection.prepare("SELECT name FROM pragma_table_info(?1)");
+  rows->bind(1, std::string_view(table));
+  while (rows->step()) columns.insert(std::string(rows->text(0)));
+  return columns;
 }
 
 void writeValues(sqlite::Connection& connection, const std::map<std::string, Value>& values) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "store/file/ModelDifference.h"
+#include "store/file/StoreCatalogue.h"
 #include "store/file/StoreSchema.h"
 #include "store/model/StoreError.h"
 
@@ -24,14 +24,6 @@ std::map<std::string, std::string> existing(Connection& connection, std::string_
     found[std::string(statement->text(0))] = std::string(statement->text(1));
   }
   return found;
-}
-
-std::set<std::string> columnsOf(Connection& connection, const std::string& table) {
-  std::set<std::string> columns;
-  const Connection::Lease statement = connection.prepare("SELECT name FROM pragma_table_info(?1)");
-  statement->bind(1, std::string_view(table));
-  while (statement->step()) columns.insert(std::string(statement->text(0)));
-  return columns;
 }
 
 std::string numberOf(const std::string& entity) {
@@ -168,13 +160,15 @@ class Migration {
 
 }  // namespace
 
-void migrateStore(Connection& connection, const StoreCatalogue& catalogue,
+void migrateStore(Connection& connection, const ModelDifference& difference,
                   const ManagedObjectModel& model) {
-  const ModelDifference difference = inferModelDifference(catalogue, model);
   Migration(connection, model, difference).run();
   if (connection.integerOf("SELECT count(*) FROM pragma_foreign_key_check") != 0) {
-    throw StoreFailure(StoreErrorCode::damagedFile, "relationships of the store lead nowhere");
+    throw StoreFailure(StoreErrorCode::damagedFile,
+                       "the store is damaged: relationships lead nowhere");
   }
+  connection.execute("PRAGMA user_version=" + std::to_string(kStoreFormat));
+  countSave(connection);
 }
 
 }  // namespace zenivo

@@ -2,18 +2,18 @@
 
 #pragma once
 
-#include "store/file/StoreCatalogue.h"
+#include "store/file/ModelDifference.h"
 #include "store/model/ManagedObjectModel.h"
 #include "store/sqlite/Connection.h"
 
 namespace zenivo {
 
-/// Rebuilds the tables that differ and writes the model's catalogue; within a
-/// transaction in which foreign keys are not enforced.  Entities, attributes and
-/// relationships may have been added, removed and made optional, and indices and delete
-/// rules changed.  Rows keep their keys and everything that both models have; added
-/// attributes take their default.  Throws StoreFailure for any other difference.
-void migrateStore(sqlite::Connection& connection, const StoreCatalogue& catalogue,
+/// Rebuilds the tables that differ, writes the model's catalogue in today's format and
+/// counts as a save; within a transaction in which foreign keys are not enforced.
+/// Entities, attributes and relationships may have been added, removed and made optional,
+/// and indices and delete rules changed.  Rows keep their keys and everything that both
+/// models have; added attributes take their default.
+void migrateStore(sqlite::Connection& connection, const ModelDifference& difference,
                   const ManagedObjectModel& model);
 
 }  // namespace zenivo

@@ -70,7 +70,17 @@ StoreTables::StoreTables(std::shared_ptr<const ManagedObjectModel> model, Entity
                    Plans{RowPlan(*entity, false, numbers_), RowPlan(*entity, true, numbers_), {}});
     Plans& plans = plans_.at(entity.get());
     plans.insertSql = insertStatement(*entity, plans.exact);
+    if (entity->superentity() != nullptr) continue;
+    entityOfRowSql_ += entityOfRowSql_.empty() ? "" : " UNION ALL ";
+    entityOfRowSql_ += "SELECT _entity FROM " + sqlName(tableName(*entity)) + " WHERE _id = ?1";
   }
+}
+
+const EntityDescription* StoreTables::entityOfRow(sqlite::Connection& connection,
+                                                  std::int64_t key) const {
+  const sqlite::Connection::Lease statement = connection.prepare(entityOfRowSql_);
+  statement->bind(1, key);
+  return statement->step() ? numbers_.entityOf(statement->integer(0)) : nullptr;
 }
 
 const EntityDescription& StoreTables::entityNamed(std::string_view name) const {

@@ -36,6 +36,9 @@ class StoreTables {
     return ObjectID::makePermanentID(entity, storeIdentifier_, key);
   }
 
+  /// The entity of the row with that key, of whatever table; nullptr when there is none.
+  const EntityDescription* entityOfRow(sqlite::Connection& connection, std::int64_t key) const;
+
   void fetch(sqlite::Connection& connection, const FetchRequest& request,
              RowReceiver& receiver) const;
   std::size_t count(sqlite::Connection& connection, const FetchRequest& request) const;
@@ -61,6 +64,7 @@ class StoreTables {
   const EntityNumbers numbers_;
   const std::string* const storeIdentifier_;
   std::map<const EntityDescription*, Plans> plans_;
+  std::string entityOfRowSql_;
 };
 
 }  // namespace zenivo

@@ -205,15 +205,24 @@ void StoreWriter::takeOneToOne(const ObjectID& id, const PropertyDescription& pr
   if (value.isNull() || !isOneToOneColumn(property)) return;
   const std::string table = sqlName(tableName(id.entity()));
   const std::string column = sqlName(columnName(property));
-  const std::string where = " WHERE " + column + " = ?1 AND _id <> ?2";
-  const bool mayTake = request_.mergePolicy != MergePolicy::error;
+  ObjectID loser;
+  {
+    const sqlite::Connection::Lease holder = connection_.prepare(
+        "SELECT _id, _entity FROM " + table + " WHERE " + column + " = ?1 AND _id <> ?2");
+    holder->bind(1, keyOf(value.objectID()));
+    holder->bind(2, keyOf(id));
+    if (!holder->step()) return;
+    loser = tables_.makeID(*tables_.numbers().entityOf(holder->integer(1)), holder->integer(0));
+  }
+  if (request_.mergePolicy == MergePolicy::error) {
+    conflict(value.objectID(), "was given to another object");
+  }
   const sqlite::Connection::Lease statement = connection_.prepare(
-      mayTake ? "UPDATE " + table + " SET _version = _version + 1, " + column + " = NULL" + where
-              : "SELECT 1 FROM " + table + where);
-  statement->bind(1, keyOf(value.objectID()));
-  statement->bind(2, keyOf(id));
-  const bool taken = statement->step();
-  if (taken) conflict(value.objectID(), "was given to another object");
+      "UPDATE " + table + " SET _version = _version + 1, " + column + " = NULL WHERE _id = ?1");
+  statement->bind(1, loser.key());
+  statement->run();
+  outcome_.stripped.push_back(loser);
+  settled_.push_back(loser);
 }
 
 void StoreWriter::deleteRow(const DeletedRow& row) {

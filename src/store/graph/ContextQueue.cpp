@@ -7,6 +7,7 @@
 
 #include "foundation/MainQueue.h"
 #include "foundation/NotificationCenter.h"
+#include "foundation/Unwaited.h"
 
 namespace zenivo {
 namespace {
@@ -121,7 +122,7 @@ void ContextQueue::drain() {
       enter(ticket, guard);
     }
     const Turn turn(*this);
-    block();
+    runUnwaited(block);
     block = nullptr;  // what it holds belongs to the queue too
   }
 }

@@ -125,8 +125,7 @@ ManagedObjectPtr ManagedObjectContext::objectRegisteredForID(const ObjectID& id)
 /// made it; none when it is of another store.
 ObjectID ManagedObjectContext::localID(const ObjectID& id) const {
   if (!id || id.isTemporaryID()) return id;
-  return coordinator_->managedObjectIDForURIRepresentation(id.URIRepresentation())
-      .value_or(ObjectID());
+  return coordinator_->localID(id).value_or(ObjectID());
 }
 
 ManagedObjectPtr ManagedObjectContext::objectWithID(const ObjectID& id) {

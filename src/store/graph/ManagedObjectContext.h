@@ -100,7 +100,8 @@ class ManagedObjectContext : public std::enable_shared_from_this<ManagedObjectCo
   bool obtainPermanentIDsForObjects(const ManagedObjects& objects, Error* error = nullptr);
 
   /// Merging: reads the values again and keeps unsaved changes on top.  Not merging:
-  /// drops the object's changes and makes it a fault.
+  /// drops the object's changes, its deletion among them, and makes it a fault; what its
+  /// delete rules reached stays deleted.
   void refreshObject(const ManagedObjectPtr& object, bool mergeChanges);
   /// Drops all changes; what was inserted leaves the context.
   void rollback();

@@ -40,6 +40,7 @@ class ObjectGraph::Collector : public RowReceiver {
   }
 
   void awaken() {
+    for (const ManagedObjectPtr& object : awoken_) graph_.keepGivenPartners(*object);
     for (const ManagedObjectPtr& object : awoken_) object->awakeFromFetch();
   }
 
@@ -172,6 +173,19 @@ void ObjectGraph::keepListsOf(const ManagedObject& object) {
     const bool cameBy = batch != nullptr && batch->relationship == column->inverseRelationship;
     const ObjectID listedBy = cameBy ? batch->owner : ObjectID();
     keepListsInStep(object, *column, listedBy, object.values_[column->index].objectID());
+  }
+}
+
+/// A partner that was given to another object here, unsaved, stays there, even if the row
+/// that is read now was given it by others meanwhile.
+void ObjectGraph::keepGivenPartners(ManagedObject& object) {
+  for (const RelationshipDescription* column : object.entity_->relationships()) {
+    const RelationshipDescription& inverse = *column->inverseRelationship;
+    if (column->storage != RelationshipStorage::column || inverse.isToMany()) continue;
+    const ManagedObjectPtr partner = registered(object.values_[column->index].objectID());
+    if (partner == nullptr || partner->derived_.empty()) continue;
+    const ObjectIDSet& given = partner->derived(inverse).added;
+    if (!given.empty() && !given.contains(object.id_)) setColumn(object, *column, {});
   }
 }
 

@@ -146,6 +146,7 @@ class ObjectGraph {
   void keepListsInStep(const ManagedObject& object, const RelationshipDescription& column,
                        const ObjectID& before, const ObjectID& after);
   void keepListsOf(const ManagedObject& object);
+  void keepGivenPartners(ManagedObject& object);
 
   // Fetching.
   bool hasRelevantChanges(const FetchRequest& request, const EntityDescription& entity) const;
@@ -164,6 +165,7 @@ class ObjectGraph {
   void addRelationshipChanges(ManagedObject& object, SaveRequest& request);
   SaveNotification notification() const;
   void addCascaded(SaveNotification& saved, const ObjectIDs& cascaded);
+  void addStripped(SaveNotification& saved, const ObjectIDs& stripped);
   void settle(SaveOutcome outcome);
   void settleObject(ManagedObject& object, const SaveOutcome& outcome);
   void renumber(const IDMap& permanentIDs);

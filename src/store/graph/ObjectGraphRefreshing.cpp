@@ -85,8 +85,12 @@ void ObjectGraph::dropChangesOfOthers(ManagedObject& object,
 
 void ObjectGraph::refresh(ManagedObject& object, bool mergeChanges) {
   adoptPermanentIDs();
-  if (object.state_ == State::inserted || object.isDeleted()) return;
-  if (mergeChanges) return merge({}, {object.id_}, {});
+  if (object.state_ == State::inserted || object.state_ == State::gone) return;
+  if (mergeChanges) {
+    if (object.state_ != State::deleted) merge({}, {object.id_}, {});
+    return;
+  }
+  undelete(object);
   revertOwnChanges(object);
   if (object.oldValues_.empty()) turnIntoFault(object);
 }

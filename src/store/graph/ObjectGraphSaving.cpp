@@ -1,5 +1,7 @@
 // Saving, permanent identities, and rolling back.
 
+#include <algorithm>
+
 #include "foundation/NotificationCenter.h"
 #include "store/graph/ManagedObjectContext.h"
 #include "store/graph/ObjectGraph.h"
@@ -33,8 +35,10 @@ bool ObjectGraph::save(Error* error) {
   SaveOutcome outcome = ground_()->save(request());
   SaveNotification saved = notification();
   const ObjectIDs cascaded = std::move(outcome.cascaded);
+  const ObjectIDs stripped = std::move(outcome.stripped);
   settle(std::move(outcome));
   saved.insertedObjectIDs = identitiesOf(saved.insertedObjects);
+  addStripped(saved, stripped);
   addCascaded(saved, cascaded);
   const ManagedObjects deleted = saved.deletedObjects;
   defaultCenter().postNotificationName(kManagedObjectContextDidSaveNotification, &context_,
@@ -85,6 +89,18 @@ void ObjectGraph::addCascaded(SaveNotification& saved, const ObjectIDs& cascaded
     std::erase(saved.updatedObjectIDs, id);
     saved.deletedObjects.push_back(object);
     saved.deletedObjectIDs.push_back(id);
+  }
+}
+
+/// What lost a partner to an object of this save, without this context's knowing.
+void ObjectGraph::addStripped(SaveNotification& saved, const ObjectIDs& stripped) {
+  for (const ObjectID& id : stripped) {
+    const bool isTold =
+        std::ranges::find(saved.updatedObjectIDs, id) != saved.updatedObjectIDs.end() ||
+        std::ranges::find(saved.deletedObjectIDs, id) != saved.deletedObjectIDs.end();
+    if (isTold) continue;
+    saved.updatedObjects.push_back(objectFor(id));
+    saved.updatedObjectIDs.push_back(id);
   }
 }
 

@@ -62,8 +62,9 @@ class EntityDescription {
     return asRelationship(propertyNamed(name));
   }
 
-  /// 32 bytes that change exactly when the stored form of the entity does.
+  /// See ModelVersion.h.
   const Data& versionHash() const { return versionHash_; }
+  const Data& storedHash() const { return storedHash_; }
 
   /// Empty: plain ManagedObject.
   const ObjectFactory& objectFactory() const { return factory_; }
@@ -93,6 +94,7 @@ class EntityDescription {
   std::vector<const RelationshipDescription*> derived_;
   std::unordered_map<std::string, const PropertyDescription*, NameHash, std::equal_to<>> byName_;
   Data versionHash_;
+  Data storedHash_;
   ObjectFactory factory_;
 };
 

@@ -1,13 +1,11 @@
 #include "store/model/ManagedObjectModel.h"
 
-#include <openssl/sha.h>
-
 #include <algorithm>
 #include <cctype>
 #include <set>
 #include <stdexcept>
 
-#include "store/model/ModelText.h"
+#include "store/model/ModelVersion.h"
 
 namespace zenivo {
 namespace {
@@ -28,12 +26,6 @@ std::string lowerCase(std::string text) {
   return text;
 }
 
-Data entityDigest(const std::string& text) {
-  Data digest(SHA256_DIGEST_LENGTH);
-  SHA256(reinterpret_cast<const unsigned char*>(text.data()), text.size(), digest.data());
-  return digest;
-}
-
 }  // namespace
 
 /// Turns declarations into descriptions, in steps that each need the one before.
@@ -42,15 +34,19 @@ class ModelBuilder {
   explicit ModelBuilder(std::vector<EntityDeclaration> declarations)
       : declarations_(std::move(declarations)) {}
 
-  std::shared_ptr<const ManagedObjectModel> build() {
+  std::shared_ptr<const ManagedObjectModel> build(std::vector<std::string> releasedVersions) {
+    model_->releasedVersions_ = std::move(releasedVersions);
     for (const EntityDeclaration& declaration : declarations_) addEntity(declaration);
     for (const EntityDeclaration& declaration : declarations_) placeInHierarchy(declaration);
     for (const EntityDeclaration& declaration : declarations_) addProperties(declaration);
     for (const EntityDeclaration& declaration : declarations_) connectRelationships(declaration);
     for (const auto& entity : model_->entities_) gather(*entity);
     for (const auto& entity : model_->entities_) {
-      entity->versionHash_ = entityDigest(formatEntityRecord(recordOfEntity(*entity)));
+      const EntityRecord record = recordOfEntity(*entity);
+      entity->versionHash_ = versionHashOf(record);
+      entity->storedHash_ = storedHashOf(record);
     }
+    model_->versionHash_ = modelHashOf(model_->entityVersionHashesByName());
     return model_;
   }
 
@@ -218,8 +214,8 @@ const PropertyDescription* EntityDescription::propertyNamed(std::string_view nam
 }
 
 std::shared_ptr<const ManagedObjectModel> ManagedObjectModel::make(
-    std::vector<EntityDeclaration> declarations) {
-  return ModelBuilder(std::move(declarations)).build();
+    std::vector<EntityDeclaration> declarations, std::vector<std::string> releasedVersions) {
+  return ModelBuilder(std::move(declarations)).build(std::move(releasedVersions));
 }
 
 const EntityDescription* ManagedObjectModel::entityNamed(std::string_view name) const {
@@ -231,6 +227,16 @@ std::map<std::string, Data> ManagedObjectModel::entityVersionHashesByName() cons
   std::map<std::string, Data> hashes;
   for (const auto& entity : entities_) hashes[entity->name()] = entity->versionHash();
   return hashes;
+}
+
+std::map<std::string, Data> ManagedObjectModel::entityStoredHashesByName() const {
+  std::map<std::string, Data> hashes;
+  for (const auto& entity : entities_) hashes[entity->name()] = entity->storedHash();
+  return hashes;
+}
+
+bool ManagedObjectModel::isReleasedVersion(std::string_view hash) const {
+  return std::ranges::find(releasedVersions_, hash) != releasedVersions_.end();
 }
 
 }  // namespace zenivo

@@ -51,8 +51,10 @@ class ManagedObjectModel {
   /// differ by more than case within an entity's hierarchy; every relationship has
   /// an inverse that leads back to it.  Throws std::invalid_argument naming what
   /// does not fit.
+  /// `releasedVersions` are the version hashes of the models that programs were given to
+  /// users with: stores of these can be brought up to date.
   static std::shared_ptr<const ManagedObjectModel> make(
-      std::vector<EntityDeclaration> declarations);
+      std::vector<EntityDeclaration> declarations, std::vector<std::string> releasedVersions = {});
 
   /// In the order of declaration.
   const std::vector<std::unique_ptr<EntityDescription>>& entities() const { return entities_; }
@@ -61,12 +63,18 @@ class ManagedObjectModel {
   const EntityDescription* entityNamed(std::string_view name) const;
 
   std::map<std::string, Data> entityVersionHashesByName() const;
+  std::map<std::string, Data> entityStoredHashesByName() const;
+  /// The hash of entityVersionHashesByName(); see ModelVersion.h.
+  const std::string& versionHash() const { return versionHash_; }
+  bool isReleasedVersion(std::string_view hash) const;
 
  private:
   friend class ModelBuilder;
 
   std::vector<std::unique_ptr<EntityDescription>> entities_;
   std::map<std::string, const EntityDescription*, std::less<>> byName_;
+  std::string versionHash_;
+  std::vector<std::string> releasedVersions_;
 };
 
 }  // namespace zenivo

@@ -15,7 +15,7 @@ bool has(const PropertyRecord& property, const char* remark) {
   return std::ranges::find(property.remarks, remark) != property.remarks.end();
 }
 
-Data digestOf(const std::string& text) {
+Data sha256Of(const std::string& text) {
   Data digest(SHA256_DIGEST_LENGTH);
   SHA256(reinterpret_cast<const unsigned char*>(text.data()), text.size(), digest.data());
   return digest;
@@ -35,17 +35,17 @@ Data versionHashOf(const EntityRecord& entity) {
   for (PropertyRecord& property : seen.properties) {
     std::erase_if(property.remarks, [](const auto& remark) { return remark != kRequired; });
   }
-  return digestOf(formatEntityRecord(seen));
+  return sha256Of(formatEntityRecord(seen));
 }
 
 Data storedHashOf(const EntityRecord& entity) {
-  return digestOf(formatEntityRecord(entity));
+  return sha256Of(formatEntityRecord(entity));
 }
 
 std::string modelHashOf(const std::map<std::string, Data>& entityHashes) {
   std::string text;
   for (const auto& [entity, hash] : entityHashes) text += entity + " " + hexadecimal(hash) + "\n";
-  return hexadecimal(digestOf(text));
+  return hexadecimal(sha256Of(text));
 }
 
 }  // namespace zenivo

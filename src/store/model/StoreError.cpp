@@ -9,6 +9,11 @@ Error makeStoreError(StoreErrorCode code, std::string description) {
           .description = std::move(description)};
 }
 
+StoreFailure newerStore() {
+  return {StoreErrorCode::incompatibleModel,
+          "a newer Zenivo made the store; this one leaves it as it is"};
+}
+
 Error errorOfCurrentException() {
   try {
     throw;

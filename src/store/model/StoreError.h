@@ -33,7 +33,8 @@ enum class StoreErrorCode {
   failedAccess = 134083,    ///< reading or writing failed otherwise
 };
 
-/// An error of the store's domain.
+/// An error of the store's domain.  The description is a sentence for the user; what else
+/// the log should know stands in userInfo.
 Error makeStoreError(StoreErrorCode code, std::string description);
 
 /// How a failure travels inside the store layer; context and coordinator turn it
@@ -50,6 +51,9 @@ class StoreFailure : public std::runtime_error {
  private:
   Error error_;
 };
+
+/// The store holds what this program does not know.
+StoreFailure newerStore();
 
 /// The exception being handled, as an error: a StoreFailure's own, an invalid argument
 /// as an invalid request.  Call it in a handler only; anything else is thrown on.

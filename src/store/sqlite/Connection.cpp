@@ -42,23 +42,31 @@ Connection::Connection(const std::filesystem::path& file, Access access, const s
       sqlite3_open_v2(uri.c_str(), &opened, flags, vfs.empty() ? nullptr : vfs.c_str());
   handle_.reset(opened);
   if (code != SQLITE_OK) throwFailure(code, opened, "opening " + file.string());
-  configure(access);
+  configure();
 }
 
-void Connection::configure(Access access) {
+void Connection::configure() {
   sqlite3* connection = handle_.get();
   sqlite3_busy_timeout(connection, kBusyMilliseconds);
   sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
+  sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+  sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
   // Only the one writer of a process checkpoints, under the lock of StoreFile.
   sqlite3_wal_autocheckpoint(connection, 0);
-  if (access != Access::write) {
-    sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-  }
+  checkpointsOnClosing(false);
   execute("PRAGMA cell_size_check=ON");
   execute("PRAGMA temp_store=MEMORY");
   execute("PRAGMA cache_size=" + std::to_string(-kCacheKilobytes));
+}
+
+void Connection::enforcesForeignKeys(bool enforces) {
+  sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_ENABLE_FKEY, enforces ? 1 : 0, nullptr);
+}
+
+void Connection::checkpointsOnClosing(bool checkpoints) {
+  sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, checkpoints ? 0 : 1, nullptr);
 }
 
 Connection::Lease Connection::prepare(std::string_view sql) {

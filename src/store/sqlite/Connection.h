@@ -23,9 +23,9 @@ enum class Access {
   immutable,  ///< reads a file that nobody writes, in a folder that nobody can write
 };
 
-/// A connection that trusts neither the file nor the schema in it, with a cache of
-/// prepared statements.  For one thread at a time.  Failing calls throw
-/// SqliteFailure.
+/// A connection that trusts neither the file nor the schema in it (no trigger runs, no
+/// view answers), with a cache of prepared statements.  For one thread at a time.  Failing calls
+/// throw SqliteFailure.
 class Connection {
  public:
   /// A statement on loan from the cache; goes back when this object dies.
@@ -66,6 +66,11 @@ class Connection {
   /// Gives up the transaction in progress, if any; never throws.
   void rollback() noexcept;
 
+  /// Whether rows may refer to missing ones; between transactions only.
+  void enforcesForeignKeys(bool enforces);
+  /// Whether closing, as the last connection of all processes, empties the log.
+  void checkpointsOnClosing(bool checkpoints);
+
   sqlite3* handle() const { return handle_.get(); }
 
  private:
@@ -82,7 +87,7 @@ class Connection {
     void operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
   };
 
-  void configure(Access access);
+  void configure();
 
   std::unique_ptr<sqlite3, Closer> handle_;
   std::unordered_map<std::string, std::unique_ptr<Statement>, TextHash, std::equal_to<>> cache_;

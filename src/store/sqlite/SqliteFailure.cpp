@@ -49,9 +49,23 @@ bool SqliteFailure::isForeignKeyFailure() const {
   return extendedCode_ == SQLITE_CONSTRAINT_FOREIGNKEY;
 }
 
-bool SqliteFailure::isForbidden() const {
+bool SqliteFailure::lacksCompanions() const {
+  switch (extendedCode_) {
+    case SQLITE_IOERR_SHMOPEN:
+    case SQLITE_IOERR_SHMSIZE:
+    case SQLITE_IOERR_SHMMAP:
+    case SQLITE_FULL:
+      return true;
+    default: {
+      const int code = extendedCode_ & 0xff;
+      return code == SQLITE_CANTOPEN || code == SQLITE_READONLY;
+    }
+  }
+}
+
+bool SqliteFailure::isOfSchema() const {
   const int code = extendedCode_ & 0xff;
-  return code == SQLITE_CANTOPEN || code == SQLITE_READONLY;
+  return code == SQLITE_ERROR || code == SQLITE_SCHEMA;
 }
 
 void throwFailure(int code, sqlite3* connection, const std::string& doing) {

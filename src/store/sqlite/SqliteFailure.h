@@ -18,8 +18,10 @@ class SqliteFailure : public StoreFailure {
 
   /// A row refers to one that is not there.
   bool isForeignKeyFailure() const;
-  /// The file, or what SQLite keeps beside it, may not be opened or written.
-  bool isForbidden() const;
+  /// What SQLite keeps beside a file in WAL mode cannot be made or written.
+  bool lacksCompanions() const;
+  /// The statement and the tables do not fit each other.
+  bool isOfSchema() const;
 
  private:
   int extendedCode_;

@@ -1,5 +1,7 @@
 #include "store/sqlite/StoreFile.h"
 
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <map>
 #include <system_error>
@@ -32,6 +34,13 @@ bool isEmptyOrMissing(const std::filesystem::path& file) {
   std::error_code error;
   const auto size = std::filesystem::file_size(file, error);
   return error || size == 0;
+}
+
+/// Which file a path leads to: another one once it was replaced.
+std::optional<FileIdentity> identityOf(const std::filesystem::path& file) {
+  struct stat status {};
+  if (::stat(file.c_str(), &status) != 0) return std::nullopt;
+  return FileIdentity{status.st_dev, status.st_ino};
 }
 
 /// Throws unless the database is a store or holds nothing at all.
@@ -68,7 +77,7 @@ std::shared_ptr<StoreFile> StoreFile::open(const std::filesystem::path& file,
   const std::lock_guard<std::mutex> guard(open.mutex);
   std::weak_ptr<StoreFile>& known = open.files[use + path.string()];
   std::shared_ptr<StoreFile> shared = known.lock();
-  if (!shared) {
+  if (!shared || !shared->isInPlace()) {
     shared = std::make_shared<StoreFile>(path, options);
     known = shared;
   }
@@ -77,10 +86,11 @@ std::shared_ptr<StoreFile> StoreFile::open(const std::filesystem::path& file,
 
 StoreFile::StoreFile(std::filesystem::path file, const FileOptions& options)
     : path_(std::move(file)), options_(options) {
-  if (options_.readOnly) {
-    openReadOnly();
+  if (isEmptyOrMissing(path_) && !options_.readOnly) {
+    const Locked locked(*this);
+    openWriter();
   } else {
-    openForWriting();
+    openReader();
   }
 }
 
@@ -88,59 +98,65 @@ StoreFile::~StoreFile() {
   idleReaders_.clear();
   if (!writer_) return;
   // The last connection of all processes empties the log as it closes.
-  const bool locked = lock_->acquire();
-  sqlite3_db_config(writer_->handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, locked ? 0 : 1, nullptr);
+  if (!lock_->acquire()) return;
+  if (isInPlace()) writer_->checkpointsOnClosing(true);
   writer_.reset();
-  if (locked) lock_->release();
+  lock_->release();
 }
 
-void StoreFile::openReadOnly() {
-  if (!std::filesystem::exists(path_)) {
-    throw StoreFailure(StoreErrorCode::missingFile, "there is no such store");
+bool StoreFile::isInPlace() const {
+  return identity_ && identityOf(path_) == identity_;
+}
+
+void StoreFile::requireInPlace() const {
+  if (!isInPlace()) {
+    throw StoreFailure(StoreErrorCode::missingFile,
+                       "the store's file was removed or replaced while it was open");
   }
+}
+
+/// Opens and tries a reading connection.
+void StoreFile::openReader() {
+  identity_ = identityOf(path_);
+  if (!identity_) throw StoreFailure(StoreErrorCode::missingFile, "there is no such store");
+  const auto tryIt = [this] {
+    auto reader = connect(readAccess_);
+    requireStore(*reader);
+    requireWhole(*reader, path_);
+    return reader;
+  };
   try {
-    auto reader = connect(Access::read);
-    requireStore(*reader);
-    requireWhole(*reader, path_);
-    idleReaders_.push_back(std::move(reader));
+    idleReaders_.push_back(tryIt());
   } catch (const SqliteFailure& failure) {
-    // A file in WAL mode wants companions that a folder nobody can write cannot
-    // hold; then nobody else can write the file either.
-    if (!failure.isForbidden() || !isEmptyOrMissing(beside(path_, "-wal"))) throw;
+    // A file in WAL mode wants companions.  Where they cannot be, in a folder that nobody
+    // can write or on a full disk, nobody has the file open to write it either.
+    if (!failure.lacksCompanions() || !isEmptyOrMissing(beside(path_, "-wal"))) throw;
     readAccess_ = Access::immutable;
-    auto reader = connect(Access::immutable);
-    requireStore(*reader);
-    requireWhole(*reader, path_);
-    idleReaders_.push_back(std::move(reader));
+    idleReaders_.push_back(tryIt());
   }
 }
 
-void StoreFile::openForWriting() {
+/// Opens the writing connection, and with it makes a file that is missing.  Under the lock.
+void StoreFile::openWriter() {
+  if (identity_) requireInPlace();  // opening would make it again
   auto writer = connect(Access::write);
+  if (!identity_) identity_ = identityOf(path_);
+  requireInPlace();
   if (sqlite3_db_readonly(writer->handle(), "main") == 1) {
     throw StoreFailure(StoreErrorCode::notWritable, "the store may not be written");
   }
   requireStore(*writer);
   requireWhole(*writer, path_);
-  std::error_code error;
-  lock_ = FileLock::open(path_, "-lock", error);
-  if (!lock_) {
-    const bool forbidden = error.value() == EACCES || error.value() == EROFS;
-    throw StoreFailure(forbidden ? StoreErrorCode::notWritable : StoreErrorCode::missingFile,
-                       "the store's lock file cannot be opened: " + error.message());
-  }
-  acquireLock();
-  try {
-    const bool wal = options_.journal == Journal::wal;
+  const bool wal = options_.journal == Journal::wal;
+  if (writer->textOf("PRAGMA journal_mode") != (wal ? "wal" : "delete")) {
     writer->execute(wal ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE");
-    writer->execute("PRAGMA synchronous=FULL");
-  } catch (...) {
-    lock_->release();
-    throw;
   }
-  lock_->release();
+  writer->execute("PRAGMA synchronous=FULL");
   sqlite3_wal_hook(writer->handle(), notePages, &logPages_);
   writer_ = std::move(writer);
+  const std::lock_guard<std::mutex> guard(readersMutex_);
+  if (readAccess_ == Access::immutable) idleReaders_.clear();
+  readAccess_ = Access::read;
 }
 
 std::unique_ptr<Connection> StoreFile::connect(Access access) const {
@@ -151,6 +167,17 @@ std::unique_ptr<Connection> StoreFile::connect(Access access) const {
 }
 
 void StoreFile::acquireLock() {
+  if (!lock_) {
+    std::error_code error;
+    lock_ = FileLock::open(path_, "-lock", error);
+    if (!lock_) {
+      const bool forbidden = error.value() == EACCES || error.value() == EROFS;
+      if (forbidden)
+        throw StoreFailure(StoreErrorCode::notWritable, "the store may not be written");
+      throw StoreFailure(StoreErrorCode::missingFile,
+                         "the store's lock file cannot be made: " + error.message());
+    }
+  }
   if (!lock_->acquire()) {
     throw StoreFailure(StoreErrorCode::busy, "another process keeps the store locked");
   }
@@ -163,15 +190,27 @@ void StoreFile::checkpointIfLong() {
                             nullptr);
 }
 
+StoreFile::Locked::Locked(StoreFile& file) : file_(file), turn_(file.writerTurn_) {
+  file.acquireLock();
+}
+
+StoreFile::Locked::~Locked() {
+  file_.lock_->release();
+}
+
 StoreFile::Reading::Reading(StoreFile& file) : file_(file) {
+  Access access = Access::read;
   {
     const std::lock_guard<std::mutex> guard(file.readersMutex_);
+    access = file.readAccess_;
     if (!file.idleReaders_.empty()) {
       connection_ = std::move(file.idleReaders_.back());
       file.idleReaders_.pop_back();
     }
   }
-  if (!connection_) connection_ = file.connect(file.readAccess_);
+  if (connection_) return;
+  connection_ = file.connect(access);
+  file.requireInPlace();
 }
 
 StoreFile::Reading::~Reading() {
@@ -186,25 +225,15 @@ void StoreFile::Reading::snapshot() {
   connection_->run("BEGIN");
 }
 
-StoreFile::Writing::Writing(StoreFile& file, ForeignKeys foreignKeys)
-    : file_(file), foreignKeys_(foreignKeys), turn_(file.writerTurn_) {
-  file.acquireLock();
-  try {
-    // Between transactions only does SQLite heed this.
-    if (foreignKeys_ == ForeignKeys::ignored) file.writer_->execute("PRAGMA foreign_keys=OFF");
-    file.writer_->run("BEGIN IMMEDIATE");
-  } catch (...) {
-    file.lock_->release();
-    throw;
-  }
+StoreFile::Writing::Writing(StoreFile& file, ForeignKeys foreignKeys) : locked_(file), file_(file) {
+  if (!file.writer_) file.openWriter();
+  file.requireInPlace();
+  file.writer_->enforcesForeignKeys(foreignKeys == ForeignKeys::enforced);
+  file.writer_->run("BEGIN IMMEDIATE");
 }
 
 StoreFile::Writing::~Writing() {
   file_.writer_->rollback();
-  if (foreignKeys_ == ForeignKeys::ignored) {
-    sqlite3_exec(file_.writer_->handle(), "PRAGMA foreign_keys=ON", nullptr, nullptr, nullptr);
-  }
-  file_.lock_->release();
 }
 
 void StoreFile::Writing::commit() {

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -32,12 +33,23 @@ struct FileOptions {
   std::function<void(Connection&)> equipment;  ///< adds functions to each new connection
 };
 
+/// Tells one file from another that took its path.
+struct FileIdentity {
+  std::uint64_t device = 0;
+  std::uint64_t inode = 0;
+  friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
+
 /// The file with its one writing connection and as many reading ones as are in use
 /// at once.  Safe to use from any thread.
+///
+/// Reading takes no lock, writes nothing and needs no room on the disk: the writing
+/// connection is opened for the first transaction, or to make a file that is missing.
 class StoreFile {
  public:
-  /// Opens the file, or joins those in this process that have it open already.
-  /// Refuses, and leaves as it is, whatever is neither a store nor empty.
+  /// Opens the file, or joins those in this process that have it open already, unless
+  /// another file has taken its place.  Refuses, and leaves as it is, whatever is neither a store
+  /// nor empty.
   static std::shared_ptr<StoreFile> open(const std::filesystem::path& file,
                                          const FileOptions& options);
 
@@ -64,6 +76,19 @@ class StoreFile {
     std::unique_ptr<Connection> connection_;
   };
 
+  /// The turn to write: alone in this process and in all others.
+  class Locked {
+   public:
+    explicit Locked(StoreFile& file);
+    Locked(const Locked&) = delete;
+    Locked& operator=(const Locked&) = delete;
+    ~Locked();
+
+   private:
+    StoreFile& file_;
+    const std::lock_guard<std::mutex> turn_;
+  };
+
   /// Whether a transaction keeps rows from referring to missing ones.
   enum class ForeignKeys { enforced, ignored };
 
@@ -81,31 +106,33 @@ class StoreFile {
     void commit();
 
    private:
+    const Locked locked_;
     StoreFile& file_;
-    const ForeignKeys foreignKeys_;
-    std::lock_guard<std::mutex> turn_;
   };
 
   const std::filesystem::path& path() const { return path_; }
   bool isReadOnly() const { return options_.readOnly; }
 
  private:
-  void openReadOnly();
-  void openForWriting();
+  bool isInPlace() const;
+  void requireInPlace() const;
+  void openReader();
+  void openWriter();
   std::unique_ptr<Connection> connect(Access access) const;
   void acquireLock();
   void checkpointIfLong();
 
   const std::filesystem::path path_;
   const FileOptions options_;
-  Access readAccess_ = Access::read;
-  std::optional<FileLock> lock_;
+  std::optional<FileIdentity> identity_;  // once it is open
 
   std::mutex writerTurn_;
+  std::optional<FileLock> lock_;
   std::unique_ptr<Connection> writer_;
   int logPages_ = 0;  // of the write-ahead log after the last commit
 
   std::mutex readersMutex_;
+  Access readAccess_ = Access::read;
   std::vector<std::unique_ptr<Connection>> idleReaders_;
 };
 

@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "answers/common/PlaceLookup.h"
 #include "answers/library/OpenUrl.h"
 #include "answers/library/Pois.h"
 #include "data/stores/UserEntities.h"
@@ -132,6 +133,12 @@ TEST_F(StoreAnswers, OwnPlacesAreAmongThem) {
   EXPECT_EQ(poi["pid"], nullptr);
   EXPECT_EQ(poi["category"], "lighthouse");
   EXPECT_EQ(ask(PoisQuestion{.text = "secret"}).pois.size(), 1U);
+
+  Home reader = home();
+  const Scene scene = sceneFrom("SECRET spot", "", reader.database());
+  EXPECT_EQ(scene.location, ZVLocation(Coordinate{46.5, 7.9}));
+  EXPECT_EQ(scene.placeName, "Secret spot");
+  EXPECT_EQ(scene.zone.name(), "Europe/Zurich");
 }
 
 TEST_F(StoreAnswers, UrlsLeadToScreens) {

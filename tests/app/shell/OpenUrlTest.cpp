@@ -123,7 +123,7 @@ TEST(Menu, RefusesListsThatAreNone) {
   };
   for (const PropertyList& list : bad) {
     Error error;
-    EXPECT_FALSE(menuFromNavigation(list, &error)) << formatPropertyList(list);
+    EXPECT_FALSE(menuFromNavigation(list, &error)) << formatPropertyList(list).value();
     EXPECT_NE(error.description, "");
   }
 }

@@ -7,8 +7,6 @@
 #include "calculators/camera/AbstractCamera.h"
 #include "calculators/camera/CameraForm.h"
 #include "foundation/Bundle.h"
-#include "foundation/NotificationCenter.h"
-#include "store/graph/SaveNotification.h"
 #include "support/TemporaryFolder.h"
 
 namespace zenivo {
@@ -142,30 +140,25 @@ TEST_F(CameraDatabase, OldCamerasCanBeChangedToo) {
   EXPECT_EQ(models(), std::vector<std::string>{"Old"});
 }
 
-/// Another process changes the camera in the last moment before the save.
-TEST_F(CameraDatabase, AFailedSaveLeavesNothingBehind) {
+TEST_F(CameraDatabase, AFailedSaveTakesBackItsOwnChangeAlone) {
   ASSERT_TRUE(store_.saveCustomCamera(plain("Kit"), &error_)) << error_.description;
   CustomCameraRecord camera = *store_.loadCameraWithModel("Kit");
-  Database other(locations());
-  DatabaseCameraStore elsewhere(other);
-  float theirMegapixels = 40;
-  const auto race = defaultCenter().addObserver(
-      kManagedObjectContextWillSaveNotification, database_.managedObjectContext().get(),
-      [&](const Notification&) {
-        CustomCameraRecord theirs = *elsewhere.loadCameraWithModel("Kit");
-        theirs.megapixels = ++theirMegapixels;
-        EXPECT_TRUE(elsewhere.saveCustomCamera(theirs, nullptr));
-      });
+  ManagedObjectContext& context = *database_.managedObjectContext();
+  const ManagedObjectPtr plan = context.insertNewObjectForEntityForName(Planning::kEntityName);
+  const auto file = database_.groupStoreURL();
+  std::filesystem::rename(file, file.string() + ".away");
+  std::ofstream{file};  // another file, to which nothing may be saved
   camera.model = "Mine";
   EXPECT_FALSE(store_.saveCustomCamera(camera, &error_));
-  EXPECT_NE(error_.description, "");
-  EXPECT_FALSE(database_.managedObjectContext()->hasChanges());
-  error_ = {};
+  EXPECT_FALSE(store_.saveCustomCamera(plain("New"), &error_));
   EXPECT_FALSE(store_.deleteCustomCamera(camera.uniqueIdentifier, &error_));
   EXPECT_NE(error_.description, "");
-  EXPECT_FALSE(database_.managedObjectContext()->hasChanges());
+  std::filesystem::rename(file.string() + ".away", file);
+  EXPECT_EQ(context.insertedObjects(), ManagedObjects{plan});
+  EXPECT_TRUE(context.updatedObjects().empty() && context.deletedObjects().empty());
   EXPECT_EQ(models(), std::vector<std::string>{"Kit"});
-  EXPECT_EQ(reread("Kit").megapixels, 42.0F);
+  ASSERT_TRUE(store_.saveCustomCamera(camera, &error_)) << error_.description;
+  EXPECT_EQ(models(), std::vector<std::string>{"Mine"});
 }
 
 TEST_F(CameraDatabase, AStoreThatCannotBeOpenedIsAFailure) {

@@ -50,6 +50,11 @@ class DatabaseTest : public testing::Test {
   TemporaryFolder folder_;
 };
 
+TEST_F(DatabaseTest, TodaysModelIsAmongTheReleased) {
+  const auto& model = userModel();
+  EXPECT_TRUE(model->isReleasedVersion(model->versionHash())) << model->versionHash();
+}
+
 TEST_F(DatabaseTest, KeepsWhatTheUserMakes) {
   std::string identifier;
   {
