@@ -19,6 +19,7 @@ namespace {
 
 class DofTableCommand : public CalculatorCommand<DofTableQuestion> {
  public:
+  using CalculatorCommand::CalculatorCommand;
   void addTo(CLI::App& command) override;
 
  private:
@@ -76,6 +77,7 @@ std::string DofTableCommand::text(const DofTableReport& report, const Terminal& 
 
 class DofCommand : public ReadoutCommand<DofQuestion> {
  public:
+  using ReadoutCommand::ReadoutCommand;
   void addTo(CLI::App& program) override;
 
  private:
@@ -105,7 +107,7 @@ void DofCommand::addTo(CLI::App& program) {
   coc_.addTo(*app);
   inverse_.addTo(*app);
   options().addTo(*app);
-  addSubcommand(*app, std::make_unique<DofTableCommand>());
+  addSubcommand(*app, std::make_unique<DofTableCommand>(home()));
   app->footer(
       "A value that is not given is that of the last call with --save, and so is what to solve\n"
       "for; where that is given, another input is solved for.\n"
@@ -134,8 +136,8 @@ DofQuestion DofCommand::question(UnitSystem units) const {
 
 }  // namespace
 
-std::unique_ptr<Command> makeDofCommand() {
-  return std::make_unique<DofCommand>();
+std::unique_ptr<Command> makeDofCommand(Home& home) {
+  return std::make_unique<DofCommand>(home);
 }
 
 }  // namespace zenivo::cli

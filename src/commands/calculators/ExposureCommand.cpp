@@ -15,6 +15,7 @@ namespace {
 
 class ExposureValuesCommand : public CalculatorCommand<LightTableQuestion> {
  public:
+  using CalculatorCommand::CalculatorCommand;
   void addTo(CLI::App& command) override;
 
  private:
@@ -63,6 +64,7 @@ struct ShotOptions {
 
 class ExposureCommand : public ReadoutCommand<ExposureQuestion> {
  public:
+  using ReadoutCommand::ReadoutCommand;
   void addTo(CLI::App& program) override;
 
  private:
@@ -95,7 +97,7 @@ void ExposureCommand::addTo(CLI::App& program) {
       *app, "Neutral density filter: a name or several (ND64+ND8), or stops as in \"6 1/3\"; none");
   solve_.addTo(*app);
   options().addTo(*app, Lengths::none);
-  addSubcommand(*app, std::make_unique<ExposureValuesCommand>());
+  addSubcommand(*app, std::make_unique<ExposureValuesCommand>(home()));
   app->footer(
       "A value that is not given is that of the last call with --save.  Solved for is what\n"
       "--solve says, else what was solved for at last, or where that is given the first of\n"
@@ -127,8 +129,8 @@ ExposureQuestion ExposureCommand::question(UnitSystem /*units*/) const {
 
 }  // namespace
 
-std::unique_ptr<Command> makeExposureCommand() {
-  return std::make_unique<ExposureCommand>();
+std::unique_ptr<Command> makeExposureCommand(Home& home) {
+  return std::make_unique<ExposureCommand>(home);
 }
 
 }  // namespace zenivo::cli

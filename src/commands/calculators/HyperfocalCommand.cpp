@@ -15,6 +15,7 @@ namespace {
 
 class HyperfocalCommand : public CalculatorCommand<HyperfocalQuestion> {
  public:
+  using CalculatorCommand::CalculatorCommand;
   void addTo(CLI::App& program) override;
 
  private:
@@ -65,8 +66,8 @@ std::string HyperfocalCommand::text(const HyperfocalReport& report,
 
 }  // namespace
 
-std::unique_ptr<Command> makeHyperfocalCommand() {
-  return std::make_unique<HyperfocalCommand>();
+std::unique_ptr<Command> makeHyperfocalCommand(Home& home) {
+  return std::make_unique<HyperfocalCommand>(home);
 }
 
 }  // namespace zenivo::cli
