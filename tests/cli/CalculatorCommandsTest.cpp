@@ -102,7 +102,7 @@ TEST_F(CalculatorCommands, RefusalsAreOneLineAndChangeNothing) {
       {"dof --focal --json", "--focal cannot be \"--json\""},
       {"dof --focal 0", "--focal cannot be \"0\""},
       {"dof --focal 1e9mm", "--focal cannot be \"1e9mm\": it is at most 100 m"},
-      {"dof --focal ''", "--focal cannot be \"\""},
+      {"dof --focal ''", "its value may not be empty"},
       {"dof --camera $'\\xff'", "broken UTF-8"},
       {"dof --aperture f", "--aperture cannot be \"f\"; write it as in f/2.8"},
       {"dof --distance inf", "--distance cannot be \"inf\""},
