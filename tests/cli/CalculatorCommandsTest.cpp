@@ -121,7 +121,7 @@ TEST_F(CalculatorCommands, RefusalsAreOneLineAndChangeNothing) {
       {"dof table --aperture f/4,x", "--aperture cannot be \"x\""},
       {"hyperfocal --focal x", "--focal cannot be \"x\""},
       {"dof --camera 'Nikon D85O'", "did you mean \"Nikon D850\""},
-      {"match --to ''", "no camera named \"\""},
+      {"match --to ''", "its value may not be empty"},
       {"trails --time 0", "--time cannot be \"0\""},
       {"trails --angle -15", "--angle cannot be \"-15\""},
       {"trails --time 1h --angle 15", "excludes"},
