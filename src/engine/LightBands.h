@@ -34,7 +34,7 @@ struct Color {
 /// Earth's centre and without refraction, like those of the twilights' begin and end.
 double elevationForLight(const ephemeris::PtSun& sun);
 
-/// All take that elevation, in degrees.
+/// All take that elevation, in degrees, a number.
 LightBand lightBandForSunElevation(double elevation);
 
 /// The band's localisation key, such as "twilight_golden_hour".
