@@ -26,7 +26,8 @@ struct Color {
   friend bool operator==(const Color&, const Color&) = default;
 };
 
-/// All take the Sun's elevation in degrees.
+/// All take the Sun's elevation in degrees, a number: the geometric one, as the twilights
+/// do, not the one that refraction has lifted.
 LightBand lightBandForSunElevation(double elevation);
 
 /// The band's localisation key, such as "twilight_golden_hour".
