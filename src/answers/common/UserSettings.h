@@ -10,14 +10,15 @@
 
 namespace zenivo {
 
-/// A copy in memory of the settings in the user's folder, over the program's first values.
+/// A copy in memory of the settings in the user's folder, over the program's first values,
+/// which also stand for what is there but out of its range.
 /// Whoever works with it may store and synchronise as he likes: nothing reaches the folder
 /// until save().
 class UserSettings {
  public:
   /// Of those settings, which must outlive the copy.  Throws std::runtime_error when the
   /// first values cannot be read.
-  explicit UserSettings(UserDefaults& user = zenivoUserDefaults());
+  explicit UserSettings(UserDefaults& user);
 
   UserDefaults& copy() { return copy_; }
   const UserDefaults& copy() const { return copy_; }

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "calculators/camera/CameraValuesFormatter.h"
+#include "commands/common/Arguments.h"
 #include "commands/common/Table.h"
 #include "input/InputError.h"
 
@@ -22,6 +23,7 @@ void addTo(Table& table, const ReadoutRow& row) {
   if (row.shown == Shown::inJsonOnly) return;
   std::string text = row.quantity.text;
   if (row.role == Role::given) text += " (as given)";
+  if (row.role == Role::missed) text += " (not as asked for)";
   if (row.role == Role::solved) text += " (solved)";
   table.addRow({row.label, text}, row.role == Role::solved ? Style::heading : Style::plain);
 }
@@ -32,7 +34,7 @@ void CalculatorOptions::addTo(CLI::App& command, Lengths lengths, Kept kept) {
   if (lengths == Lengths::some) {
     command.add_option("--units", units_, "Read and write lengths as metric or imperial")
         ->type_name("UNITS")
-        ->check(CLI::IsMember({"metric", "imperial"}));
+        ->transform(oneOf({"metric", "imperial"}));
   }
   if (kept == Kept::values) {
     command.add_flag("--save", isSaved_, "Keep the values given for the next call");
@@ -88,6 +90,11 @@ std::string cameraLine(const AbstractCamera& camera, const Terminal& terminal) {
             CameraValuesFormatter::formatAperture(camera.fixedAperture);
   }
   return line + "\n";
+}
+
+std::string ownCocLine(const AbstractCamera& camera, float coc) {
+  if (coc == camera.coc) return "";
+  return fmt::format("Circle of confusion {}\n", CameraValuesFormatter::formatCoC(coc));
 }
 
 }  // namespace zenivo::cli

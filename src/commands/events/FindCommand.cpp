@@ -2,10 +2,12 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/Words.h"
 #include "answers/events/Find.h"
+#include "commands/common/Arguments.h"
+#include "commands/common/Clock.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "commands/events/Commands.h"
 #include "commands/events/PeriodOptions.h"
 #include "foundation/DateFormatter.h"
@@ -97,13 +99,13 @@ class FindCommand : public Command {
     app->add_option("body", body_, "sun or moon")
         ->required()
         ->type_name("BODY")
-        ->check(CLI::IsMember({"sun", "moon"}));
+        ->transform(oneOf({"sun", "moon"}));
     scene_.addTo(*app);
     addDirectionTo(*app);
     period_.addTo(*app);
     app->add_option("--sort", sort_, "date (default), elevation, or for the Moon phase")
         ->type_name("COLUMN")
-        ->check(CLI::IsMember({"date", "elevation", "phase"}));
+        ->transform(oneOf({"date", "elevation", "phase"}));
     app->add_flag("--descending", isDescending_, "Sort the other way round");
     app->add_flag("--all-passages", allPassages_,
                   "Of an azimuth: every passage, to the second, where the search itself tells at "

@@ -5,8 +5,9 @@
 #include <array>
 #include <cmath>
 
-#include "answers/common/Words.h"
+#include "commands/common/Clock.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "commands/events/MeteorReport.h"
 #include "engine/Angles.h"
 #include "foundation/DateFormatter.h"
