@@ -22,7 +22,7 @@ bool neverGetsDark(const SunEvent& day) {
   return day.astronomicalTwilight.mjdStart() == kAlwaysAbove;
 }
 
-bool isDarkAllDay(const SunEvent& day) {
+bool isPolarNight(const SunEvent& day) {
   return day.astronomicalTwilight.mjdStart() == kAlwaysBelow;
 }
 
@@ -37,7 +37,7 @@ std::optional<NightWindow> nightFrom(double dusk, double dawn) {
 
 /// The dawn that a day has: its beginning when it is dark all day.
 double dawnOf(const SunEvent& day) {
-  return isDarkAllDay(day) ? midnightOf(day) : day.astronomicalTwilight.mjdStart();
+  return isPolarNight(day) ? midnightOf(day) : day.astronomicalTwilight.mjdStart();
 }
 
 }  // namespace
@@ -48,7 +48,7 @@ std::optional<NightWindow> nightEndingToday(std::span<const SunEvent, 3> sunEven
   if (neverGetsDark(today)) return std::nullopt;
   const double dawn = dawnOf(today);
   if (beginsBeforeDusk(today)) return nightFrom(today.astronomicalTwilight.mjdEnd(), dawn);
-  if (isDarkAllDay(yesterday)) return nightFrom(midnightOf(yesterday), dawn);
+  if (isPolarNight(yesterday)) return nightFrom(midnightOf(yesterday), dawn);
   const double second = secondDusk(yesterday);
   return nightFrom(drawEventAtMjd(second) ? second : yesterday.astronomicalTwilight.mjdEnd(), dawn);
 }
@@ -59,7 +59,7 @@ std::optional<NightWindow> nightBeginningToday(std::span<const SunEvent, 3> sunE
   if (neverGetsDark(today)) return std::nullopt;
   const double dawn = dawnOf(tomorrow);
   if (beginsBeforeDusk(tomorrow)) return nightFrom(tomorrow.astronomicalTwilight.mjdEnd(), dawn);
-  if (isDarkAllDay(today)) return nightFrom(midnightOf(today), dawn);
+  if (isPolarNight(today)) return nightFrom(midnightOf(today), dawn);
   const double dusk = std::max(today.astronomicalTwilight.mjdEnd(), secondDusk(today), mjdIsBefore);
   return nightFrom(dusk, dawn);
 }
