@@ -30,8 +30,10 @@ std::string directionText(const FindRequest& request) {
       fmt::format("{} at azimuth {}", isMoon(request) ? "Moon" : "Sun", asGiven(request.azimuth));
   if (!request.elevation) return text;
   const ElevationWindow& window = *request.elevation;
-  return text + fmt::format(" ± {}, elevation {} ± {}", asGiven(window.azimuthError),
-                            asGiven(window.elevation), asGiven(window.elevationError));
+  const std::string azimuthError =
+      window.azimuthError == 0 ? "to the minute" : "± " + asGiven(window.azimuthError);
+  return text + fmt::format(" {}, elevation {} ± {}", azimuthError, asGiven(window.elevation),
+                            asGiven(static_cast<float>(window.usedElevationError())));
 }
 
 Table rowsTable(const FindReport& report) {
@@ -48,10 +50,10 @@ Table rowsTable(const FindReport& report) {
   const DateFormatter time(request.allPassages ? "%H:%M:%S" : "%H:%M", scene.zone);
   const Date now = Date::now();
   for (const auto& result : report.found.rows) {
-    std::vector<std::string> cells{
-        weekday.stringFromDate(result.date), day.stringFromDate(result.date),
-        time.stringFromDate(result.date), bearing(double{result.azimuth}, 2),
-        degrees(double{result.elevation}, 2)};
+    const Date date = dateOfPosition(result, request);
+    std::vector<std::string> cells{weekday.stringFromDate(date), day.stringFromDate(date),
+                                   time.stringFromDate(date), bearing(double{result.azimuth}, 2),
+                                   degrees(double{result.elevation}, 2)};
     if (isMoon(request)) {
       cells.push_back(percent(double{result.phase}));
       cells.push_back(degrees(double{result.sunElevation}));
@@ -85,8 +87,14 @@ void expectBetween(const char* option, double value, double least, double most) 
 
 void expectTolerance(const char* option, double value) {
   constexpr double kMost = 45;
-  if (value > 0 && value <= kMost) return;
-  throw InputError(fmt::format("{} must be more than 0 and at most {} degrees", option, kMost));
+  expectBetween(option, value, 0, kMost);
+}
+
+/// "297°" as "297".
+std::string withoutDegreeSign(std::string text) {
+  constexpr std::string_view kSign = "°";
+  if (text.ends_with(kSign)) text.resize(text.size() - kSign.size());
+  return text;
 }
 
 class FindCommand : public Command {
@@ -97,13 +105,13 @@ class FindCommand : public Command {
     app->add_option("body", body_, "sun or moon")
         ->required()
         ->type_name("BODY")
-        ->check(CLI::IsMember({"sun", "moon"}));
+        ->check(CLI::IsMember({"sun", "moon"}, CLI::ignore_case));
     scene_.addTo(*app);
     addDirectionTo(*app);
     period_.addTo(*app);
     app->add_option("--sort", sort_, "date (default), elevation, or for the Moon phase")
         ->type_name("COLUMN")
-        ->check(CLI::IsMember({"date", "elevation", "phase"}));
+        ->check(CLI::IsMember({"date", "elevation", "phase"}, CLI::ignore_case));
     app->add_flag("--descending", isDescending_, "Sort the other way round");
     app->add_flag("--all-passages", allPassages_,
                   "Of an azimuth: every passage, to the second, where the search itself tells at "
@@ -133,16 +141,20 @@ class FindCommand : public Command {
   void addDirectionTo(CLI::App& app) {
     app.add_option("--azimuth", azimuth_, "Degrees from true north through east, 0 to 360")
         ->required()
-        ->type_name("DEGREES");
+        ->type_name("DEGREES")
+        ->transform(withoutDegreeSign);
     app.add_option("--elevation", elevation_, "Degrees above the horizon as seen, -90 to 90")
-        ->type_name("DEGREES");
+        ->type_name("DEGREES")
+        ->transform(withoutDegreeSign);
     app.add_option("--azimuth-tolerance", azimuthTolerance_,
                    "With --elevation: how far off it may be (default: 1); the search for an "
                    "azimuth alone has a tolerance of its own")
-        ->type_name("DEGREES");
+        ->type_name("DEGREES")
+        ->transform(withoutDegreeSign);
     app.add_option("--elevation-tolerance", elevationTolerance_,
                    "How far off the elevation may be (default: 1)")
-        ->type_name("DEGREES");
+        ->type_name("DEGREES")
+        ->transform(withoutDegreeSign);
   }
 
   FindQuestion ask() const {
@@ -154,7 +166,7 @@ class FindCommand : public Command {
     request.azimuth = static_cast<float>(azimuth_);
     if (elevation_) {
       request.elevation = ElevationWindow{
-          .azimuthError = static_cast<float>(azimuthTolerance_),
+          .azimuthError = static_cast<float>(azimuthTolerance_.value_or(kDefaultTolerance)),
           .elevation = static_cast<float>(*elevation_),
           .elevationError = static_cast<float>(elevationTolerance_.value_or(kDefaultTolerance))};
     }
@@ -168,7 +180,10 @@ class FindCommand : public Command {
 
   void expectGoodOptions() const {
     expectBetween("--azimuth", azimuth_, 0, 360);
-    expectTolerance("--azimuth-tolerance", azimuthTolerance_);
+    if (azimuthTolerance_) {
+      if (!elevation_) throw InputError("--azimuth-tolerance needs --elevation");
+      expectTolerance("--azimuth-tolerance", *azimuthTolerance_);
+    }
     if (elevation_) expectBetween("--elevation", *elevation_, -90, 90);
     if (elevationTolerance_) {
       if (!elevation_) throw InputError("--elevation-tolerance needs --elevation");
@@ -185,7 +200,7 @@ class FindCommand : public Command {
   std::string body_;
   SceneOptions scene_;
   double azimuth_ = 0;
-  double azimuthTolerance_ = kDefaultTolerance;
+  std::optional<double> azimuthTolerance_;
   std::optional<double> elevation_;
   std::optional<double> elevationTolerance_;
   PeriodOptions period_;
