@@ -10,12 +10,14 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "answers/common/Home.h"
 #include "cli/Interruption.h"
 #include "cli/ProgressLine.h"
 #include "commands/calculators/Commands.h"
+#include "commands/common/Arguments.h"
 #include "commands/common/Command.h"
 #include "commands/events/Commands.h"
 #include "commands/library/Commands.h"
@@ -25,10 +27,11 @@
 #include "foundation/UserFolder.h"
 #include "input/InputError.h"
 #include "input/Suggestions.h"
-#include "input/TextFolding.h"
 
 namespace zenivo::cli {
 namespace {
+
+constexpr const char* kVersion = "zenivo " ZENIVO_VERSION;
 
 constexpr const char* kDescription =
     "Plans outdoor photographs: where the Sun, the Moon and the Milky Way stand, when they rise "
@@ -49,9 +52,43 @@ constexpr const char* kFooter =
     "Names of places: GeoNames (CC BY 4.0); time zones: OpenStreetMap contributors (ODbL).\n"
     "zenivo COMMAND --help tells more.";
 
+/// A command by its name, and how it is made; in the order of the help.
 struct Entry {
-  std::unique_ptr<Command> command;
-  CLI::App* app;
+  std::string_view name;
+  std::unique_ptr<Command> (*make)(Home& home);
+};
+
+constexpr Entry kCommands[] = {
+    {"sky", [](Home&) { return makeSkyCommand(); }},
+    {"day", [](Home&) { return makeDayCommand(); }},
+    {"path", [](Home&) { return makePathCommand(); }},
+    {"month", [](Home&) { return makeMonthCommand(); }},
+    {"moon", [](Home&) { return makeMoonCommand(); }},
+    {"next-phase", [](Home&) { return makeNextPhaseCommand(); }},
+    {"next-dark-night", [](Home&) { return makeNextDarkNightCommand(); }},
+    {"next-milky-way", [](Home&) { return makeNextMilkyWayCommand(); }},
+    {"find", [](Home&) { return makeFindCommand(); }},
+    {"eclipse", makeEclipseCommand},
+    {"eclipses", makeEclipsesCommand},
+    {"meteors", [](Home&) { return makeMeteorsCommand(); }},
+    {"line", [](Home&) { return makeLineCommand(); }},
+    {"pin", [](Home&) { return makePinCommand(); }},
+    {"horizon", [](Home&) { return makeHorizonCommand(); }},
+    {"cameras", makeCamerasCommand},
+    {"camera", makeCameraCommand},
+    {"dof", [](Home&) { return makeDofCommand(); }},
+    {"hyperfocal", [](Home&) { return makeHyperfocalCommand(); }},
+    {"fov", [](Home&) { return makeFovCommand(); }},
+    {"match", [](Home&) { return makeMatchCommand(); }},
+    {"stars", [](Home&) { return makeStarsCommand(); }},
+    {"trails", [](Home&) { return makeTrailsCommand(); }},
+    {"exposure", [](Home&) { return makeExposureCommand(); }},
+    {"timelapse", [](Home&) { return makeTimelapseCommand(); }},
+    {"timer", [](Home&) { return makeTimerCommand(); }},
+    {"pois", makePoisCommand},
+    {"settings", makeSettingsCommand},
+    {"open", makeOpenCommand},
+    {"store", makeStoreCommand},
 };
 
 int fail(int code, std::string message) {
@@ -100,67 +137,35 @@ std::string helpCommand(const CLI::App& program) {
   return (prefix.empty() ? "" : prefix + " ") + chosen.get_name() + " --help";
 }
 
-std::vector<Entry> addCommands(CLI::App& program, Home& home) {
+/// The row of the command that is named, in whatever case.
+const Entry* entryOf(std::string_view name) {
+  if (name.empty() || name.starts_with('-')) return nullptr;
+  std::string lower(name);
+  std::ranges::transform(lower, lower.begin(),
+                         [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+  const auto found = std::ranges::find(kCommands, lower, &Entry::name);
+  if (found != std::end(kCommands)) return found;
+  std::vector<std::string> names;
+  for (const Entry& entry : kCommands) names.emplace_back(entry.name);
+  throw InputError(fmt::format("no command named {}{}; see zenivo --help", inQuotes(name),
+                               didYouMean(similarNames(name, names))));
+}
+
+/// Help and version, and the command that is named; all of them where none is, for the help.
+std::string answer(int argc, const char* const* argv) {
+  CLI::App program(kDescription, "zenivo");
+  program.ignore_case();
+  program.set_version_flag("--version", kVersion);
+  program.footer(kFooter);
+  const Entry* entry = argc > 1 ? entryOf(argv[1]) : nullptr;
+  Home home(userFolder());
   std::vector<std::unique_ptr<Command>> commands;
-  commands.push_back(makeSkyCommand());
-  commands.push_back(makeDayCommand());
-  commands.push_back(makePathCommand());
-  commands.push_back(makeMonthCommand());
-  commands.push_back(makeMoonCommand());
-  commands.push_back(makeNextPhaseCommand());
-  commands.push_back(makeNextDarkNightCommand());
-  commands.push_back(makeNextMilkyWayCommand());
-  commands.push_back(makeFindCommand());
-  commands.push_back(makeEclipseCommand(home));
-  commands.push_back(makeEclipsesCommand(home));
-  commands.push_back(makeMeteorsCommand());
-  commands.push_back(makeLineCommand());
-  commands.push_back(makePinCommand());
-  commands.push_back(makeHorizonCommand());
-  commands.push_back(makeCamerasCommand(home));
-  commands.push_back(makeCameraCommand(home));
-  commands.push_back(makeDofCommand());
-  commands.push_back(makeHyperfocalCommand());
-  commands.push_back(makeFovCommand());
-  commands.push_back(makeMatchCommand());
-  commands.push_back(makeStarsCommand());
-  commands.push_back(makeTrailsCommand());
-  commands.push_back(makeExposureCommand());
-  commands.push_back(makeTimelapseCommand());
-  commands.push_back(makeTimerCommand());
-  commands.push_back(makePoisCommand(home));
-  commands.push_back(makeSettingsCommand(home));
-  commands.push_back(makeOpenCommand(home));
-  commands.push_back(makeStoreCommand(home));
-  std::vector<Entry> entries;
-  for (auto& command : commands) {
-    command->addTo(program);
-    CLI::App* app = program.get_subcommands({}).back();
-    entries.push_back({std::move(command), app});
+  for (const Entry& each : kCommands) {
+    if (entry != nullptr && entry != &each) continue;
+    commands.push_back(each.make(home));
+    commands.back()->addTo(program);
   }
-  return entries;
-}
-
-void expectKnownCommand(const CLI::App& program, std::string_view name) {
-  constexpr int kMostEdits = 2;
-  if (name.empty() || name.starts_with('-')) return;
-  TextFolder folder;
-  const std::u32string typed = folder.fold(name);
-  std::vector<std::string> similar;
-  for (const CLI::App* command : program.get_subcommands({})) {
-    if (command->get_name() == name) return;
-    const int edits = editDistance(typed, folder.fold(command->get_name()), kMostEdits);
-    const bool isSimilar =
-        edits <= kMostEdits && typed.size() > 2 * static_cast<std::size_t>(edits);
-    if (isSimilar) similar.push_back(command->get_name());
-  }
-  throw InputError(
-      fmt::format("no command named {}{}; see zenivo --help", inQuotes(name), didYouMean(similar)));
-}
-
-std::string answer(CLI::App& program, const std::vector<Entry>& entries, int argc,
-                   const char* const* argv) {
-  if (argc > 1) expectKnownCommand(program, argv[1]);
+  holdToCommonRules(program);
   try {
     program.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
@@ -169,33 +174,37 @@ std::string answer(CLI::App& program, const std::vector<Entry>& entries, int arg
   } catch (const CLI::CallForVersion&) {
     return program.version() + "\n";
   } catch (const CLI::ParseError& error) {
-    throw InputError(fmt::format("{}; see {}", error.what(), helpCommand(program)));
+    const std::string reason = strayArgument(program).value_or(error.what());
+    throw InputError(fmt::format("{}; see {}", reason, helpCommand(program)));
   }
-  const auto chosen = std::ranges::find_if(entries, [](const Entry& e) { return e.app->parsed(); });
-  if (chosen == entries.end()) throw InputError("a command is missing; see zenivo --help");
+  if (entry == nullptr) throw InputError("a command is missing; see zenivo --help");
   Attention attention;
-  return chosen->command->run(Terminal::ofStandardOutput(),
-                              [&attention](double done) { return attention.goOn(done); });
+  return commands.front()->run(Terminal::ofStandardOutput(),
+                               [&attention](double done) { return attention.goOn(done); });
+}
+
+std::string answerToArguments(int argc, const char* const* argv) {
+  // Which is asked often, and by programs that wait for it.
+  if (argc == 2 && std::string_view(argv[1]) == "--version") return std::string(kVersion) + "\n";
+  for (int i = 1; i < argc; ++i) expectUtf8(argv[i]);
+  return answer(argc, argv);
 }
 
 }  // namespace
 
 int runProgram(int argc, const char* const* argv) {
-  // A reader that goes away is reported like any other failed write.
+  // A reader that goes away is told by the failed write.
   std::signal(SIGPIPE, SIG_IGN);
   try {
-    CLI::App program(kDescription, "zenivo");
-    program.set_version_flag("--version", "zenivo " ZENIVO_VERSION);
-    program.footer(kFooter);
-    Home home(userFolder());
-    const std::vector<Entry> entries = addCommands(program, home);
     try {
-      writeToStandardOutput(answer(program, entries, argc, argv));
+      writeToStandardOutput(answerToArguments(argc, argv));
       return kSuccess;
     } catch (const Interrupted& interruption) {
       writeToStandardOutput(interruption.answer());
       return fail(kInterrupted, interruption.what());
     }
+  } catch (const ReaderGone&) {
+    return kReaderGone;
   } catch (const InputError& error) {
     return fail(kBadInput, error.what());
   } catch (const std::exception& error) {

@@ -43,4 +43,12 @@ void expectPrintable(std::string_view text, std::string_view what) {
   }
 }
 
+void expectUtf8(std::string_view text) {
+  for (std::size_t next = 0; next < text.size();) {
+    if (nextCharacter(text, next) < 0) {
+      throw InputError(fmt::format("{} is broken UTF-8", inQuotes(text)));
+    }
+  }
+}
+
 }  // namespace zenivo

@@ -23,4 +23,7 @@ std::string inQuotes(std::string_view text);
 /// UTF-8; `what` it is begins the message.
 void expectPrintable(std::string_view text, std::string_view what);
 
+/// Throws InputError for a text with bytes that are no character.
+void expectUtf8(std::string_view text);
+
 }  // namespace zenivo

@@ -205,12 +205,13 @@ class Search {
   std::vector<std::string> similarPlaces() {
     constexpr std::size_t kListed = 3;
     constexpr int kMaxEdits = 2;
+    constexpr std::ptrdiff_t kMaxBytes = 8;  // by which so many edits change the length
     const std::u32string folded = folder_.fold(name_);
     const std::string beginning = folder_.foldToUtf8(name_);
     std::map<std::pair<int, double>, std::string> similar;
     gazetteer_.forEachNameFrom("", [&](std::string_view key, const auto& entries) {
       const bool begins = folded.size() > kMaxEdits && key.starts_with(beginning);
-      if (!begins && std::abs(std::ssize(key) - std::ssize(beginning)) > 4 * kMaxEdits) return;
+      if (!begins && std::abs(std::ssize(key) - std::ssize(beginning)) > kMaxBytes) return;
       const int edits = begins ? key.size() == beginning.size() ? 0 : 1
                                : editDistance(folded, folder_.fold(key), kMaxEdits);
       if (edits > kMaxEdits || folded.size() <= static_cast<std::size_t>(edits)) return;
@@ -222,6 +223,7 @@ class Search {
       }
     });
     std::vector<std::string> labels;
+    labels.reserve(similar.size());
     for (const auto& [rank, label] : similar) labels.push_back(label);
     return labels;
   }

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <ranges>
 
 namespace zenivo {
 namespace {
@@ -87,7 +86,7 @@ PlaceZones ZoneMap::at(const Coordinate& coordinate, std::string_view country) c
     }
   }
   const auto isOfCountry = [&](std::uint16_t zone) { return countries_[zone] == country; };
-  if (!country.empty() && std::ranges::none_of(zones | std::views::take(kept), isOfCountry)) {
+  if (!country.empty() && std::none_of(zones.begin(), zones.begin() + kept, isOfCountry)) {
     const auto own = std::ranges::find_if(zones, isOfCountry);
     if (own != zones.end()) {
       std::rotate(zones.begin(), own, own + 1);

@@ -143,7 +143,7 @@ TEST_F(Places, AMissingOrDamagedFileIsSaid) {
   EXPECT_THROW(Gazetteer("/nowhere"), std::runtime_error);
   const TemporaryFolder folder;
   const auto copy = folder / "places.index";
-  for (const std::uintmax_t size : {0, 4, 20, 100'000}) {
+  for (const std::uintmax_t size : {0U, 4U, 20U, 100'000U}) {
     std::filesystem::copy_file(resourcePath("places.index"), copy,
                                std::filesystem::copy_options::overwrite_existing);
     std::filesystem::resize_file(copy, size);

@@ -31,7 +31,9 @@ std::string contents(const std::filesystem::path& file) {
   std::string text;
   std::array<char, 1 << 16> piece;
   int size = 0;
-  while ((size = gzread(opened, piece.data(), piece.size())) > 0) text.append(piece.data(), size);
+  while ((size = gzread(opened, piece.data(), piece.size())) > 0) {
+    text.append(piece.data(), static_cast<std::size_t>(size));
+  }
   gzclose(opened);
   if (size < 0) throw std::runtime_error(fmt::format("{} is damaged", file.string()));
   return text;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/settings/RegisteredDefaults.h"
+#include "app/settings/SettingRange.h"
 #include "app/settings/SettingsKeys.h"
 
 namespace zenivo {
@@ -21,7 +22,8 @@ PropertyList::Dictionary readFirstValues() {
 UserSettings::UserSettings(UserDefaults& user) : user_(user), first_(readFirstValues()) {
   copy_.registerDefaults(first_);
   for (const std::string_view key : settings::kAllKeys) {
-    if (auto value = user_.objectForKey(key)) copy_.setObject(*std::move(value), key);
+    auto value = user_.objectForKey(key);
+    if (value && isReadableSetting(key, *value)) copy_.setObject(*std::move(value), key);
   }
 }
 

@@ -10,7 +10,8 @@
 
 namespace zenivo {
 
-/// A copy in memory of the settings in the user's folder, over the program's first values.
+/// A copy in memory of the settings in the user's folder, over the program's first values,
+/// which also stand for what is there but out of its range.
 /// Whoever works with it may store and synchronise as he likes: nothing reaches the folder
 /// until save().
 class UserSettings {

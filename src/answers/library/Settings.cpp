@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "app/settings/SettingChoice.h"
+#include "app/settings/SettingRange.h"
 #include "app/settings/SettingsKeys.h"
 #include "input/InputError.h"
 #include "input/Suggestions.h"
@@ -38,14 +38,14 @@ SettingReport reportOn(std::string_view key, const UserSettings& settings) {
 PropertyList valueFrom(const SetSetting& question, SettingType type) {
   Error error;
   auto value = settingFromText(type, question.text, &error);
-  const std::string choices = settingChoicesText(question.key);
-  if (!choices.empty() &&
-      !(value && isSettingChoice(question.key, value->integer().value_or(-1)))) {
-    error.description = "write " + choices;
+  std::string wanted = value ? "" : error.description;
+  if (const std::string range = settingRangeText(question.key);
+      !range.empty() && !(value && isInSettingRange(question.key, *value))) {
+    wanted = "write " + range;
   }
-  if (!error.description.empty()) {
-    throw InputError(fmt::format("{} cannot be {}: {}", question.key, inQuotes(question.text),
-                                 error.description));
+  if (!wanted.empty()) {
+    throw InputError(
+        fmt::format("{} cannot be {}: {}", question.key, inQuotes(question.text), wanted));
   }
   expectPrintable(question.text, "a setting");
   return *std::move(value);

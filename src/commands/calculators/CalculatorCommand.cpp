@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "calculators/camera/CameraValuesFormatter.h"
+#include "commands/common/Arguments.h"
 #include "commands/common/Table.h"
 #include "input/InputError.h"
 
@@ -32,7 +33,7 @@ void CalculatorOptions::addTo(CLI::App& command, Lengths lengths, Kept kept) {
   if (lengths == Lengths::some) {
     command.add_option("--units", units_, "Read and write lengths as metric or imperial")
         ->type_name("UNITS")
-        ->check(CLI::IsMember({"metric", "imperial"}));
+        ->transform(oneOf({"metric", "imperial"}));
   }
   if (kept == Kept::values) {
     command.add_flag("--save", isSaved_, "Keep the values given for the next call");

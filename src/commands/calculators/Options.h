@@ -105,7 +105,7 @@ class WordOption {
                      const std::string& type) {
     return command.add_option(name, word_, description)
         ->type_name(type)
-        ->check(CLI::IsMember(words_));
+        ->transform(CLI::IsMember(words_, CLI::ignore_case));
   }
   std::optional<Value> value() const {
     for (const auto& [word, value] : words_) {

@@ -80,9 +80,10 @@ int displayWidth(std::string_view text) {
 
 void writeToStandardOutput(std::string_view text) {
   const std::size_t written = std::fwrite(text.data(), 1, text.size(), stdout);
-  if (written != text.size() || std::fflush(stdout) != 0) {
-    throw std::system_error(errno, std::generic_category(), "the output cannot be written");
-  }
+  if (written == text.size() && std::fflush(stdout) == 0) return;
+  const std::error_code reason(errno, std::generic_category());
+  if (reason == std::errc::broken_pipe) throw ReaderGone(reason);
+  throw std::system_error(reason, "the output cannot be written");
 }
 
 }  // namespace zenivo::cli

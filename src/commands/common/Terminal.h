@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace zenivo::cli {
 
@@ -40,8 +41,14 @@ std::string styled(std::string_view text, Style style, const Terminal& terminal)
 /// Columns that a text takes on a terminal; it must be of narrow characters.
 int displayWidth(std::string_view text);
 
-/// Writes the text to standard output and sees it through.  Throws
-/// std::system_error when that fails, as with a full disk or a closed pipe.
+/// Thrown when nobody reads the output any more, as when a pager was left.
+class ReaderGone : public std::system_error {
+ public:
+  using std::system_error::system_error;
+};
+
+/// Writes the text to standard output and sees it through.  Throws ReaderGone, and
+/// std::system_error when that fails otherwise, as with a full disk.
 void writeToStandardOutput(std::string_view text);
 
 }  // namespace zenivo::cli

@@ -4,6 +4,7 @@
 
 #include "answers/common/Words.h"
 #include "answers/events/Find.h"
+#include "commands/common/Arguments.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
 #include "commands/events/Commands.h"
@@ -105,13 +106,13 @@ class FindCommand : public Command {
     app->add_option("body", body_, "sun or moon")
         ->required()
         ->type_name("BODY")
-        ->check(CLI::IsMember({"sun", "moon"}, CLI::ignore_case));
+        ->transform(oneOf({"sun", "moon"}));
     scene_.addTo(*app);
     addDirectionTo(*app);
     period_.addTo(*app);
     app->add_option("--sort", sort_, "date (default), elevation, or for the Moon phase")
         ->type_name("COLUMN")
-        ->check(CLI::IsMember({"date", "elevation", "phase"}, CLI::ignore_case));
+        ->transform(oneOf({"date", "elevation", "phase"}));
     app->add_flag("--descending", isDescending_, "Sort the other way round");
     app->add_flag("--all-passages", allPassages_,
                   "Of an azimuth: every passage, to the second, where the search itself tells at "

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "commands/common/Arguments.h"
 #include "eclipses/EclipseType.h"
 
 namespace zenivo::cli {
@@ -15,7 +16,7 @@ class KindOption {
   void addTo(CLI::App& command) {
     command.add_option("--kind", kind_, "solar or lunar")
         ->type_name("KIND")
-        ->check(CLI::IsMember({"solar", "lunar"}));
+        ->transform(oneOf({"solar", "lunar"}));
   }
 
   /// nullopt for both.

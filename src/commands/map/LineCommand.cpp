@@ -4,6 +4,7 @@
 
 #include "answers/common/Words.h"
 #include "answers/map/Line.h"
+#include "commands/common/Arguments.h"
 #include "commands/common/PlaceText.h"
 #include "commands/common/Table.h"
 #include "commands/map/Commands.h"
@@ -39,7 +40,7 @@ class LineCommand : public Command {
     CLI::Option* to = app->add_option("--to", to_, "The place where it ends")->type_name("PLACE");
     CLI::Option* body = app->add_option("--body", body_, "Towards sun, moon or milkyway")
                             ->type_name("BODY")
-                            ->check(CLI::IsMember({"sun", "moon", "milkyway"}));
+                            ->transform(oneOf({"sun", "moon", "milkyway"}));
     azimuth->excludes(to)->excludes(body);
     to->excludes(body);
     moment_.addTo(*app);

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "answers/common/Words.h"
+#include "commands/common/Arguments.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/sky/Commands.h"
 #include "input/InputError.h"
@@ -33,7 +34,7 @@ class NextPhaseCommand : public Command {
     moment_.addTo(*app);
     app->add_option("--phase", phase_, "Only this one: new, first, full or last (quarter)")
         ->type_name("PHASE")
-        ->check(CLI::IsMember({"new", "first", "full", "last"}));
+        ->transform(oneOf({"new", "first", "full", "last"}));
     app->add_flag("--previous", wantsPrevious_, "The one before instead");
     app->footer(
         "With --phase one that falls on the very day is passed over.\n"

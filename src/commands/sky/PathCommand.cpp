@@ -4,6 +4,7 @@
 
 #include "answers/common/Session.h"
 #include "answers/common/Words.h"
+#include "commands/common/Arguments.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
 #include "commands/sky/Commands.h"
@@ -87,7 +88,7 @@ class PathCommand : public Command {
     app->add_option("body", body_, "sun or moon")
         ->required()
         ->type_name("BODY")
-        ->check(CLI::IsMember({"sun", "moon"}));
+        ->transform(oneOf({"sun", "moon"}));
     scene_.addTo(*app);
     moment_.addTo(*app);
     app->add_flag("--csv", wantsCsv_, "Print comma-separated values");

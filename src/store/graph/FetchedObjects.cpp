@@ -31,7 +31,7 @@ struct FetchedObjects::Batches {
       wanted.push_back(kept != unsaved.end() ? kept->second->objectID() : ids[i]);
     }
     batch = alive->graph_->realised(wanted);
-    companions = alive->graph_->prefetch(batch, request);
+    companions = alive->graph_->fetching().prefetch(batch, request);
   }
 };
 

@@ -78,8 +78,8 @@ Value ManagedObject::valueForKey(std::string_view key) const {
   }
   if (objects == nullptr) return {};
   const RelationshipDescription& relationship = *asRelationship(&wanted);
-  if (relationship.isToMany()) return objects->members(self(), relationship);
-  return objects->toOne(self(), relationship);
+  if (relationship.isToMany()) return objects->relationships().members(self(), relationship);
+  return objects->relationships().toOne(self(), relationship);
 }
 
 Value ManagedObject::valueForKeyPath(std::string_view keyPath) const {
@@ -96,14 +96,15 @@ void ManagedObject::setValue(Value value, std::string_view key) {
   std::optional<Value> coerced = attribute->coerced(std::move(value));
   if (!coerced) refuse(*entity_, key, "cannot hold a value of that type");
   if (ObjectGraph* const objects = graph()) {
-    objects->setAttribute(*this, *attribute, std::move(*coerced));
+    objects->relationships().setAttribute(*this, *attribute, std::move(*coerced));
   }
 }
 
 ManagedObjectPtr ManagedObject::relatedObjectForKey(std::string_view key) const {
   const RelationshipDescription& wanted = relationship(key, false);
   ObjectGraph* const objects = graph();
-  const ObjectID id = objects != nullptr ? objects->toOne(self(), wanted) : ObjectID();
+  const ObjectID id =
+      objects != nullptr ? objects->relationships().toOne(self(), wanted) : ObjectID();
   const ManagedObjectPtr object = id ? objects->objectFor(id) : nullptr;
   return object == nullptr || object->state_ == State::gone ? nullptr : object;
 }
@@ -111,13 +112,14 @@ ManagedObjectPtr ManagedObject::relatedObjectForKey(std::string_view key) const 
 ManagedObjects ManagedObject::relatedObjectsForKey(std::string_view key) const {
   const RelationshipDescription& wanted = relationship(key, true);
   ObjectGraph* const objects = graph();
-  return objects != nullptr ? objects->memberObjects(self(), wanted) : ManagedObjects();
+  return objects != nullptr ? objects->relationships().memberObjects(self(), wanted)
+                            : ManagedObjects();
 }
 
 std::size_t ManagedObject::relatedCountForKey(std::string_view key) const {
   const RelationshipDescription& wanted = relationship(key, true);
   ObjectGraph* const objects = graph();
-  return objects != nullptr ? objects->members(self(), wanted).size() : 0;
+  return objects != nullptr ? objects->relationships().members(self(), wanted).size() : 0;
 }
 
 /// The identity to put into a relationship; none for no object and for a deleted one.
@@ -136,21 +138,21 @@ ObjectID ManagedObject::destination(const ManagedObjectPtr& object,
 void ManagedObject::setRelatedObject(const ManagedObjectPtr& object, std::string_view key) {
   const RelationshipDescription& wanted = relationship(key, false);
   const ObjectID to = destination(object, wanted);
-  if (ObjectGraph* const objects = graph()) objects->setToOne(*this, wanted, to);
+  if (ObjectGraph* const objects = graph()) objects->relationships().setToOne(*this, wanted, to);
 }
 
 void ManagedObject::addRelatedObject(const ManagedObjectPtr& object, std::string_view key) {
   const RelationshipDescription& wanted = relationship(key, true);
   const ObjectID to = destination(object, wanted);
   ObjectGraph* const objects = graph();
-  if (objects != nullptr && to && !isDeleted()) objects->add(*this, wanted, to);
+  if (objects != nullptr && to && !isDeleted()) objects->relationships().add(*this, wanted, to);
 }
 
 void ManagedObject::removeRelatedObject(const ManagedObjectPtr& object, std::string_view key) {
   const RelationshipDescription& wanted = relationship(key, true);
   const ObjectID to = destination(object, wanted);
   ObjectGraph* const objects = graph();
-  if (objects != nullptr && to && !isDeleted()) objects->remove(*this, wanted, to);
+  if (objects != nullptr && to && !isDeleted()) objects->relationships().remove(*this, wanted, to);
 }
 
 void ManagedObject::setRelatedObjects(const ManagedObjects& wantedMembers, std::string_view key) {
@@ -161,11 +163,11 @@ void ManagedObject::setRelatedObjects(const ManagedObjects& wantedMembers, std::
   }
   ObjectGraph* const objects = graph();
   if (objects == nullptr || isDeleted()) return;
-  for (const ObjectID& member : objects->members(*this, wanted)) {
-    if (!order.contains(member)) objects->remove(*this, wanted, member);
+  for (const ObjectID& member : objects->relationships().members(*this, wanted)) {
+    if (!order.contains(member)) objects->relationships().remove(*this, wanted, member);
   }
-  for (const ObjectID& member : order.ids()) objects->add(*this, wanted, member);
-  if (wanted.isOrdered()) objects->setOrder(*this, wanted, order.ids());
+  for (const ObjectID& member : order.ids()) objects->relationships().add(*this, wanted, member);
+  if (wanted.isOrdered()) objects->relationships().setOrder(*this, wanted, order.ids());
 }
 
 void ManagedObject::insertRelatedObject(const ManagedObjectPtr& object, std::string_view key,
@@ -175,11 +177,11 @@ void ManagedObject::insertRelatedObject(const ManagedObjectPtr& object, std::str
   const ObjectID to = destination(object, wanted);
   ObjectGraph* const objects = graph();
   if (objects == nullptr || !to || isDeleted()) return;
-  objects->add(*this, wanted, to);
-  ObjectIDs order = objects->members(*this, wanted);
+  objects->relationships().add(*this, wanted, to);
+  ObjectIDs order = objects->relationships().members(*this, wanted);
   std::erase(order, to);
   order.insert(order.begin() + static_cast<std::ptrdiff_t>(std::min(index, order.size())), to);
-  objects->setOrder(*this, wanted, std::move(order));
+  objects->relationships().setOrder(*this, wanted, std::move(order));
 }
 
 Value ManagedObject::committedValue(const PropertyDescription& property) const {

@@ -118,6 +118,14 @@ class ManagedObject : public std::enable_shared_from_this<ManagedObject> {
  private:
   friend class ManagedObjectContext;
   friend class ObjectGraph;
+  friend class ChangedObjects;
+  friend class ChildRequests;
+  friend class Deletions;
+  friend class Fetching;
+  friend class Identities;
+  friend class Merging;
+  friend class Relationships;
+  friend class Saving;
 
   enum class State : std::uint8_t { clean, inserted, updated, deleted, gone };
 

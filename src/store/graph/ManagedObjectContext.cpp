@@ -70,29 +70,29 @@ ManagedObjectPtr ManagedObjectContext::insertNewObjectForEntityForName(
 }
 
 void ManagedObjectContext::deleteObject(const ManagedObjectPtr& object) {
-  if (object->managedObjectContext() == this) graph().deleteObject(*object);
+  if (object->managedObjectContext() == this) graph().deletions().deleteObject(*object);
 }
 
 std::optional<FetchedObjects> ManagedObjectContext::executeFetchRequest(const FetchRequest& request,
                                                                         Error* error) {
   return attempt(error, [&] {
     if (request.fetchBatchSize != 0) {
-      return FetchedObjects(weak_from_this(), request, graph().fetchIDs(request));
+      return FetchedObjects(weak_from_this(), request, graph().fetching().fetchIDs(request));
     }
-    ManagedObjects objects = graph().fetch(request);
-    ManagedObjects companions = graph().prefetch(objects, request);
+    ManagedObjects objects = graph().fetching().fetch(request);
+    ManagedObjects companions = graph().fetching().prefetch(objects, request);
     return FetchedObjects(std::move(objects), std::move(companions));
   });
 }
 
 std::optional<ObjectIDs> ManagedObjectContext::executeFetchRequestForObjectIDs(
     const FetchRequest& request, Error* error) {
-  return attempt(error, [&] { return graph().fetchIDs(request); });
+  return attempt(error, [&] { return graph().fetching().fetchIDs(request); });
 }
 
 std::optional<std::size_t> ManagedObjectContext::countForFetchRequest(const FetchRequest& request,
                                                                       Error* error) {
-  return attempt(error, [&] { return graph().count(request); });
+  return attempt(error, [&] { return graph().fetching().count(request); });
 }
 
 bool ManagedObjectContext::enumerateObjectsForFetchRequest(
@@ -118,7 +118,7 @@ bool ManagedObjectContext::enumerateObjectsForFetchRequest(
 }
 
 ManagedObjectPtr ManagedObjectContext::objectRegisteredForID(const ObjectID& id) const {
-  return graph().registered(id);
+  return graph().registry().find(id);
 }
 
 /// The identity as this context's model has it, since another coordinator may have
@@ -130,8 +130,8 @@ ObjectID ManagedObjectContext::localID(const ObjectID& id) const {
 
 ManagedObjectPtr ManagedObjectContext::objectWithID(const ObjectID& id) {
   ObjectGraph& objects = graph();
-  objects.adoptPermanentIDs();
-  if (ManagedObjectPtr known = objects.registered(id)) return known;
+  objects.identities().adoptPermanentIDs();
+  if (ManagedObjectPtr known = objects.registry().find(id)) return known;
   const ObjectID own = localID(id);
   return own ? objects.objectFor(own) : nullptr;
 }
@@ -148,47 +148,47 @@ ManagedObjectPtr ManagedObjectContext::existingObjectWithID(const ObjectID& id, 
 
 bool ManagedObjectContext::hasChanges() const {
   return std::ranges::any_of(
-      graph().changed(), &ManagedObject::hasChanges,
+      graph().changes().all(), &ManagedObject::hasChanges,
       [](const ManagedObjectPtr& object) -> const ManagedObject& { return *object; });
 }
 
 ManagedObjects ManagedObjectContext::insertedObjects() const {
-  return graph().changed([](const ManagedObject& object) { return object.isInserted(); });
+  return graph().changes().those([](const ManagedObject& object) { return object.isInserted(); });
 }
 
 ManagedObjects ManagedObjectContext::updatedObjects() const {
-  return graph().changed([](const ManagedObject& object) { return object.isUpdated(); });
+  return graph().changes().those([](const ManagedObject& object) { return object.isUpdated(); });
 }
 
 ManagedObjects ManagedObjectContext::deletedObjects() const {
-  return graph().changed(
+  return graph().changes().those(
       [](const ManagedObject& object) { return object.isDeleted() && object.hasChanges(); });
 }
 
 ManagedObjects ManagedObjectContext::registeredObjects() const {
-  return graph().allRegistered();
+  return graph().registry().all();
 }
 
 bool ManagedObjectContext::save(Error* error) {
-  return attempt(error, [&] { return graph().save(error); }).value_or(false);
+  return attempt(error, [&] { return graph().saving().save(error); }).value_or(false);
 }
 
 bool ManagedObjectContext::obtainPermanentIDsForObjects(const ManagedObjects& objects,
                                                         Error* error) {
   return attempt(error,
                  [&] {
-                   graph().obtainPermanentIDs(objects);
+                   graph().identities().obtainPermanentIDs(objects);
                    return true;
                  })
       .has_value();
 }
 
 void ManagedObjectContext::refreshObject(const ManagedObjectPtr& object, bool mergeChanges) {
-  if (object->managedObjectContext() == this) graph().refresh(*object, mergeChanges);
+  if (object->managedObjectContext() == this) graph().merging().refresh(*object, mergeChanges);
 }
 
 void ManagedObjectContext::rollback() {
-  graph().rollback();
+  graph().saving().rollback();
 }
 
 void ManagedObjectContext::reset() {
@@ -204,8 +204,9 @@ void ManagedObjectContext::mergeChangesFromContextDidSaveNotification(
     }
     return own;
   };
-  graph().merge(localIDs(notification.insertedObjectIDs), localIDs(notification.updatedObjectIDs),
-                localIDs(notification.deletedObjectIDs));
+  graph().merging().merge(localIDs(notification.insertedObjectIDs),
+                          localIDs(notification.updatedObjectIDs),
+                          localIDs(notification.deletedObjectIDs));
 }
 
 }  // namespace zenivo

@@ -17,17 +17,17 @@ void deliver(std::vector<Row> rows, RowReceiver& receiver) {
 
 ParentSource::ParentSource(std::shared_ptr<ManagedObjectContext> parent)
     : parent_(std::move(parent)) {
-  parent_->performBlockAndWait([&] { parent_->graph().remembersTemporaryIDs(); });
+  parent_->performBlockAndWait([&] { parent_->graph().identities().remembersTemporaryIDs(); });
 }
 
 void ParentSource::fetch(const FetchRequest& request, RowReceiver& receiver) {
   std::vector<Row> rows;
   ObjectIDs ids;
   parent_->performBlockAndWait([&] {
-    for (const ManagedObjectPtr& object : parent_->graph().fetch(request)) {
+    for (const ManagedObjectPtr& object : parent_->graph().fetching().fetch(request)) {
       ids.push_back(object->objectID());
     }
-    if (request.includesPropertyValues) rows = parent_->graph().rowsForChild(ids);
+    if (request.includesPropertyValues) rows = parent_->graph().children().rowsForChild(ids);
   });
   if (request.includesPropertyValues) return deliver(std::move(rows), receiver);
   for (const ObjectID& id : ids) receiver.found(id);
@@ -35,13 +35,13 @@ void ParentSource::fetch(const FetchRequest& request, RowReceiver& receiver) {
 
 std::size_t ParentSource::count(const FetchRequest& request) {
   std::size_t count = 0;
-  parent_->performBlockAndWait([&] { count = parent_->graph().count(request); });
+  parent_->performBlockAndWait([&] { count = parent_->graph().fetching().count(request); });
   return count;
 }
 
 void ParentSource::rows(const ObjectIDs& ids, RowReceiver& receiver) {
   std::vector<Row> rows;
-  parent_->performBlockAndWait([&] { rows = parent_->graph().rowsForChild(ids); });
+  parent_->performBlockAndWait([&] { rows = parent_->graph().children().rowsForChild(ids); });
   deliver(std::move(rows), receiver);
 }
 
@@ -50,7 +50,7 @@ std::vector<ObjectIDs> ParentSource::destinations(const ObjectIDs& owners,
   std::vector<ObjectIDs> members;
   parent_->performBlockAndWait([&] {
     for (const ObjectID& owner : owners) {
-      members.push_back(parent_->graph().membersForChild(owner, relationship));
+      members.push_back(parent_->graph().children().membersForChild(owner, relationship));
     }
   });
   return members;
@@ -58,23 +58,23 @@ std::vector<ObjectIDs> ParentSource::destinations(const ObjectIDs& owners,
 
 SaveOutcome ParentSource::save(const SaveRequest& request) {
   SaveOutcome outcome;
-  parent_->performBlockAndWait([&] { outcome = parent_->graph().takeSave(request); });
+  parent_->performBlockAndWait([&] { outcome = parent_->graph().children().takeSave(request); });
   return outcome;
 }
 
 ObjectIDs ParentSource::obtainPermanentIDs(const ObjectIDs& temporary) {
   ObjectIDs permanent;
   parent_->performBlockAndWait(
-      [&] { permanent = parent_->graph().permanentIDsForChild(temporary); });
+      [&] { permanent = parent_->graph().identities().permanentIDsForChild(temporary); });
   return permanent;
 }
 
 std::unordered_map<ObjectID, ObjectID> ParentSource::permanentIDsFor(const ObjectIDs& temporary) {
   std::unordered_map<ObjectID, ObjectID> permanent;
   parent_->performBlockAndWait([&] {
-    parent_->graph().adoptPermanentIDs();
+    parent_->graph().identities().adoptPermanentIDs();
     for (const ObjectID& id : temporary) {
-      const ObjectID now = parent_->graph().ownID(id);
+      const ObjectID now = parent_->graph().identities().ownID(id);
       if (now != id) permanent[id] = now;
     }
   });

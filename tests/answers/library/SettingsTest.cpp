@@ -63,6 +63,8 @@ TEST_F(SettingsAnswers, RefuseWhatMakesNoSense) {
       {"planner_infoWindowPage", "1.5", "write a whole number"},
       {"awards_name", "\xff", "broken UTF-8"},
       {"dof_focalLength", "1e999", "write a number"},
+      {"dof_focalLength", "-5", "dof_focalLength cannot be \"-5\": write a number above 0"},
+      {"nightSpotStars_declination", "91", "write a number of -90 to 90"},
       {"planner_autotimezone", "2", "write true or false"},
       {"planner_date", "tomorrow", "2026-06-21T03:47:00Z"},
       {"planner_observer", "x", "the program keeps it itself"},
@@ -75,6 +77,15 @@ TEST_F(SettingsAnswers, RefuseWhatMakesNoSense) {
         << key;
   }
   EXPECT_TRUE(isUntouched());
+}
+
+TEST_F(SettingsAnswers, AStoredValueOutOfItsRangeIsReadAsTheFirst) {
+  Home own = home();
+  own.zenivoUserDefaults().setDouble(-5, "dof_focalLength");
+  own.zenivoUserDefaults().setInteger(7, "global_units");
+  ASSERT_TRUE(own.zenivoUserDefaults().synchronize());
+  EXPECT_EQ(json(ask(SettingQuestion{"dof_focalLength"}))["value"], 0.05);
+  EXPECT_EQ(json(ask(SettingQuestion{"global_units"}))["value"], 0);
 }
 
 TEST_F(SettingsAnswers, SayWhenTheyCannotBeKept) {

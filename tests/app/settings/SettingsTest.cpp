@@ -6,7 +6,7 @@
 #include <set>
 
 #include "app/settings/RegisteredDefaults.h"
-#include "app/settings/SettingChoice.h"
+#include "app/settings/SettingRange.h"
 #include "app/settings/SettingType.h"
 #include "app/settings/SettingsKeys.h"
 #include "app/settings/SettingsMigration.h"
@@ -64,20 +64,19 @@ TEST(Settings, FirstValuesAreUsable) {
   }
 }
 
-TEST(Settings, FirstValuesAreAmongTheChoices) {
-  const PropertyList::Dictionary defaults = firstValues();
-  int choices = 0;
-  for (const std::string_view key : settings::kAllKeys) {
-    if (settingChoicesText(key).empty()) continue;
-    ++choices;
-    const auto first = defaults.find(key);
-    ASSERT_NE(first, defaults.end()) << key;
-    EXPECT_TRUE(isSettingChoice(key, first->second.integer().value_or(-1))) << key;
-    EXPECT_FALSE(isSettingChoice(key, -1)) << key;
-    EXPECT_FALSE(isSettingChoice(key, 29)) << key;
+TEST(Settings, FirstValuesAreInTheirRange) {
+  int bounded = 0;
+  for (const auto& [key, value] : firstValues()) {
+    EXPECT_TRUE(isInSettingRange(key, value)) << key;
+    if (settingRangeText(key).empty()) continue;
+    ++bounded;
+    EXPECT_FALSE(isInSettingRange(key, PropertyList("9"))) << key << ": a text";
+    EXPECT_FALSE(isReadableSetting(key, PropertyList(-181.0))) << key;
   }
-  EXPECT_GT(choices, 15);
-  EXPECT_TRUE(isSettingChoice(settings::dof_selectedPage, 29)) << "no choice";
+  EXPECT_GT(bounded, 70);
+  EXPECT_TRUE(isInSettingRange(settings::dof_selectedPage, PropertyList(29))) << "no choice";
+  EXPECT_FALSE(isInSettingRange(settings::dof_focalLength, PropertyList(0.0)));
+  EXPECT_TRUE(isReadableSetting(settings::dof_focalLength, PropertyList(0.0))) << "unset";
 }
 
 TEST(Settings, FirstValuesAreReadButNotStored) {

@@ -1,10 +1,9 @@
-// A graph as the ground of child contexts: rows of its objects, and their saves.
+#include "store/graph/ChildRequests.h"
 
 #include "store/graph/ManagedObjectContext.h"
 #include "store/graph/ObjectGraph.h"
 
 namespace zenivo {
-
 namespace {
 
 [[noreturn]] void refuse(const ObjectID& id, const char* what) {
@@ -17,16 +16,10 @@ namespace {
 
 }  // namespace
 
-/// The identity under which this context knows an object that a child names.
-ObjectID ObjectGraph::ownID(const ObjectID& id) const {
-  const auto found = id.isTemporaryID() ? permanentIDs_.find(id) : permanentIDs_.end();
-  return found != permanentIDs_.end() ? found->second : id;
-}
-
-std::vector<Row> ObjectGraph::rowsForChild(const ObjectIDs& ids) {
+std::vector<Row> ChildRequests::rowsForChild(const ObjectIDs& ids) {
   ObjectIDs own;
-  for (const ObjectID& id : ids) own.push_back(ownID(id));
-  const ManagedObjects objects = realised(own);
+  for (const ObjectID& id : ids) own.push_back(graph_.identities().ownID(id));
+  const ManagedObjects objects = graph_.realised(own);
   std::vector<Row> rows;
   for (std::size_t i = 0; i < ids.size(); ++i) {
     if (objects[i]->isDeleted()) continue;
@@ -35,56 +28,49 @@ std::vector<Row> ObjectGraph::rowsForChild(const ObjectIDs& ids) {
   return rows;
 }
 
-ObjectIDs ObjectGraph::membersForChild(const ObjectID& owner,
-                                       const RelationshipDescription& relationship) {
-  const ManagedObjectPtr object = objectFor(ownID(owner));
-  return object->isDeleted() ? ObjectIDs() : members(*object, relationship);
+ObjectIDs ChildRequests::membersForChild(const ObjectID& owner,
+                                         const RelationshipDescription& relationship) {
+  const ManagedObjectPtr object = graph_.objectFor(graph_.identities().ownID(owner));
+  return object->isDeleted() ? ObjectIDs() : graph_.relationships().members(*object, relationship);
 }
 
-/// Objects that this context holds get theirs here too; those of the child alone pass on.
-ObjectIDs ObjectGraph::permanentIDsForChild(const ObjectIDs& temporary) {
-  const ObjectIDs permanent = ground_()->obtainPermanentIDs(temporary);
-  IDMap permanentIDs;
-  for (std::size_t i = 0; i < temporary.size(); ++i) permanentIDs[temporary[i]] = permanent[i];
-  renumber(permanentIDs);
-  return permanent;
-}
-
-SaveOutcome ObjectGraph::takeSave(const SaveRequest& request) {
+SaveOutcome ChildRequests::takeSave(const SaveRequest& request) {
   if (request.mergePolicy == MergePolicy::error) refuseConflicts(request);
   SaveOutcome outcome;
   for (const InsertedRow& row : request.inserted) takeInsertion(row.id, *row.values);
   for (const InsertedRow& row : request.inserted) takeColumns(row.id, *row.values);
   for (const UpdatedRow& row : request.updated) takeUpdate(row, request.mergePolicy, outcome);
   for (const MemberChange& change : request.members) {
-    const ManagedObjectPtr owner = objectFor(change.owner);
-    for (const ObjectID& id : change.removed) remove(*owner, *change.relationship, id);
-    for (const ObjectID& id : change.added) add(*owner, *change.relationship, id);
+    const ManagedObjectPtr owner = graph_.objectFor(change.owner);
+    for (const ObjectID& id : change.removed)
+      graph_.relationships().remove(*owner, *change.relationship, id);
+    for (const ObjectID& id : change.added)
+      graph_.relationships().add(*owner, *change.relationship, id);
   }
   for (const OrderChange& change : request.orders) {
-    const ManagedObjectPtr owner = objectFor(change.owner);
+    const ManagedObjectPtr owner = graph_.objectFor(change.owner);
     // The members that came, come as the child has them.
     ObjectIDSet& added = owner->derived(*change.relationship).added;
     for (const ObjectID& member : change.members) {
       if (added.erase(member)) added.insert(member);
     }
-    setOrder(*owner, *change.relationship, change.members);
+    graph_.relationships().setOrder(*owner, *change.relationship, change.members);
   }
   for (const DeletedRow& row : request.deleted) {
-    const ManagedObjectPtr object = objectFor(row.id);
+    const ManagedObjectPtr object = graph_.objectFor(row.id);
     for (const PropertyChange& change : row.changes) {
       const auto* column = asRelationship(change.property);
-      if (column != nullptr) setColumn(*object, *column, {});
+      if (column != nullptr) graph_.relationships().setColumn(*object, *column, {});
     }
-    deleteObject(*object);
+    graph_.deletions().deleteObject(*object);
   }
   return outcome;
 }
 
 /// Nothing is taken unless everything can be.
-void ObjectGraph::refuseConflicts(const SaveRequest& request) {
+void ChildRequests::refuseConflicts(const SaveRequest& request) {
   for (const UpdatedRow& row : request.updated) {
-    const ManagedObjectPtr object = realised({row.id}).front();
+    const ManagedObjectPtr object = graph_.realised({row.id}).front();
     if (object->isDeleted()) refuse(row.id, "was deleted");
     for (const PropertyChange& change : row.changes) {
       if (object->values_[change.property->index] != change.before) {
@@ -94,38 +80,39 @@ void ObjectGraph::refuseConflicts(const SaveRequest& request) {
   }
 }
 
-void ObjectGraph::takeInsertion(const ObjectID& id, const std::vector<Value>& values) {
-  const ManagedObjectPtr object = insertWithID(id);
+void ChildRequests::takeInsertion(const ObjectID& id, const std::vector<Value>& values) {
+  const ManagedObjectPtr object = graph_.insertWithID(id);
   for (const AttributeDescription* attribute : id.entity().attributes()) {
     object->values_[attribute->index] = values[attribute->index];
   }
 }
 
-void ObjectGraph::takeColumns(const ObjectID& id, const std::vector<Value>& values) {
+void ChildRequests::takeColumns(const ObjectID& id, const std::vector<Value>& values) {
   for (const RelationshipDescription* each : id.entity().relationships()) {
     if (each->storage != RelationshipStorage::column) continue;
-    setColumn(*objectFor(id), *each, values[each->index].objectID());
+    graph_.relationships().setColumn(*graph_.objectFor(id), *each, values[each->index].objectID());
   }
 }
 
-void ObjectGraph::takeUpdate(const UpdatedRow& row, MergePolicy policy, SaveOutcome& outcome) {
+void ChildRequests::takeUpdate(const UpdatedRow& row, MergePolicy policy, SaveOutcome& outcome) {
   const bool parentTrumps = policy == MergePolicy::mergeByPropertyStoreTrump;
-  const ManagedObjectPtr object = realised({row.id}).front();
+  const ManagedObjectPtr object = graph_.realised({row.id}).front();
   if (object->isDeleted() && parentTrumps) return outcome.vanished.push_back(row.id);
   if (object->state_ == State::gone) {
     takeInsertion(row.id, *row.values);
     return takeColumns(row.id, *row.values);
   }
-  undelete(*object);
+  graph_.deletions().undelete(*object);
   bool settled = false;
   for (const PropertyChange& change : row.changes) {
     const bool changedHere = object->values_[change.property->index] != change.before;
     settled = settled || changedHere;
     if (changedHere && parentTrumps) continue;
     if (const auto* attribute = asAttribute(change.property)) {
-      setAttribute(*object, *attribute, change.after);
+      graph_.relationships().setAttribute(*object, *attribute, change.after);
     } else {
-      setColumn(*object, *asRelationship(change.property), change.after.objectID());
+      graph_.relationships().setColumn(*object, *asRelationship(change.property),
+                                       change.after.objectID());
     }
   }
   if (settled) {

@@ -1,4 +1,4 @@
-// Saving, permanent identities, and rolling back.
+#include "store/graph/Saving.h"
 
 #include <algorithm>
 
@@ -7,7 +7,6 @@
 #include "store/graph/ObjectGraph.h"
 
 namespace zenivo {
-
 namespace {
 
 /// Of the two ends of a many-to-many relationship the one that tells of its changes.
@@ -26,13 +25,13 @@ ObjectIDs identitiesOf(const ManagedObjects& objects) {
 
 }  // namespace
 
-bool ObjectGraph::save(Error* error) {
-  adoptPermanentIDs();
-  if (!context_.hasChanges()) return true;
-  defaultCenter().postNotificationName(kManagedObjectContextWillSaveNotification, &context_,
+bool Saving::save(Error* error) {
+  graph_.identities().adoptPermanentIDs();
+  if (!graph_.context().hasChanges()) return true;
+  defaultCenter().postNotificationName(kManagedObjectContextWillSaveNotification, &graph_.context(),
                                        notification());
   if (!validate(error)) return false;
-  SaveOutcome outcome = ground_()->save(request());
+  SaveOutcome outcome = graph_.ground()->save(request());
   SaveNotification saved = notification();
   const ObjectIDs cascaded = std::move(outcome.cascaded);
   const ObjectIDs stripped = std::move(outcome.stripped);
@@ -41,15 +40,15 @@ bool ObjectGraph::save(Error* error) {
   addStripped(saved, stripped);
   addCascaded(saved, cascaded);
   const ManagedObjects deleted = saved.deletedObjects;
-  defaultCenter().postNotificationName(kManagedObjectContextDidSaveNotification, &context_,
+  defaultCenter().postNotificationName(kManagedObjectContextDidSaveNotification, &graph_.context(),
                                        std::move(saved));
   for (const ManagedObjectPtr& object : deleted) object->context_ = nullptr;
   return true;
 }
 
-bool ObjectGraph::validate(Error* error) const {
+bool Saving::validate(Error* error) const {
   std::vector<Error> failures;
-  const ManagedObjects objects = tracked_;  // a validation may change other objects
+  const ManagedObjects objects = graph_.changes().all();  // a validation may change other objects
   for (const ManagedObjectPtr& object : objects) {
     Error failure;
     bool valid = true;
@@ -66,10 +65,10 @@ bool ObjectGraph::validate(Error* error) const {
   return fail(error, std::move(several));
 }
 
-SaveNotification ObjectGraph::notification() const {
-  SaveNotification about{.insertedObjects = context_.insertedObjects(),
-                         .updatedObjects = context_.updatedObjects(),
-                         .deletedObjects = context_.deletedObjects(),
+SaveNotification Saving::notification() const {
+  SaveNotification about{.insertedObjects = graph_.context().insertedObjects(),
+                         .updatedObjects = graph_.context().updatedObjects(),
+                         .deletedObjects = graph_.context().deletedObjects(),
                          .insertedObjectIDs = {},
                          .updatedObjectIDs = {},
                          .deletedObjectIDs = {}};
@@ -80,11 +79,11 @@ SaveNotification ObjectGraph::notification() const {
 }
 
 /// What the store deleted along, without this context's knowing.
-void ObjectGraph::addCascaded(SaveNotification& saved, const ObjectIDs& cascaded) {
+void Saving::addCascaded(SaveNotification& saved, const ObjectIDs& cascaded) {
   for (const ObjectID& id : cascaded) {
-    const ManagedObjectPtr object = objectFor(id);
-    if (object->state_ != State::gone) vanish(*object);
-    registry_.erase(id);
+    const ManagedObjectPtr object = graph_.objectFor(id);
+    if (object->state_ != State::gone) graph_.vanish(*object);
+    graph_.registry().forget(id);
     std::erase(saved.updatedObjects, object);
     std::erase(saved.updatedObjectIDs, id);
     saved.deletedObjects.push_back(object);
@@ -93,18 +92,18 @@ void ObjectGraph::addCascaded(SaveNotification& saved, const ObjectIDs& cascaded
 }
 
 /// What lost a partner to an object of this save, without this context's knowing.
-void ObjectGraph::addStripped(SaveNotification& saved, const ObjectIDs& stripped) {
+void Saving::addStripped(SaveNotification& saved, const ObjectIDs& stripped) {
   for (const ObjectID& id : stripped) {
     const bool isTold =
         std::ranges::find(saved.updatedObjectIDs, id) != saved.updatedObjectIDs.end() ||
         std::ranges::find(saved.deletedObjectIDs, id) != saved.deletedObjectIDs.end();
     if (isTold) continue;
-    saved.updatedObjects.push_back(objectFor(id));
+    saved.updatedObjects.push_back(graph_.objectFor(id));
     saved.updatedObjectIDs.push_back(id);
   }
 }
 
-std::vector<PropertyChange> ObjectGraph::rowChanges(const ManagedObject& object) {
+std::vector<PropertyChange> Saving::rowChanges(const ManagedObject& object) {
   std::vector<PropertyChange> changes;
   for (const ManagedObject::OldValue& old : object.oldValues_) {
     changes.push_back({old.property, old.value, object.values_[old.property->index]});
@@ -112,9 +111,9 @@ std::vector<PropertyChange> ObjectGraph::rowChanges(const ManagedObject& object)
   return changes;
 }
 
-SaveRequest ObjectGraph::request() {
-  SaveRequest request{.mergePolicy = context_.mergePolicy()};
-  const ManagedObjects objects = tracked_;
+SaveRequest Saving::request() {
+  SaveRequest request{.mergePolicy = graph_.context().mergePolicy()};
+  const ManagedObjects objects = graph_.changes().all();
   for (const ManagedObjectPtr& object : objects) {
     switch (object->state_) {
       case State::inserted:
@@ -140,13 +139,13 @@ SaveRequest ObjectGraph::request() {
   return request;
 }
 
-void ObjectGraph::addRelationshipChanges(ManagedObject& object, SaveRequest& request) {
+void Saving::addRelationshipChanges(ManagedObject& object, SaveRequest& request) {
   if (object.derived_.empty()) return;
   for (const RelationshipDescription* each : object.entity_->derivedRelationships()) {
     DerivedRelationship& derived = object.derived(*each);
     if (!derived.hasChanges()) continue;
     const auto isDeleted = [this](const ObjectID& id) {
-      const ManagedObjectPtr member = registered(id);
+      const ManagedObjectPtr member = graph_.registry().find(id);
       return member != nullptr && member->isDeleted();
     };
     if (each->storage == RelationshipStorage::joinTable && tellsMembers(*each)) {
@@ -156,30 +155,26 @@ void ObjectGraph::addRelationshipChanges(ManagedObject& object, SaveRequest& req
     }
     const bool placesMembers = !derived.added.empty() || derived.order.has_value();
     if (each->isOrdered() && placesMembers) {
-      request.orders.push_back({object.id_, each, members(object, *each)});
+      request.orders.push_back({object.id_, each, graph_.relationships().members(object, *each)});
     }
   }
 }
 
-void ObjectGraph::settle(SaveOutcome outcome) {
-  renumber(outcome.permanentIDs);
-  const ManagedObjects objects = std::move(tracked_);
-  tracked_.clear();
-  for (const ManagedObjectPtr& object : objects) {
-    object->isTracked_ = false;
-    settleObject(*object, outcome);
-  }
+void Saving::settle(SaveOutcome outcome) {
+  graph_.identities().renumber(outcome.permanentIDs);
+  for (const ManagedObjectPtr& object : graph_.changes().take()) settleObject(*object, outcome);
   for (const ObjectID& id : outcome.vanished) {
-    if (const ManagedObjectPtr object = registered(id)) vanish(*object);
+    if (const ManagedObjectPtr object = graph_.registry().find(id)) graph_.vanish(*object);
   }
   for (Row& row : outcome.merged) {
-    if (const ManagedObjectPtr object = registered(row.id)) takeOver(*object, std::move(row));
+    if (const ManagedObjectPtr object = graph_.registry().find(row.id))
+      graph_.merging().takeOver(*object, std::move(row));
   }
 }
 
-void ObjectGraph::settleObject(ManagedObject& object, const SaveOutcome& outcome) {
+void Saving::settleObject(ManagedObject& object, const SaveOutcome& outcome) {
   if (object.state_ == State::deleted) {
-    registry_.erase(object.id_);
+    graph_.registry().forget(object.id_);
     object.state_ = State::gone;
   }
   if (object.state_ == State::gone) return;
@@ -194,69 +189,13 @@ void ObjectGraph::settleObject(ManagedObject& object, const SaveOutcome& outcome
   const auto version = outcome.versions.find(object.id_);
   if (version != outcome.versions.end()) object.version_ = version->second;
   // Saved to a parent, the object gets its permanent identity later.
-  if (wasInserted && object.id_.isTemporaryID()) saved_.push_back(object.weak_from_this());
+  if (wasInserted && object.id_.isTemporaryID()) graph_.identities().awaitPermanentID(object);
 }
 
-void ObjectGraph::renumber(const IDMap& permanentIDs) {
-  if (permanentIDs.empty()) return;
-  if (remembersIDs_) permanentIDs_.insert(permanentIDs.begin(), permanentIDs.end());
-  for (const auto& [temporary, permanent] : permanentIDs) {
-    const ManagedObjectPtr object = registered(temporary);
-    if (object == nullptr) continue;
-    registry_.erase(temporary);
-    object->id_ = permanent;
-    enroll(object);
-  }
-  for (const ManagedObjectPtr& object : tracked_) renumberReferences(*object, permanentIDs);
-}
-
-void ObjectGraph::renumberReferences(ManagedObject& object, const IDMap& permanentIDs) {
-  if (!object.isFault()) {
-    for (const RelationshipDescription* each : object.entity_->relationships()) {
-      if (each->storage != RelationshipStorage::column) continue;
-      Value& value = object.values_[each->index];
-      const auto found = permanentIDs.find(value.objectID());
-      if (found != permanentIDs.end()) value = found->second;
-    }
-  }
-  for (DerivedRelationship& derived : object.derived_) derived.replace(permanentIDs);
-}
-
-void ObjectGraph::obtainPermanentIDs(const ManagedObjects& objects) {
-  ObjectIDSet wanted;
-  for (const ManagedObjectPtr& object : objects) {
-    if (object->id_.isTemporaryID()) wanted.insert(object->id_);
-  }
-  const ObjectIDs& temporary = wanted.ids();
-  if (temporary.empty()) return;
-  const ObjectIDs permanent = ground_()->obtainPermanentIDs(temporary);
-  IDMap permanentIDs;
-  for (std::size_t i = 0; i < temporary.size(); ++i) permanentIDs[temporary[i]] = permanent[i];
-  renumber(permanentIDs);
-}
-
-void ObjectGraph::adoptPermanentIDs() {
-  ObjectIDs temporary;
-  std::erase_if(saved_, [&](const std::weak_ptr<ManagedObject>& weak) {
-    const ManagedObjectPtr object = weak.lock();
-    const bool isWaiting = object != nullptr && object->id_.isTemporaryID();
-    if (isWaiting) temporary.push_back(object->id_);
-    return !isWaiting;
-  });
-  if (temporary.empty()) return;
-  const IDMap permanentIDs = ground_()->permanentIDsFor(temporary);
-  if (permanentIDs.empty()) return;
-  renumber(permanentIDs);
-  for (const ManagedObjectPtr& object : allRegistered()) renumberReferences(*object, permanentIDs);
-}
-
-void ObjectGraph::rollback() {
-  const ManagedObjects objects = std::move(tracked_);
-  tracked_.clear();
-  for (const ManagedObjectPtr& object : objects) {
-    object->isTracked_ = false;
+void Saving::rollback() {
+  for (const ManagedObjectPtr& object : graph_.changes().take()) {
     for (DerivedRelationship& derived : object->derived_) derived.dropChanges();
-    if (object->state_ == State::inserted) leave(*object);
+    if (object->state_ == State::inserted) graph_.leave(*object);
     if (object->state_ == State::gone) continue;
     for (ManagedObject::OldValue& old : object->oldValues_) {
       object->values_[old.property->index] = std::move(old.value);

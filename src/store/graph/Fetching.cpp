@@ -1,4 +1,4 @@
-// Fetching with unsaved changes.
+#include "store/graph/Fetching.h"
 
 #include <algorithm>
 #include <iterator>
@@ -8,6 +8,7 @@
 
 #include "store/file/PersistentStoreCoordinator.h"
 #include "store/graph/ManagedObjectContext.h"
+#include "store/graph/ObjectCollector.h"
 #include "store/graph/ObjectGraph.h"
 #include "store/graph/PredicateEvaluator.h"
 #include "store/predicates/BoundPredicate.h"
@@ -48,9 +49,16 @@ class IdentityCollector : public RowReceiver {
 
 }  // namespace
 
-const EntityDescription& ObjectGraph::entityNamed(std::string_view name) const {
+ManagedObjects Fetching::fetchFromSource(const FetchRequest& request) {
+  ObjectCollector collector(graph_);
+  graph_.ground()->fetch(request, collector);
+  collector.awaken();
+  return std::move(collector.objects);
+}
+
+const EntityDescription& Fetching::entityNamed(std::string_view name) const {
   const EntityDescription* entity =
-      context_.persistentStoreCoordinator()->managedObjectModel()->entityNamed(name);
+      graph_.context().persistentStoreCoordinator()->managedObjectModel()->entityNamed(name);
   if (entity == nullptr) {
     throw std::invalid_argument("there is no entity '" + std::string(name) + "'");
   }
@@ -58,18 +66,18 @@ const EntityDescription& ObjectGraph::entityNamed(std::string_view name) const {
 }
 
 /// Whether unsaved changes may make the source's answer wrong.
-bool ObjectGraph::hasRelevantChanges(const FetchRequest& request,
-                                     const EntityDescription& entity) const {
-  if (!request.includesPendingChanges || tracked_.empty()) return false;
+bool Fetching::hasRelevantChanges(const FetchRequest& request,
+                                  const EntityDescription& entity) const {
+  if (!request.includesPendingChanges || graph_.changes().all().empty()) return false;
   return dependsOnOtherChanges(request, entity) ||
-         std::ranges::any_of(tracked_, [&](const ManagedObjectPtr& object) {
+         std::ranges::any_of(graph_.changes().all(), [&](const ManagedObjectPtr& object) {
            return object->hasChanges() && isWanted(object->entity(), request, entity);
          });
 }
 
 /// Whether the answer depends on other changed objects than the results themselves.
-bool ObjectGraph::dependsOnOtherChanges(const FetchRequest& request,
-                                        const EntityDescription& entity) const {
+bool Fetching::dependsOnOtherChanges(const FetchRequest& request,
+                                     const EntityDescription& entity) const {
   std::set<const EntityDescription*> related;
   if (request.predicate) {
     BoundPredicate(request.predicate->root(), entity).addRelatedEntities(related);
@@ -79,13 +87,13 @@ bool ObjectGraph::dependsOnOtherChanges(const FetchRequest& request,
       related.insert(&hop->destinationEntity->rootEntity());
     }
   }
-  return std::ranges::any_of(tracked_, [&](const ManagedObjectPtr& object) {
+  return std::ranges::any_of(graph_.changes().all(), [&](const ManagedObjectPtr& object) {
     return object->hasChanges() && related.contains(&object->entity().rootEntity());
   });
 }
 
-ManagedObjects ObjectGraph::fetch(const FetchRequest& request) {
-  adoptPermanentIDs();
+ManagedObjects Fetching::fetch(const FetchRequest& request) {
+  graph_.identities().adoptPermanentIDs();
   const EntityDescription& entity = entityNamed(request.entityName);
   return hasRelevantChanges(request, entity) ? fetchWithChanges(request, entity)
                                              : fetchFromSource(request);
@@ -93,8 +101,8 @@ ManagedObjects ObjectGraph::fetch(const FetchRequest& request) {
 
 /// The source's answer, put right: what was deleted goes, what was changed is asked
 /// again, what was inserted is asked for the first time.
-ManagedObjects ObjectGraph::fetchWithChanges(const FetchRequest& request,
-                                             const EntityDescription& entity) {
+ManagedObjects Fetching::fetchWithChanges(const FetchRequest& request,
+                                          const EntityDescription& entity) {
   FetchRequest broad = request;
   broad.fetchLimit = 0;
   broad.fetchOffset = 0;
@@ -106,7 +114,7 @@ ManagedObjects ObjectGraph::fetchWithChanges(const FetchRequest& request,
   ManagedObjects candidates = fetchFromSource(broad);
   std::unordered_set<ObjectID> known;
   for (const ManagedObjectPtr& object : candidates) known.insert(object->objectID());
-  for (const ManagedObjectPtr& object : tracked_) {
+  for (const ManagedObjectPtr& object : graph_.changes().all()) {
     const bool isNew = object->hasChanges() && isWanted(object->entity(), request, entity) &&
                        known.insert(object->objectID()).second;
     if (isNew) candidates.push_back(object);
@@ -122,8 +130,8 @@ ManagedObjects ObjectGraph::fetchWithChanges(const FetchRequest& request,
   return candidates;
 }
 
-void ObjectGraph::sort(ManagedObjects& objects, const FetchRequest& request,
-                       const EntityDescription& entity) {
+void Fetching::sort(ManagedObjects& objects, const FetchRequest& request,
+                    const EntityDescription& entity) {
   struct Keyed {
     std::vector<Value> keys;
     ManagedObjectPtr object;
@@ -150,8 +158,8 @@ void ObjectGraph::sort(ManagedObjects& objects, const FetchRequest& request,
                          [](Keyed& each) { return std::move(each.object); });
 }
 
-ObjectIDs ObjectGraph::fetchIDs(const FetchRequest& request) {
-  adoptPermanentIDs();
+ObjectIDs Fetching::fetchIDs(const FetchRequest& request) {
+  graph_.identities().adoptPermanentIDs();
   const EntityDescription& entity = entityNamed(request.entityName);
   FetchRequest identities = request;
   identities.includesPropertyValues = false;
@@ -163,18 +171,18 @@ ObjectIDs ObjectGraph::fetchIDs(const FetchRequest& request) {
     return ids;
   }
   IdentityCollector collector;
-  ground_()->fetch(identities, collector);
+  graph_.ground()->fetch(identities, collector);
   return std::move(collector.ids);
 }
 
-std::size_t ObjectGraph::count(const FetchRequest& request) {
-  adoptPermanentIDs();
+std::size_t Fetching::count(const FetchRequest& request) {
+  graph_.identities().adoptPermanentIDs();
   const bool changed = hasRelevantChanges(request, entityNamed(request.entityName));
-  return changed ? fetchIDs(request).size() : ground_()->count(request);
+  return changed ? fetchIDs(request).size() : graph_.ground()->count(request);
 }
 
 /// Fetches what the objects' relationships lead to, a whole relationship at a time.
-ManagedObjects ObjectGraph::prefetch(const ManagedObjects& objects, const FetchRequest& request) {
+ManagedObjects Fetching::prefetch(const ManagedObjects& objects, const FetchRequest& request) {
   ManagedObjects companions;
   for (const std::string& path : request.relationshipKeyPathsForPrefetching) {
     ManagedObjects at = objects;
@@ -187,24 +195,25 @@ ManagedObjects ObjectGraph::prefetch(const ManagedObjects& objects, const FetchR
   return companions;
 }
 
-ManagedObjects ObjectGraph::fetchDestinations(const ManagedObjects& owners,
-                                              const RelationshipDescription& relationship) {
+ManagedObjects Fetching::fetchDestinations(const ManagedObjects& owners,
+                                           const RelationshipDescription& relationship) {
   ObjectIDs ids;
   if (relationship.storage == RelationshipStorage::column) {
     for (const ManagedObjectPtr& owner : owners) {
-      if (const ObjectID to = toOne(*owner, relationship)) ids.push_back(to);
+      if (const ObjectID to = graph_.relationships().toOne(*owner, relationship)) ids.push_back(to);
     }
-    return realised(ids);
+    return graph_.realised(ids);
   }
   ManagedObjects unknown;
   std::ranges::copy_if(owners, std::back_inserter(unknown), [&](const ManagedObjectPtr& owner) {
     return owner->state_ != State::inserted && !owner->derived(relationship).stored;
   });
-  if (!unknown.empty()) fetchMembers(unknown, relationship);
+  if (!unknown.empty()) graph_.fetchMembers(unknown, relationship);
   for (const ManagedObjectPtr& owner : owners) {
-    std::ranges::copy(members(*owner, relationship), std::back_inserter(ids));
+    std::ranges::copy(graph_.relationships().members(*owner, relationship),
+                      std::back_inserter(ids));
   }
-  return realised(ids);
+  return graph_.realised(ids);
 }
 
 }  // namespace zenivo
