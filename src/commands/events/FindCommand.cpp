@@ -91,13 +91,6 @@ void expectTolerance(const char* option, double value) {
   expectBetween(option, value, 0, kMost);
 }
 
-/// "297°" as "297".
-std::string withoutDegreeSign(std::string text) {
-  constexpr std::string_view kSign = "°";
-  if (text.ends_with(kSign)) text.resize(text.size() - kSign.size());
-  return text;
-}
-
 class FindCommand : public Command {
  public:
   void addTo(CLI::App& program) override {
@@ -142,20 +135,16 @@ class FindCommand : public Command {
   void addDirectionTo(CLI::App& app) {
     app.add_option("--azimuth", azimuth_, "Degrees from true north through east, 0 to 360")
         ->required()
-        ->type_name("DEGREES")
-        ->transform(withoutDegreeSign);
+        ->type_name("DEGREES");
     app.add_option("--elevation", elevation_, "Degrees above the horizon as seen, -90 to 90")
-        ->type_name("DEGREES")
-        ->transform(withoutDegreeSign);
+        ->type_name("DEGREES");
     app.add_option("--azimuth-tolerance", azimuthTolerance_,
                    "With --elevation: how far off it may be (default: 1); the search for an "
                    "azimuth alone has a tolerance of its own")
-        ->type_name("DEGREES")
-        ->transform(withoutDegreeSign);
+        ->type_name("DEGREES");
     app.add_option("--elevation-tolerance", elevationTolerance_,
                    "How far off the elevation may be (default: 1)")
-        ->type_name("DEGREES")
-        ->transform(withoutDegreeSign);
+        ->type_name("DEGREES");
   }
 
   FindQuestion ask() const {
