@@ -14,7 +14,13 @@ ensure_packages() {
       done
     done
     if (( ${#missing[@]} )); then
-      [[ $EUID -eq 0 ]] || sudo=(sudo)
+      if [[ $EUID -ne 0 ]]; then
+        sudo=(sudo)
+        if ! command -v sudo >/dev/null; then
+          echo "Packages are missing; as root: apt-get install ${missing[*]}" >&2
+          return 1
+        fi
+      fi
       echo "Installing: ${missing[*]}" >&2
       "${sudo[@]}" apt-get update -qq >&2
       "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive \

@@ -18,7 +18,10 @@ endif()
 
 # Contraction into fused multiply-adds would make results depend on the
 # machine; the ephemeris promises equal bits for equal inputs on every build.
-add_compile_options(-ffp-contract=off -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+add_compile_options(-ffp-contract=off -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(ZENIVO_WERROR)
+  add_compile_options(-Werror)
+endif()
 
 if(ZENIVO_SANITIZE)
   # Traces need lines alone, and without the rest of -g the build is a good deal shorter.

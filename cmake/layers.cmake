@@ -72,8 +72,9 @@ layer(app/shell
 layer(answers/common
   USES foundation time app/settings store/model data/stores place calculators/camera calculators
     data/cameras planner input
-  PACKAGES cctz fmt json)
+  PACKAGES fmt json)
 
+layer(answers/sky USES foundation time engine planner input answers/common)
 layer(answers/calculators
   USES foundation app/settings calculators/camera calculators/models calculators
     calculators/timer input answers/common
@@ -89,9 +90,11 @@ layer(answers/library
 
 layer(answers/map USES foundation time engine place map/lines answers/common)
 
-layer(commands/common USES foundation place input answers/common PACKAGES cli11 fmt)
+layer(commands/common
+  USES foundation time place input answers/common
+  PACKAGES cctz cli11 fmt)
 layer(commands/sky
-  USES foundation time engine planner input answers/common commands/common PACKAGES fmt)
+  USES foundation time engine input answers/sky commands/common PACKAGES fmt)
 layer(commands/events
   USES foundation time engine eclipses find input answers/common
     answers/events commands/common
@@ -107,7 +110,7 @@ layer(commands/library
   USES foundation calculators/camera input answers/common answers/library commands/common
   PACKAGES cli11 fmt)
 layer(commands/map
-  USES foundation place calculators/camera input answers/common answers/map commands/common PACKAGES fmt)
+  USES foundation place calculators/camera input answers/map commands/common PACKAGES fmt)
 layer(cli
   USES foundation input answers/common commands/common commands/sky commands/events
     commands/calculators commands/timer commands/library commands/map

@@ -57,6 +57,19 @@ BENCHMARK(Position<PtSun, false>);
 BENCHMARK(Position<PtMoon, true>);
 BENCHMARK(Position<PtMoon, false>);
 
+/// Sun and Moon at one moment, which share its frame.
+void BothPositions(benchmark::State& state) {
+  PtSun sun(PtPosition(47, 11, 500, 0));
+  PtMoon moon(PtPosition(47, 11, 500, 0));
+  for (auto _ : state) {
+    const Frame frame = frameAt(nextCase().mjdAt0, kDeltaT);
+    sun.computePosition(true, frame);
+    moon.computePosition(true, frame);
+    benchmark::DoNotOptimize(sun.horizontal().azimuth_ + moon.horizontal().azimuth_);
+  }
+}
+BENCHMARK(BothPositions)->Name("Position Sun and Moon");
+
 template <auto kEquatorial>
 void LibnovaPosition(benchmark::State& state) {
   ln_lnlat_posn observer{11, 47};

@@ -142,8 +142,8 @@ void HyperfocalTable::save() const {
   defaults().synchronize();
 }
 
-float HyperfocalTable::hyperfocal(std::size_t row, std::size_t column) {
-  dof_.setFocalLength(focalLengths_[row]);
+float HyperfocalTable::hyperfocal(float focalLength, std::size_t column) {
+  dof_.setFocalLength(focalLength);
   dof_.setAperture(stops_[column]);
   dof_.calculateDOFValues();
   return dof_.hyperfocal();

@@ -70,6 +70,9 @@ class DofTable : public CameraCalculator {
   LensInput lens() const { return lensOf(dof_); }
   EditResult setLens(const LensInput& lens);
 
+  /// Millimetres, in place of the camera's.
+  void setCircleOfConfusion(float millimetres) { dof_.setCircleOfConfusion(millimetres); }
+
   /// REQUIRES: a column of the table.
   float hyperfocal(std::size_t column);
   /// REQUIRES: a row from the second on (row 1 is the first distance) and a column of
@@ -100,8 +103,11 @@ class HyperfocalTable : public CameraCalculator {
   const std::vector<float>& focalLengths() const { return focalLengths_; }
   const std::vector<Aperture>& stops() const { return stops_; }
 
-  /// Metres.  REQUIRES: a row and a column of the table.
-  float hyperfocal(std::size_t row, std::size_t column);
+  /// Millimetres, in place of the camera's.
+  void setCircleOfConfusion(float millimetres) { dof_.setCircleOfConfusion(millimetres); }
+
+  /// Metres, of any focal length in metres.  REQUIRES: a column of the table.
+  float hyperfocal(float focalLength, std::size_t column);
 
   const TablePosition& position() const { return position_; }
   void setPosition(const TablePosition& position) { position_ = position; }

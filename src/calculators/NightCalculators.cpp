@@ -92,10 +92,37 @@ void StarTrailCalculator::setAngle(float degrees) {
   model_.calculateExposureTimeFromAngle();
 }
 
-void StarTrailCalculator::setAngleByTouch(const TrailPoint& touch, const TrailPoint& circleCenter) {
+void StarTrailCalculator::nightStarTrailsView(const NightStarTrailsView& /*view*/, float angle) {
+  setAngle(angle);
+}
+
+const std::array<TrailStar, 17>& NightStarTrailsView::stars() {
+  // Each a golden angle on, and farther out by the root of its number: even over the disk.
+  static constexpr std::array<TrailStar, 17> kStars{{{0, 0.17},
+                                                     {137.5, 0.3},
+                                                     {275, 0.38},
+                                                     {52.5, 0.45},
+                                                     {190, 0.51},
+                                                     {327.5, 0.57},
+                                                     {105, 0.62},
+                                                     {242.5, 0.66},
+                                                     {20, 0.71},
+                                                     {157.5, 0.75},
+                                                     {295, 0.79},
+                                                     {72.5, 0.82},
+                                                     {210, 0.86},
+                                                     {347.5, 0.89},
+                                                     {125, 0.92},
+                                                     {262.5, 0.95},
+                                                     {40, 0.99}}};
+  return kStars;
+}
+
+void NightStarTrailsView::touch(const TrailPoint& touch, const TrailPoint& circleCenter) {
   const double angle =
       std::atan2(touch.y - circleCenter.y, touch.x - circleCenter.x) * 180 / std::numbers::pi;
-  setAngle(static_cast<float>(angle < 0 ? angle + 360 : angle));
+  angle_ = static_cast<float>(angle < 0 ? angle + 360 : angle);
+  if (delegate_ != nullptr) delegate_->nightStarTrailsView(*this, angle_);
 }
 
 }  // namespace zenivo

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -41,9 +42,45 @@ struct TrailPoint {
   double y = 0;
 };
 
+/// A star on the drawing of the trails: its angle about the pole in degrees, and its distance
+/// from it in parts of the drawing's radius.
+struct TrailStar {
+  double angle;
+  double radius;
+};
+
+class NightStarTrailsView;
+
+class NightStarTrailsViewDelegate {
+ public:
+  virtual ~NightStarTrailsViewDelegate() = default;
+  /// The user has dragged the trails to an angle, degrees.
+  virtual void nightStarTrailsView(const NightStarTrailsView&, float /*angle*/) {}
+};
+
+/// NightStarTrailsView: the drawing of the trails, which can be dragged.
+class NightStarTrailsView {
+ public:
+  /// The delegate must outlive the view.
+  explicit NightStarTrailsView(NightStarTrailsViewDelegate* delegate = nullptr)
+      : delegate_(delegate) {}
+
+  /// A decoration: where the stars stand before they trail.
+  static const std::array<TrailStar, 17>& stars();
+
+  /// The angle of a touch about the centre of the trails, from 0 up to 360 degrees, becomes
+  /// the angle swept, and the delegate is told.
+  void touch(const TrailPoint& touch, const TrailPoint& circleCenter);
+  float angle() const { return angle_; }
+
+ private:
+  NightStarTrailsViewDelegate* delegate_;
+  float angle_ = 0;
+};
+
 /// Ties the exposure time to the angle that the stars sweep: an edit of one computes
 /// the other.
-class StarTrailCalculator {
+class StarTrailCalculator : public NightStarTrailsViewDelegate {
  public:
   /// The settings must outlive the calculator.
   explicit StarTrailCalculator(UserDefaults& defaults);
@@ -60,9 +97,7 @@ class StarTrailCalculator {
   void setAngle(float degrees);
   void setIsNorthHemisphere(bool isNorth) { model_.isNorthHemisphere = isNorth; }
 
-  /// The angle of a touch about the centre of the trails, from 0 up to 360 degrees,
-  /// becomes the angle swept.
-  void setAngleByTouch(const TrailPoint& touch, const TrailPoint& circleCenter);
+  void nightStarTrailsView(const NightStarTrailsView& view, float angle) override;
 
  private:
   UserDefaults& defaults_;

@@ -7,7 +7,7 @@ namespace zenivo {
 double normalizeRadians(double angle) {
   const double turn = angle - kTwoPi * std::floor(angle / kTwoPi);
   if (turn < 0.0) return 0.0;  // rounding of the quotient, a hair on either side
-  return turn < kTwoPi ? turn : 0.0;
+  return turn >= kTwoPi ? 0.0 : turn;
 }
 
 double normalizeAngle180(double degrees) {

@@ -11,6 +11,8 @@ namespace zenivo::ephemeris {
 /// A body at one hour of a search window.
 struct DaySample {
   double sinAltitude = 0;          ///< sine of the geocentric altitude
+  double offset = 0, swing = 0;    ///< of its daily circle (ObserverSky)
+  double hourAngle = 0;            ///< radians
   double rightAscension = 0;       ///< radians
   double distance = 0;             ///< in the body's unit
   double equationOfEquinoxes = 0;  ///< hours
@@ -21,7 +23,7 @@ struct DaySample {
 /// be computed.
 class DaySamples {
  public:
-  static constexpr std::size_t kHours = 25;  // both ends included
+  static constexpr int kHours = 24;  // both ends included
 
   bool covers(double mjdAt0, double deltaT) const {
     return mjdAt0 == mjdAt0_ && deltaT == deltaT_ && valid_;
@@ -34,11 +36,18 @@ class DaySamples {
   }
   void forget() { valid_ = false; }
 
-  bool has(std::size_t hour) const { return (known_ >> hour & 1U) != 0; }
-  const DaySample& at(std::size_t hour) const { return samples_[hour]; }
-  const DaySample& store(std::size_t hour, const DaySample& sample) {
-    known_ |= 1U << hour;
-    return samples_[hour] = sample;
+  double mjdAt0() const { return mjdAt0_; }
+
+  bool has(int hour) const { return (known_ >> hour & 1U) != 0; }
+  /// The sample of a whole hour; `evaluate(hour)` makes it the first time.
+  template <class Evaluate>
+  const DaySample& at(int hour, const Evaluate& evaluate) {
+    DaySample& sample = samples_[static_cast<std::size_t>(hour)];
+    if (!has(hour)) {
+      sample = evaluate(hour);
+      known_ |= 1U << hour;
+    }
+    return sample;
   }
 
  private:
@@ -46,7 +55,7 @@ class DaySamples {
   double deltaT_ = 0;
   std::uint32_t known_ = 0;
   bool valid_ = false;
-  std::array<DaySample, kHours> samples_;
+  std::array<DaySample, kHours + 1> samples_;
 };
 
 }  // namespace zenivo::ephemeris

@@ -14,8 +14,8 @@ Vector3D FixedBody::eclipticPosition(bool /*highPrecision*/, double /*T*/) {
   return {};
 }
 
-Vector3D FixedBody::equatorialPosition(bool /*highPrecision*/, double mjd, double deltaT) {
-  return apparentFromMean(place_, julianCenturies(mjd + deltaT));
+Vector3D FixedBody::equatorialPosition(bool /*highPrecision*/, const Frame& frame) {
+  return apparentFromMean(place_, frame);
 }
 
 double FixedBody::semiDiameter(double /*sinParallax*/, double /*distance*/) const {

@@ -11,14 +11,17 @@ namespace zenivo::ephemeris {
 /// equator by nutation alone.  It has no ecliptic place, no disk, and distance 1.
 class FixedBody : public PtPlanet {
  public:
+  using PtPlanet::equatorialPosition;
   using PtPlanet::semiDiameter;
 
   Vector3D eclipticPosition(bool highPrecision, double T) override;
-  Vector3D equatorialPosition(bool highPrecision, double mjd, double deltaT) override;
+  Vector3D equatorialPosition(bool highPrecision, const Frame& frame) override;
   double semiDiameter(double sinParallax, double distance) const override;
 
  protected:
   FixedBody(const PtPosition& observer, double rightAscension, double declination);
+
+  double fastestMotion() const override { return 0.0; }
 
   /// Radians.
   void setPlace(double rightAscension, double declination);

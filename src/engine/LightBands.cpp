@@ -1,7 +1,11 @@
 #include "engine/LightBands.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
+#include "engine/Angles.h"
+#include "engine/PtSun.h"
 #include "foundation/LocalizedString.h"
 
 namespace zenivo {
@@ -27,6 +31,14 @@ const BandLook& lookForSunElevation(double elevation) {
 }
 
 }  // namespace
+
+double elevationForLight(const ephemeris::PtSun& sun) {
+  const double latitude = sun.getPosition().latitude() * kDegree;
+  const double declination = sun.equatorial().theta();
+  const double sine = std::sin(latitude) * std::sin(declination) +
+                      std::cos(latitude) * std::cos(declination) * std::cos(sun.hourAngle());
+  return std::asin(std::clamp(sine, -1.0, 1.0)) / kDegree;
+}
 
 LightBand lightBandForSunElevation(double elevation) {
   if (elevation > 6.0) return LightBand::daytime;

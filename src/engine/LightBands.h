@@ -8,6 +8,10 @@
 
 namespace zenivo {
 
+namespace ephemeris {
+class PtSun;
+}  // namespace ephemeris
+
 /// From the highest to the lowest Sun.  The upper limit belongs to a band.
 enum class LightBand {
   daytime,       ///< above +6 degrees
@@ -26,7 +30,11 @@ struct Color {
   friend bool operator==(const Color&, const Color&) = default;
 };
 
-/// All take the Sun's elevation in degrees.
+/// The elevation that tells the band, of a Sun whose position is computed: as seen from the
+/// Earth's centre and without refraction, like those of the twilights' begin and end.
+double elevationForLight(const ephemeris::PtSun& sun);
+
+/// All take that elevation, in degrees, a number.
 LightBand lightBandForSunElevation(double elevation);
 
 /// The band's localisation key, such as "twilight_golden_hour".

@@ -10,6 +10,10 @@
 namespace zenivo::ephemeris {
 namespace {
 
+constexpr double kEarthRadius = 6378.137;       // kilometres, at the equator
+constexpr double kMeanParallax = 3422.7;        // arcseconds, its sine
+constexpr double kParallaxScale = 0.999953253;  // of the Improved Lunar Ephemeris
+
 /// Mean arguments with their long-period terms, radians.
 struct Arguments {
   double L0;    ///< mean longitude
@@ -66,8 +70,14 @@ struct Exponents {
   /// The product of four multiples; those of 0 are skipped.
   template <int p, int q, int r, int s>
   Phasor product() const {
-    Phasor z;
-    if constexpr (p != 0) z = z * L.get<p>();
+    if constexpr (p != 0) return times<q, r, s>(L.get<p>());
+    if constexpr (p == 0 && q != 0) return times<0, r, s>(LS.get<q>());
+    if constexpr (p == 0 && q == 0 && r != 0) return times<0, 0, s>(F.get<r>());
+    if constexpr (p == 0 && q == 0 && r == 0) return D.get<s>();
+  }
+
+  template <int q, int r, int s>
+  Phasor times(Phasor z) const {
     if constexpr (q != 0) z = z * LS.get<q>();
     if constexpr (r != 0) z = z * F.get<r>();
     if constexpr (s != 0) z = z * D.get<s>();
@@ -82,10 +92,8 @@ struct Exponents {
 
 /// What the tables and the planets add up to, arcseconds.
 struct Sums {
-  double dlam = 0;
-  double ds = 0;
-  double gam1c = 0;
-  double sinPi = 3422.7;
+  Pair dlamAndDs{0, 0};
+  Pair gam1cAndSinPi{0, kMeanParallax};
   double N = 0;
 };
 
@@ -93,16 +101,16 @@ template <std::size_t kRow>
 void addRow(const Exponents& e, Sums& sum) {
   constexpr LunarRow row = kLunarRows[kRow];
   const Phasor z = e.product<row.p, row.q, row.r, row.s>();
-  sum.dlam += row.dlam * z.y;
-  if constexpr (row.ds != 0) sum.ds += row.ds * z.y;
-  if constexpr (row.gam != 0) sum.gam1c += row.gam * z.x;
-  if constexpr (row.sinPi != 0) sum.sinPi += row.sinPi * z.x;
+  sum.dlamAndDs += Pair{row.dlam, row.ds} * Pair{z.y(), z.y()};
+  if constexpr (row.gam != 0 || row.sinPi != 0) {
+    sum.gam1cAndSinPi += Pair{row.gam, row.sinPi} * Pair{z.x(), z.x()};
+  }
 }
 
 template <std::size_t kRow>
 void addLatitudeRow(const Exponents& e, Sums& sum) {
   constexpr LunarLatitudeRow row = kLunarLatitudeRows[kRow];
-  sum.N += row.N * e.product<row.p, row.q, row.r, row.s>().y;
+  sum.N += row.N * e.product<row.p, row.q, row.r, row.s>().y();
 }
 
 /// All rows, written out one after the other by the compiler.
@@ -117,14 +125,14 @@ void addTables(const Exponents& e, Sums& sum) {
   (std::make_index_sequence<kLunarLatitudeRows.size()>());
 }
 
-void addPlanets(double T, Sums& sum) {
+double planets(double T) {
   const auto sine = sineOfRevolutions;
-  sum.dlam += 0.82 * sine(0.7736 - 62.5512 * T) + 0.31 * sine(0.0466 - 125.1025 * T) +
-              0.35 * sine(0.5785 - 25.1042 * T) + 0.66 * sine(0.4591 + 1335.8075 * T) +
-              0.64 * sine(0.313 - 91.568 * T) + 1.14 * sine(0.148 + 1331.2898 * T) +
-              0.21 * sine(0.5918 + 1056.5859 * T) + 0.44 * sine(0.5784 + 1322.8595 * T) +
-              0.24 * sine(0.2275 - 5.7374 * T) + 0.28 * sine(0.2965 + 2.6929 * T) +
-              0.33 * sine(0.3132 + 6.3368 * T);
+  return 0.82 * sine(0.7736 - 62.5512 * T) + 0.31 * sine(0.0466 - 125.1025 * T) +
+         0.35 * sine(0.5785 - 25.1042 * T) + 0.66 * sine(0.4591 + 1335.8075 * T) +
+         0.64 * sine(0.313 - 91.568 * T) + 1.14 * sine(0.148 + 1331.2898 * T) +
+         0.21 * sine(0.5918 + 1056.5859 * T) + 0.44 * sine(0.5784 + 1322.8595 * T) +
+         0.24 * sine(0.2275 - 5.7374 * T) + 0.28 * sine(0.2965 + 2.6929 * T) +
+         0.33 * sine(0.3132 + 6.3368 * T);
 }
 
 }  // namespace
@@ -133,17 +141,18 @@ Vector3D fullLunarSeries(double T) {
   const Arguments a = argumentsAt(T);
   Sums sum;
   addTables(Exponents(a, T), sum);
-  addPlanets(T, sum);
+  const double dlam = sum.dlamAndDs[0] + planets(T);
+  const double ds = sum.dlamAndDs[1], gam1c = sum.gam1cAndSinPi[0], sinPi = sum.gam1cAndSinPi[1];
 
-  double longitude = std::fmod(a.L0 + sum.dlam / kArcsecondsPerRadian, kTwoPi);
+  double longitude = std::fmod(a.L0 + dlam / kArcsecondsPerRadian, kTwoPi);
   if (longitude < 0.0) longitude += kTwoPi;
-  const Phasor S = phasor(a.F + sum.ds / kArcsecondsPerRadian);
-  const double sin3S = S.y * (3.0 - 4.0 * S.y * S.y);
+  const Phasor S = phasor(a.F + ds / kArcsecondsPerRadian);
+  const double sin3S = S.y() * (3.0 - 4.0 * S.y() * S.y());
   const double latitude =
-      (latitudeFactor(a.dgam) * (18519.7 + sum.gam1c) * S.y - 6.24 * sin3S + sum.N) /
+      (latitudeFactor(a.dgam) * (18519.7 + gam1c) * S.y() - 6.24 * sin3S + sum.N) /
       kArcsecondsPerRadian;
-  // The numerator is the Earth's radius in kilometres over one arcsecond.
-  const double distance = 1315585192.5224364 / (sum.sinPi * 0.999953253);
+  // Parallax and distance: sin pi = 6378.137 km / r, the sine in arcseconds.
+  const double distance = kEarthRadius * kArcsecondsPerRadian / (sinPi * kParallaxScale);
   return Vector3D::withPolar(longitude, latitude, distance);
 }
 
@@ -158,17 +167,19 @@ Vector3D fastLunarSeries(double T) {
   const Phasor L2 = L * L, D2 = D * D, F2 = F * F;
   const Phasor minusLS = LS.conjugate(), minusD2 = D2.conjugate();
 
-  const double dL = 22640.0 * L.y - 4586.0 * (L * minusD2).y + 2370.0 * D2.y + 769.0 * L2.y -
-                    668.0 * LS.y - 412.0 * F2.y - 212.0 * (L2 * minusD2).y -
-                    206.0 * (L * LS * minusD2).y + 192.0 * (L * D2).y - 165.0 * (LS * minusD2).y -
-                    125.0 * D.y - 110.0 * (L * LS).y + 148.0 * (L * minusLS).y -
-                    55.0 * (F2 * minusD2).y;
-  const double S = angleF + (dL + 412.0 * F2.y + 541.0 * LS.y) / kArcsecondsPerRadian;
+  const double dL = 22640.0 * L.y() - 4586.0 * (L * minusD2).y() + 2370.0 * D2.y() +
+                    769.0 * L2.y() - 668.0 * LS.y() - 412.0 * F2.y() - 212.0 * (L2 * minusD2).y() -
+                    206.0 * (L * LS * minusD2).y() + 192.0 * (L * D2).y() -
+                    165.0 * (LS * minusD2).y() - 125.0 * D.y() - 110.0 * (L * LS).y() +
+                    148.0 * (L * minusLS).y() - 55.0 * (F2 * minusD2).y();
+  const double S = angleF + (dL + 412.0 * F2.y() + 541.0 * LS.y()) / kArcsecondsPerRadian;
   const Phasor H = F * minusD2;
-  const double N = -526.0 * H.y + 44.0 * (L * H).y - 31.0 * (H * L.conjugate()).y -
-                   23.0 * (LS * H).y + 11.0 * (H * minusLS).y - 25.0 * (F * L2.conjugate()).y +
-                   21.0 * (F * L.conjugate()).y;
-  constexpr double kMeanDistance = 384388.55145308975;  // parallax 3422.7 arcseconds
+  const double N = -526.0 * H.y() + 44.0 * (L * H).y() - 31.0 * (H * L.conjugate()).y() -
+                   23.0 * (LS * H).y() + 11.0 * (H * minusLS).y() -
+                   25.0 * (F * L2.conjugate()).y() + 21.0 * (F * L.conjugate()).y();
+  // At the mean parallax.
+  constexpr double kMeanDistance =
+      kEarthRadius * kArcsecondsPerRadian / (kMeanParallax * kParallaxScale);
   return Vector3D::withPolar(kTwoPi * frac(L0 + dL / 1296000.0),
                              (18520.0 * std::sin(S) + N) / kArcsecondsPerRadian, kMeanDistance);
 }

@@ -1,10 +1,8 @@
 #include "engine/MilkyWay.h"
 
-#include <algorithm>
-
+#include "engine/Night.h"
 #include "engine/PtMilkyWay.h"
 #include "engine/PtSun.h"
-#include "engine/Twilight.h"
 #include "time/DateEphemeris.h"
 #include "time/LocalDay.h"
 
@@ -16,35 +14,11 @@ using ephemeris::PtMilkyWay;
 using ephemeris::PtSun;
 using ephemeris::VisibilityWindow;
 
-/// Limits of a dark night, mjd or sentinels.
-struct DarkNight {
-  double dusk = kAlwaysBelow;
-  double dawn = kAlwaysBelow;
-};
-
-/// Dusk came after midnight, before the dawn of the same local day.
-bool duskBeforeDawn(const AstronomicalTwilight& twilight) {
-  return drawEventAtMjd(twilight.start) && drawEventAtMjd(twilight.end) &&
-         twilight.end < twilight.start;
-}
-
-/// The twilight of a day some days after `today`, with the deltaT of today.
-AstronomicalTwilight twilightAfter(int days, const LocalDay& today, PtSun& sun,
-                                   const Calendar& calendar) {
+/// A day some days after `today`, with the deltaT of today.
+NightDay nightDayAfter(int days, const LocalDay& today, PtSun& sun, const Calendar& calendar) {
   LocalDay day = today.dayAfter(days, calendar);
   day.deltaT = today.deltaT;
-  return astronomicalTwilightOfDay(sun, day, calendar);
-}
-
-DarkNight nightEnding(const AstronomicalTwilight& yesterday, const AstronomicalTwilight& today) {
-  if (duskBeforeDawn(today)) return {today.end, today.start};
-  const double dusk = yesterday.end2 != kAlwaysBelow ? yesterday.end2 : yesterday.end;
-  return {dusk, today.start};
-}
-
-DarkNight nightBeginning(const AstronomicalTwilight& today, const AstronomicalTwilight& tomorrow) {
-  if (duskBeforeDawn(tomorrow)) return {tomorrow.end, tomorrow.start};
-  return {std::max(today.end, today.end2, mjdIsBefore), tomorrow.start};
+  return nightDay(sun, day, calendar);
 }
 
 }  // namespace
@@ -57,12 +31,12 @@ MilkyWayEvent calculateGalacticCenterVisibility(PtMilkyWay& milkyWay, PtSun& wit
   event.setMjdRise(kAlwaysBelow);
   event.setMjdSet(kAlwaysBelow);
 
-  const AstronomicalTwilight today = astronomicalTwilightOfDay(withSun, day, calendar);
-  if (today.end == kAlwaysBelow || today.start == kAlwaysAbove) return event;
+  const NightDay today = nightDay(withSun, day, calendar);
+  if (today.twilight.start == kAlwaysAbove) return event;
   const double morning = withSun.riseSet(EventKind::nautical, day.mjdAt0, day.deltaT).rise;
-  const DarkNight night = mjdIsBefore(modifiedJulianDay(atDate), morning)
-                              ? nightEnding(twilightAfter(-1, day, withSun, calendar), today)
-                              : nightBeginning(today, twilightAfter(1, day, withSun, calendar));
+  const Night night = mjdIsBefore(modifiedJulianDay(atDate), morning)
+                          ? nightEnding(nightDayAfter(-1, day, withSun, calendar), today)
+                          : nightBeginning(today, nightDayAfter(1, day, withSun, calendar));
   const VisibilityWindow window = milkyWay.visibilityWindow(night.dusk, night.dawn, day.deltaT);
   event.setMjdRise(window.rise);
   event.setMjdSet(window.set);

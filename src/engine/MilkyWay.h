@@ -17,11 +17,15 @@ class PtMilkyWay;
 
 /// From when to when the galactic centre is seen in the night that concerns a
 /// moment: before the morning's nautical twilight the night that is ending, else
-/// the coming one.  Local days are those of the calendar.  kAlwaysBelow where it
-/// is not seen, and where the night has no dusk at all.
+/// the coming one.  Local days are those of the calendar.  In the polar night, which has
+/// no dusk and no dawn, a night is from noon to noon (Night.h).  kAlwaysBelow where it is
+/// not seen, and where it does not get dark.
 ///
 /// The event has the centre's rise and set, too; azimuths and elevations are left
 /// to who needs them.
+/// Error: dusk and dawn 25 s, the centre's rise and set a minute (refraction).
+/// Special cases: a date that is no moment is not seen.
+/// Source: the definition: centre above the horizon, Sun below -18 degrees.
 MilkyWayEvent calculateGalacticCenterVisibility(ephemeris::PtMilkyWay& milkyWay,
                                                 ephemeris::PtSun& withSun, Date atDate,
                                                 const Calendar& calendar);

@@ -62,11 +62,14 @@ MoonDistance moonDistance(const PtApogeePerigee& apsis) {
   return {.type = moonDistanceFromDistanceType(apsis.type),
           .distance = apsis.distance,
           .mjd = getMjd(apsis.date),
-          .date = dateWithPtDateTime(apsis.date)};
+          .date = dateWithPtDateTime(apsis.date, true)};
 }
 
 }  // namespace
 
+// The mean anomaly completes a turn in 27.55454989 days.  The Sun pulls the apsides to and
+// fro, mostly by their elongation D from it: the true perigee strays by up to 1.7 days from
+// the mean one, the apogee by half a day, and the parallax at it by 2 %.
 PtApogeePerigee moonApsis(double k) {
   const double t = k / 1325.55;
   const double mean =

@@ -32,7 +32,7 @@ struct MoonDistance {
   MoonDistanceType type = MoonDistanceType::none;
   double distance = 0;  ///< kilometres
   double mjd = 0;
-  Date date;  ///< the moment on the nearest whole minute
+  Date date;  ///< the moment, down to the second
 };
 
 /// The type that a code of PtApogeePerigee stands for; none for any other.
@@ -44,8 +44,9 @@ std::string nameForType(MoonDistanceType type);
 /// The apsis number `k`: a perigee where k is whole (0 is that of 1999 December
 /// 22), the apogee after it where k ends in .5.  No other fraction has a meaning.
 /// The dynamical time of the series is given as if it were Universal Time.
-/// Error, 1895 to 2105: apogees 4 minutes and 8 kilometres, perigees 36 minutes (5
-/// typically) and 13 kilometres.
+/// Error: apogees 4 minutes and 8 kilometres, perigees 36 minutes (5 typically) and 13
+/// kilometres (1895 to 2105, against the full lunar theory).
+/// Special cases: a fraction other than 0 and .5 is taken for an apogee.
 /// Source: Meeus, Astronomical Algorithms, chapter 50, with the arguments of its
 /// first edition.
 PtApogeePerigee moonApsis(double k);

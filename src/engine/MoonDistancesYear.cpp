@@ -16,7 +16,7 @@ std::vector<PtDateTime> fullMoonsOfMonth(std::int64_t year, int month, const Cal
   std::vector<PtDateTime> fullMoons;
   for (const PtMoonPhaseWithDate& item : phasesFromDate(startOfMonth(year, month, calendar))) {
     if (item.phase != kFullMoon) continue;
-    const DateComponents c = calendar.componentsFromDate(dateWithPtDateTime(item.date));
+    const DateComponents c = localDayOfPhase(item, calendar);
     if (c.year == year && c.month == month) fullMoons.push_back(item.date);
   }
   return fullMoons;
@@ -68,14 +68,14 @@ MoonPhaseDistance MoonDistancesYear::moonDistanceWithMoon(ephemeris::PtMoon& moo
                                                           ephemeris::PtSun& sun, double mjd) {
   PtDateTime moment;
   setFromMjd(moment, mjd);
-  const double deltaT = getDeltaT(moment);
-  sun.computePosition(true, mjd, deltaT);
-  moon.computePosition(true, mjd, deltaT);
+  const ephemeris::Frame frame = ephemeris::frameAt(mjd, getDeltaT(moment));
+  sun.computePosition(true, frame);
+  moon.computePosition(true, frame);
   const MoonPhase geometry = moon.moonPhaseGeometry(
       moon.ecliptic(), moon.equatorial(), sun.ecliptic(), sun.equatorial(), moon.hourAngle());
   MoonPhaseDistance record;
   record.mjd = mjd;
-  record.date = dateWithPtDateTime(moment);
+  record.date = dateWithPtDateTime(moment, true);
   record.distanceToEarth = moon.horizontal().distance_;
   record.phase = geometry.phase_;
   record.waxing = geometry.waxing_;

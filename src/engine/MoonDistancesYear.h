@@ -21,7 +21,7 @@ class PtMoon;
 struct MoonPhaseDistance {
   MoonDistanceType type = MoonDistanceType::none;
   double mjd = 0;
-  Date date;                   ///< the moment on the nearest whole minute
+  Date date;                   ///< the moment, down to the second
   double distanceToEarth = 0;  ///< kilometres, from the full lunar series
   double phase = 0;            ///< illuminated fraction, 0 to 1
   bool waxing = false;

@@ -40,8 +40,9 @@ double illuminationNearPhase(double computed, double timeInterval, double mjdPha
 MoonPhaseResult moonPhaseDataForMjd(double mjd, double deltaT, ephemeris::PtSun& sun,
                                     ephemeris::PtMoon& moon, Date currentDate,
                                     const Calendar& calendar, bool withHighPrecision) {
-  sun.computePosition(true, mjd, deltaT);
-  moon.computePosition(true, mjd, deltaT);
+  const ephemeris::Frame frame = ephemeris::frameAt(mjd, deltaT);
+  sun.computePosition(true, frame);
+  moon.computePosition(true, frame);
   const MoonPhase geometry = moon.moonPhaseGeometry(
       moon.ecliptic(), moon.equatorial(), sun.ecliptic(), sun.equatorial(), moon.hourAngle());
   MoonPhaseResult result;

@@ -33,6 +33,10 @@ std::int32_t phaseType(double illuminated, bool waxing) {
 
 }  // namespace
 
+// In the triangle of Earth, Moon and Sun the angle at the Earth, the elongation psi, has
+// cos psi = cos b cos(l - l0); with the sides r and R the angle at the Moon, the phase angle
+// i, follows from tan i = R sin psi / (r - R cos psi).  Of a disk seen at i from its Sun
+// (1 + cos i)/2 is lit.
 MoonPhase PtMoon::moonPhaseGeometry(const Vector3D& moonEcliptic, const Vector3D& moonEquatorial,
                                     const Vector3D& sunEcliptic, const Vector3D& sunEquatorial,
                                     double moonHourAngle) const {

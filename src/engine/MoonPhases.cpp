@@ -112,6 +112,10 @@ void appendPhases(const PtDateTime& start, std::int32_t phase,
 
 }  // namespace
 
+// Mean phases follow one another by 29.530588853 days; the true ones are early or late by
+// up to 14 hours, as Sun and Moon run ahead of or behind their means: sines of multiples of
+// their anomalies M and M', of F and of the node, those with the Sun's scaled by the changing
+// eccentricity E of the Earth's orbit.
 double moonPhaseJulianEphemerisDate(double k) {
   const double t = k / 1236.85;
   const double mean =
@@ -130,10 +134,14 @@ std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start) {
   return phases;
 }
 
+DateComponents localDayOfPhase(const PtMoonPhaseWithDate& phase, const Calendar& calendar) {
+  return calendar.componentsFromDate(dateWithPtDateTime(phase.date, true));
+}
+
 const PtMoonPhaseWithDate* phaseForDayOfMonth(std::span<const PtMoonPhaseWithDate> phases, int day,
                                               int month, const Calendar& calendar) {
   const auto found = std::ranges::find_if(phases, [&](const PtMoonPhaseWithDate& item) {
-    const DateComponents c = calendar.componentsFromDate(dateWithPtDateTime(item.date));
+    const DateComponents c = localDayOfPhase(item, calendar);
     return c.day == day && c.month == month;
   });
   return found == phases.end() ? nullptr : &*found;

@@ -32,6 +32,7 @@ struct PtMoonPhaseWithDate {
 /// Moon (0 that of 2000 January 6), .25 more the first quarter, .5 the full
 /// Moon, .75 the last quarter.  No other fraction has a meaning.
 /// Error: within 20 s of the full lunar theory from 1950 to 2050.
+/// Special cases: far from the years -4000 to 6000 the polynomials lose meaning.
 /// Source: Meeus, Astronomical Algorithms, chapter 49, with the mean phase of
 /// its first edition.
 double moonPhaseJulianEphemerisDate(double k);
@@ -42,6 +43,11 @@ double moonPhaseJulianEphemerisDate(double k);
 /// The dynamical time of the series is given as if it were Universal Time:
 /// moments are late by deltaT, about a minute in this century.
 std::vector<PtMoonPhaseWithDate> phasesFromDate(const PtDateTime& start);
+
+/// The local day of a phase, in the zone of the calendar: that of its moment, to the
+/// second.  (Rounded to the minute, a phase of the last half minute of a day would stand on
+/// the next, with a time of the day before.)
+DateComponents localDayOfPhase(const PtMoonPhaseWithDate& phase, const Calendar& calendar);
 
 /// The one of `phases` that falls on that day of that month in the zone of the
 /// calendar, or nullptr; it lives as long as the list.  The list spans less than a year.

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "engine/Night.h"
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
-#include "engine/Twilight.h"
 #include "foundation/Log.h"
 #include "time/LocalDay.h"
 
@@ -18,13 +18,6 @@ using ephemeris::EventKind;
 using ephemeris::PtMoon;
 using ephemeris::PtSun;
 using ephemeris::RiseSet;
-
-struct Night {
-  double start;
-  double end;
-
-  double hours() const { return (end - start) * 24.0; }
-};
 
 bool isPolarDay(const LocalDay& day, PtSun& sun) {
   return sun.riseSet(EventKind::riseSet, day.mjdAt0, day.deltaT).rise == kAlwaysAbove;
@@ -37,16 +30,26 @@ double eveningDusk(const AstronomicalTwilight& twilight, double mjdAt0, double n
   return dusk < (mjdAt0 + nextMidnight) / 2.0 ? kAlwaysBelow : dusk;
 }
 
+/// Dusk has come by the day's noon, and no dawn after it: the polar night.
+bool isDarkAtNoon(const NightDay& day) {
+  const AstronomicalTwilight& twilight = day.twilight;
+  const bool hasDuskAlone = drawEventAtMjd(twilight.end) && !drawEventAtMjd(twilight.start);
+  return day.isDarkAllDay() || (hasDuskAlone && twilight.end < day.noon);
+}
+
 /// The night that begins in the evening of `day`.
 std::optional<Night> nightOf(const LocalDay& day, const LocalDay& next, PtSun& sun,
                              const Calendar& calendar) {
   if (isPolarDay(day, sun) || isPolarDay(next, sun)) return std::nullopt;
-  const AstronomicalTwilight first = astronomicalTwilightOfDay(sun, day, calendar);
-  const AstronomicalTwilight second = astronomicalTwilightOfDay(sun, next, calendar);
+  const NightDay today = nightDay(sun, day, calendar), tomorrow = nightDay(sun, next, calendar);
+  const AstronomicalTwilight &first = today.twilight, &second = tomorrow.twilight;
 
   double start = eveningDusk(first, day.mjdAt0, next.mjdAt0);
-  double end = second.start;
-  if (drawEventAtMjd(start)) {
+  double end = tomorrow.isDarkAllDay() ? tomorrow.noon : second.start;
+  if (isDarkAtNoon(today)) {
+    start = today.noon;
+    end = std::min(end, tomorrow.noon);
+  } else if (drawEventAtMjd(start)) {
     // With a zone far from the place's own the Sun may rise in the evening.
     if (drawEventAtMjd(first.start) && first.start > start) end = first.start;
   } else {
@@ -54,11 +57,12 @@ std::optional<Night> nightOf(const LocalDay& day, const LocalDay& next, PtSun& s
     // is then that of the night before, and this night's is the second day's.
     start = second.end;
   }
-  if (!drawEventAtMjd(start) || !drawEventAtMjd(end) || start >= end) {
+  const Night night{start, end};
+  if (!night.isDark()) {
     log(LogLevel::info, "Night start but no end");
     return std::nullopt;
   }
-  return Night{start, end};
+  return night;
 }
 
 /// The times that the Moon is up over two windows of 24 hours, `second` following
@@ -93,7 +97,7 @@ double moonlessHoursForNightAtDate(Date date, PtSun& sun, PtMoon& moon, const Ca
 
   double moonless = night->hours();
   for (const MoonRiseSet& up : moonUp(first, second)) {
-    moonless -= nightHoursAffectedWithMoon(up, night->start, night->end);
+    moonless -= nightHoursAffectedWithMoon(up, night->dusk, night->dawn);
   }
   return std::max(moonless, 0.0);
 }

@@ -26,9 +26,10 @@ struct MoonRiseSet {
 
 /// Hours without Sun and Moon in the night that begins in the evening of the
 /// date's local day: from astronomical dusk to dawn, less the time that the Moon
-/// is up.  From 0 to the length of the night; 0 where the night has no dusk or no
-/// dawn (no darkness at all, or the polar night), and where the Moon stays up
-/// through the date's day.  The bodies hold the observer and serve as scratch pads.
+/// is up.  From 0 to the length of the night; 0 where it does not get dark, and where the
+/// Moon stays up through the date's day.  In the polar night, dark at noon, too, noon
+/// bounds the night.  Where the Moon stays down through the date's day it is taken to stay
+/// down all night.  The bodies hold the observer and serve as scratch pads.
 double moonlessHoursForNightAtDate(Date date, ephemeris::PtSun& sun, ephemeris::PtMoon& moon,
                                    const Calendar& calendar);
 

@@ -7,8 +7,12 @@
 namespace zenivo::ephemeris {
 namespace {
 
-/// rotationX(-trueObliquity) rotationZ(-longitude) rotationX(obliquity), written
-/// out: the same products and sums without those by 0 and 1.
+/// Turned about the x axis to the ecliptic, by -longitude about its pole, and about the x
+/// axis back to the true equator: the three matrices multiplied out,
+///
+///   (1   0    0)   ( cl  sl  0)   (1   0   0)
+///   (0   ct  st) * (-sl  cl  0) * (0   ce se)    cl, sl of -longitude; ct, st of minus the
+///   (0  -st  ct)   (  0   0  1)   (0  -se ce)    true obliquity; ce, se of the obliquity
 Matrix3D matrixOf(double longitude, double obliquity, double trueObliquity) {
   const double ce = std::cos(obliquity), se = std::sin(obliquity);
   const double ct = std::cos(-trueObliquity), st = std::sin(-trueObliquity);
@@ -25,6 +29,9 @@ double meanObliquity(double T) {
   return (23.43929111 - T * (46.815 + T * (0.00059 - 0.001813 * T)) / 3600.0) * kDegree;
 }
 
+// The node N of the Moon's orbit goes round in 18.6 years, and with it the axis; the terms
+// of twice the Sun's and the Moon's longitude (F - D + N and F + N) are the half-yearly and
+// fortnightly nodding, that of the mean anomaly LS the yearly.  In arcseconds.
 Nutation nutationAt(double T) {
   const double LS = kTwoPi * frac(0.993133 + 99.997306 * T);
   const double D = kTwoPi * frac(0.827362 + 1236.853087 * T);

@@ -7,11 +7,12 @@
 namespace zenivo::ephemeris {
 namespace {
 
-// Galactic centre and north galactic pole: 266.4, -28.94 and 192.85, 27.13 degrees.
-constexpr double kCentreRightAscension = 4.649557127312894;
-constexpr double kCentreDeclination = -0.505098285527159;
-constexpr double kPoleRightAscension = 3.3658674633437284;
-constexpr double kPoleDeclination = 0.47350782606606157;
+// Galactic centre and north galactic pole.  Two digit strings stand where the product of
+// degrees would round otherwise.
+constexpr double kCentreRightAscension = 4.649557127312894;  // 266.4 degrees
+constexpr double kCentreDeclination = -28.94 * kDegree;
+constexpr double kPoleRightAscension = 3.3658674633437284;  // 192.85000005 degrees
+constexpr double kPoleDeclination = 27.13 * kDegree;
 
 /// A place of the sky as a unit vector of the horizontal frame.
 Vector3D horizontalVector(const PtPolar& place) {
@@ -32,7 +33,8 @@ double azimuthDifference(double a, double b) {
   return angleDifference(a / kDegree, b / kDegree) * kDegree;
 }
 
-/// Finds the highest point of the plane, and on which side of it the centre is.
+/// Finds the highest point of the plane, and on which side of it the centre is.  In single
+/// precision, as all that was ever drawn.
 void orientPlane(PtMilkyWayPosition& position, double poleElevation) {
   // The height in the plane is cos t gc.z + sin t east.z.  It is 0 at a, and at a
   // quarter turn on, where cos and sin are as gc.z to east.z, it is at its greatest.
@@ -69,11 +71,11 @@ PtPolar PtMilkyWay::refractedPlace(const Vector3D& equatorial, double siderealTi
 }
 
 PtMilkyWayPosition PtMilkyWay::milkyWayPosition(double mjd, double deltaT) {
-  const Matrix3D nutation = refreshFrame(julianCenturies(mjd + deltaT));
-  const double siderealTime = apparentSiderealTime(mjd);
+  const Frame frame = frameAt(mjd, deltaT);
+  setFrame(frame);
   const auto placeOf = [&](double rightAscension, double declination) {
-    return refractedPlace(nutation * Vector3D::withPolar(rightAscension, declination),
-                          siderealTime);
+    return refractedPlace(trueEquatorial(frame, Vector3D::withPolar(rightAscension, declination)),
+                          frame.siderealTime);
   };
   // The centre comes last: what the body keeps of the query is the centre's.
   const PtPolar pole = placeOf(kPoleRightAscension, kPoleDeclination);
@@ -102,7 +104,7 @@ VisibilityWindow PtMilkyWay::visibilityWindow(double dusk, double dawn, double d
   }
   if (mjdIsBefore(window.set, window.rise)) window.rise = dusk;  // up at the start
 
-  if (dawn == kAlwaysAbove || window.rise == kAlwaysBelow) return window;
+  if (!drawEventAtMjd(dawn) || window.rise == kAlwaysBelow) return window;
   if (window.rise == kAlwaysAbove) {
     window.from = dusk;
     window.to = dawn;

@@ -16,7 +16,7 @@ double PtMoon::sinParallax(double distance) const {
 }
 
 double PtMoon::semiDiameter(double sinParallax, double) const {
-  constexpr double kRadiusOverEarths = 0.2724933628738298;  // 1738 km to 6378.137 km
+  constexpr double kRadiusOverEarths = 1738.0 / 6378.137;
   return std::asin(kRadiusOverEarths * sinParallax) / kDegree;
 }
 

@@ -4,12 +4,14 @@
 
 #include <array>
 
+#include "engine/CrossingSearch.h"
 #include "engine/DaySamples.h"
+#include "engine/Frame.h"
+#include "engine/ObserverSky.h"
 #include "engine/PtPolar.h"
 #include "engine/PtPosition.h"
 #include "engine/Refraction.h"
 #include "engine/Vector3D.h"
-#include "time/Mjd.h"
 
 namespace zenivo::ephemeris {
 
@@ -24,14 +26,6 @@ enum class EventKind {
   blueHour,      ///< -4 degrees, upper limit of blue hour, lower of golden hour
 };
 
-/// The crossings of one 24-hour window, mjd or sentinels (Mjd.h).
-struct RiseSet {
-  double rise = kNotThisDay;
-  double set = kNotThisDay;
-
-  friend bool operator==(const RiseSet&, const RiseSet&) = default;
-};
-
 /// Where a body stands for the observer and not for the Earth's centre.
 struct TopocentricPosition {
   double hourAngle = 0;     ///< radians, -pi to pi
@@ -39,12 +33,21 @@ struct TopocentricPosition {
   double semiDiameter = 0;  ///< degrees
 };
 
-/// The base of the bodies.  An object holds one observer and the last position
-/// that it computed: a scratch pad.  Every query overwrites it, so an object
-/// belongs to one thread, and what is needed is read before the next query.
-/// Equal observers and arguments give equal bits.
+/// PtPlanet: a body, the base of Sun, Moon, galactic centre and stars.  An object holds one
+/// observer and the last position that it computed: a scratch pad over the pure functions of Frame,
+/// ObserverSky and CrossingSearch.  Every query overwrites it, so an object belongs to one thread,
+/// and what is needed is read before the next query; a search leaves one of the positions that it
+/// evaluated.  References that it gives away live as long as the object and change with it.  Equal
+/// observers and arguments give equal bits.
 ///
-/// Moments are mjd in Universal Time with deltaT in days (Mjd.h).
+/// Moments are mjd in Universal Time with deltaT in days (Mjd.h), or the frame of a
+/// moment where several bodies share it.
+///
+/// Error: that of the series (PtSun, PtMoon) and of the frame.
+/// Special cases: a place or a moment that is not a number gives angles that are none,
+/// and searches that find nothing (kNotThisDay).
+/// Source: Montenbruck & Pfleger, Astronomy on the Personal Computer; Meeus,
+/// Astronomical Algorithms (1998).
 class PtPlanet {
  public:
   PtPlanet() = default;
@@ -68,7 +71,10 @@ class PtPlanet {
 
   /// Apparent place: true equator and equinox of date.  Leaves ecliptic(),
   /// obliquity() and the nutation current, and the mean place in equatorial().
-  virtual Vector3D equatorialPosition(bool highPrecision, double mjd, double deltaT);
+  Vector3D equatorialPosition(bool highPrecision, double mjd, double deltaT) {
+    return equatorialPosition(highPrecision, frameAt(mjd, deltaT));
+  }
+  virtual Vector3D equatorialPosition(bool highPrecision, const Frame& frame);
 
   /// Sine of the horizontal parallax at `distance`; 0 for a body without one.
   virtual double sinParallax(double distance) const = 0;
@@ -76,22 +82,25 @@ class PtPlanet {
   virtual double semiDiameter(double sinParallax, double distance) const = 0;
 
   void setPosition(const PtPosition& observer);
-  const PtPosition& getPosition() const { return observer_; }
+  const PtPosition& getPosition() const { return sky_.place(); }
 
   /// The whole chain, from the series to the refracted place in the observer's
   /// sky; everything below is current afterwards.
-  void computePosition(bool highPrecision, double mjd, double deltaT);
+  void computePosition(bool highPrecision, double mjd, double deltaT) {
+    computePosition(highPrecision, frameAt(mjd, deltaT));
+  }
+  void computePosition(bool highPrecision, const Frame& frame);
 
   // What the last query left.
 
   const Vector3D& ecliptic() const { return ecliptic_; }
   const Vector3D& equatorial() const { return equatorial_; }
   const PtPolar& horizontal() const { return horizontal_; }
-  double semiDiameter() const { return semiDiameter_; }            ///< topocentric, degrees
-  double hourAngle() const { return hourAngle_; }                  ///< radians, 0 up to 2 pi
-  double obliquity() const { return obliquity_; }                  ///< mean, radians
-  double nutationLongitude() const { return nutationLongitude_; }  ///< radians
-  double nutationObliquity() const { return nutationObliquity_; }  ///< radians
+  double semiDiameter() const { return semiDiameter_; }                   ///< topocentric, degrees
+  double hourAngle() const { return hourAngle_; }                         ///< radians, 0 up to 2 pi
+  double obliquity() const { return frame_.obliquity; }                   ///< mean, radians
+  double nutationLongitude() const { return frame_.nutation.longitude; }  ///< radians
+  double nutationObliquity() const { return frame_.nutation.obliquity; }  ///< radians
 
   /// Length of a shadow over the height of what throws it; large near the horizon,
   /// negative below it.
@@ -108,7 +117,9 @@ class PtPlanet {
   TopocentricPosition topocentric(const Vector3D& equatorial, double siderealTime);
 
   /// Azimuth and true elevation; the distance is passed through.
-  PtPolar horizontalFrom(double hourAngle, double declination, double distance) const;
+  PtPolar horizontalFrom(double hourAngle, double declination, double distance) const {
+    return sky_.horizontal(hourAngle, declination, distance);
+  }
 
   /// Apparent from true elevation, degrees, at most 90.
   double refractedElevation(double trueElevation) const;
@@ -145,12 +156,15 @@ class PtPlanet {
   double sinRiseAltitude(bool centre, double altitude, double distance) const;
 
  protected:
-  /// Brings obliquity and nutation to the moment T and returns the matrix from the
-  /// mean to the true equator and equinox of date.
-  Matrix3D refreshFrame(double T);
+  /// What the body moves among the stars at most, radians a day, seen from the Earth's
+  /// centre; within 30 centuries of J2000.0.  A search may rely on it.
+  virtual double fastestMotion() const = 0;
+
+  /// Makes the frame the one that the position belongs to.
+  void setFrame(const Frame& frame) { frame_ = frame; }
 
   /// The apparent place of a body whose mean equatorial place is known.
-  Vector3D apparentFromMean(const Vector3D& meanEquatorial, double T);
+  Vector3D apparentFromMean(const Vector3D& meanEquatorial, const Frame& frame);
 
   /// To be called when the body itself has moved, as setPosition does when the
   /// observer has: what the day's searches evaluated is no longer true.
@@ -163,22 +177,15 @@ class PtPlanet {
   DaySamples& daySamples(double mjdAt0, double deltaT);
   const DaySample& daySample(double mjdAt0, double deltaT, int hour);
   double targetSine(EventKind kind, double mjdAt0, double deltaT);
-  double equationOfEquinoxes() const;  // hours
-  double localHourAngle(double siderealTime, double rightAscension) const;
 
-  PtPosition observer_;
-  double longitude_ = 0;  ///< the observer's, radians
-  double sinLatitude_ = 0;
-  double cosLatitude_ = 1;
+  ObserverSky sky_;
+  Frame frame_;
 
   Vector3D ecliptic_;
   Vector3D equatorial_;
   PtPolar horizontal_;
   double semiDiameter_ = 0;
   double hourAngle_ = 0;
-  double obliquity_ = 0;
-  double nutationLongitude_ = 0;
-  double nutationObliquity_ = 0;
 
   /// The day that is searched, and the half day later in which a second dusk is.
   std::array<DaySamples, 2> windows_;

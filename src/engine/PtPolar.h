@@ -4,6 +4,7 @@
 
 namespace zenivo {
 
+/// PtPolar: where a body stands above the horizon.
 struct PtPolar {
   double azimuth_ = 0;    ///< degrees, from north through east, 0 up to 360
   double elevation_ = 0;  ///< degrees, lifted by refraction; negative below the horizon

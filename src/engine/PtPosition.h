@@ -4,7 +4,7 @@
 
 namespace zenivo {
 
-/// An observer on the ellipsoid: what is given, and what follows from it, his place
+/// PtPosition: an observer on the ellipsoid: what is given, and what follows from it, his place
 /// relative to the Earth's centre.  A value that is replaced whole, so that the one
 /// never belongs to another place than the other.
 ///

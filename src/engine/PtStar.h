@@ -6,6 +6,7 @@
 
 namespace zenivo::ephemeris {
 
+/// PtStar: a point at rest among the stars.
 class PtStar : public FixedBody {
  public:
   /// Right ascension and declination 0 until setEquatorialPosition.

@@ -12,8 +12,7 @@ namespace {
 
 /// Perturbations in longitude and latitude (arcseconds) and radius (1e-6 au).
 struct Perturbations {
-  double dl = 0;
-  double dr = 0;
+  Pair dlAndDr{0, 0};
   double db = 0;
 };
 
@@ -27,9 +26,9 @@ void addRow(const EarthMultiples& earth, const Multiples<kTop>& planet, double T
   if constexpr (row.i != 0) p = p * planet.template get<row.i>();
   if constexpr (row.k == 1) p = T * p;
   if constexpr (row.k == 2) p = (T * T) * p;
-  sum.dl += row.dlc * p.x + row.dls * p.y;
-  sum.dr += row.drc * p.x + row.drs * p.y;
-  if constexpr (row.dbc != 0 || row.dbs != 0) sum.db += row.dbc * p.x + row.dbs * p.y;
+  sum.dlAndDr +=
+      Pair{row.dlc, row.drc} * Pair{p.x(), p.x()} + Pair{row.dls, row.drs} * Pair{p.y(), p.y()};
+  if constexpr (row.dbc != 0 || row.dbs != 0) sum.db += row.dbc * p.x() + row.dbs * p.y();
 }
 
 /// The rows of one planet, written out one after the other by the compiler.
@@ -60,16 +59,19 @@ void addMoon(const Phasor& earth, double T, Perturbations& sum) {
   const Phasor plusA = D * A;
   const Phasor minusM3 = D * earth.conjugate();
   const Phasor plusM3 = D * earth;
-  sum.dl += 6.45 * D.y - 0.42 * minusA.y + 0.18 * plusA.y + 0.17 * minusM3.y - 0.06 * plusM3.y;
-  sum.dr += 30.76 * D.x - 3.06 * minusA.x + 0.85 * plusA.x - 0.58 * plusM3.x + 0.57 * minusM3.x;
+  const double dl =
+      6.45 * D.y() - 0.42 * minusA.y() + 0.18 * plusA.y() + 0.17 * minusM3.y() - 0.06 * plusM3.y();
+  const double dr =
+      30.76 * D.x() - 3.06 * minusA.x() + 0.85 * plusA.x() - 0.58 * plusM3.x() + 0.57 * minusM3.x();
+  sum.dlAndDr += Pair{dl, dr};
   sum.db += 0.576 * sineOfRevolutions(0.2591 + 1342.2278 * T);
 }
 
-void addLongPeriods(double T, Perturbations& sum) {
-  sum.dl += 6.4 * std::sin(kTwoPi * (0.6983 + 0.0561 * T)) +
-            1.87 * std::sin(kTwoPi * (0.5764 + 0.4174 * T)) +
-            0.27 * std::sin(kTwoPi * (0.4189 + 0.3306 * T)) +
-            0.2 * std::sin(kTwoPi * (0.3581 + 2.4814 * T));
+double longPeriods(double T) {
+  return 6.4 * std::sin(kTwoPi * (0.6983 + 0.0561 * T)) +
+         1.87 * std::sin(kTwoPi * (0.5764 + 0.4174 * T)) +
+         0.27 * std::sin(kTwoPi * (0.4189 + 0.3306 * T)) +
+         0.2 * std::sin(kTwoPi * (0.3581 + 2.4814 * T));
 }
 
 double meanDistance(double T) {
@@ -82,11 +84,11 @@ Vector3D fullSeries(double T) {
   Perturbations sum;
   addPlanets(EarthMultiples(first), T, sum);
   addMoon(first, T, sum);
-  addLongPeriods(T, sum);
+  const double dl = sum.dlAndDr[0] + longPeriods(T), dr = sum.dlAndDr[1];
   const double longitude =
-      kTwoPi * frac(0.7859453 + M3 + ((6191.2 + 1.1 * T) * T + sum.dl) / 1296000.0);
+      kTwoPi * frac(0.7859453 + M3 + ((6191.2 + 1.1 * T) * T + dl) / 1296000.0);
   return Vector3D::withPolar(longitude, sum.db / kArcsecondsPerRadian,
-                             meanDistance(T) + sum.dr / 1000000.0);
+                             meanDistance(T) + dr / 1000000.0);
 }
 
 Vector3D fastSeries(double T) {
@@ -94,7 +96,8 @@ Vector3D fastSeries(double T) {
   const Phasor first = phasor(kTwoPi * M);
   const Phasor second = first * first;
   const double longitude =
-      kTwoPi * frac(M + 0.7859453 + (6191.2 * T + 6893.0 * first.y + 72.0 * second.y) / 1296000.0);
+      kTwoPi *
+      frac(M + 0.7859453 + (6191.2 * T + 6893.0 * first.y() + 72.0 * second.y()) / 1296000.0);
   return Vector3D::withPolar(longitude, 0.0, meanDistance(T));
 }
 
@@ -105,11 +108,12 @@ Vector3D PtSun::eclipticPosition(bool highPrecision, double T) {
 }
 
 double PtSun::sinParallax(double distance) const {
-  return 0.00004263451510385646 / distance;  // 8.794 arcseconds at 1 au
+  return 0.00004263451510385646 / distance;  // the sine of 8.794 arcseconds
 }
 
 double PtSun::semiDiameter(double, double distance) const {
-  return 0.2665638888888889 / distance;  // 959.63 arcseconds at 1 au
+  constexpr double kAtOneUnit = 959.63 / 3600.0;  // degrees
+  return kAtOneUnit / distance;
 }
 
 }  // namespace zenivo::ephemeris

@@ -4,6 +4,8 @@
 
 namespace zenivo::ephemeris {
 
+// y = a x^2 + b x + y0 takes the values at -1, 0 and 1 with the a and b below.  Its extreme
+// is at xe = -b/2a, and the roots lie as far on either side of it.
 QuadraticRoots quadraticRoots(double yMinus, double y0, double yPlus) {
   const double a = (yMinus + yPlus) / 2.0 - y0;
   const double b = (yPlus - yMinus) / 2.0;

@@ -12,6 +12,9 @@ struct QuadraticRoots {
   double extremeValue = 0;  ///< of the parabola, inside the interval or not
 };
 
+/// Error: rounding.
+/// Special cases: three values on a line give its one root; values that are not numbers, or
+/// are all the same, none.
 /// Source: Montenbruck & Pfleger, Astronomy on the Personal Computer, chapter 3.
 QuadraticRoots quadraticRoots(double yMinus, double y0, double yPlus);
 

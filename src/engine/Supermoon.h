@@ -13,6 +13,9 @@ namespace zenivo {
 /// `date` is the moment of the full Moon and `moonDistance` the Moon's distance
 /// then, kilometres.  The month is that of the calendar; a perigee
 /// in the month after does not count, however near.
+/// Error: none of its own; distances are right to 30 km.
+/// Special cases: at the limits themselves no; a distance that is no number, no.
+/// Source: the common definition by a limit of distance, with its year's perigees.
 bool isFullMoonDateASupermoonDay(Date date, double moonDistance, const Calendar& calendar);
 
 /// How much bigger than the mean (0.517836 degrees) the Moon looks at a distance

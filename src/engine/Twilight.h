@@ -30,6 +30,7 @@ struct Twilights {
 };
 
 /// The astronomical twilight alone.
+/// Error, special cases and source: those of PtPlanet::riseSet.
 ///
 /// Where the Sun barely reaches -18 degrees, dusk comes after midnight, before the
 /// dawn of the same local day; a second dusk may follow late in the evening.

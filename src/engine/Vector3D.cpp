@@ -30,28 +30,6 @@ void Vector3D::derivePolar() const {
   bPolarValid_ = true;
 }
 
-Matrix3D rotationX(double angle) {
-  const double c = std::cos(angle);
-  const double s = std::sin(angle);
-  return {{{1, 0, 0}, {0, c, s}, {0, -s, c}}};
-}
-
-Matrix3D rotationZ(double angle) {
-  const double c = std::cos(angle);
-  const double s = std::sin(angle);
-  return {{{c, s, 0}, {-s, c, 0}, {0, 0, 1}}};
-}
-
-Matrix3D operator*(const Matrix3D& a, const Matrix3D& b) {
-  Matrix3D product{};
-  for (std::size_t i = 0; i < 3; ++i) {
-    for (std::size_t j = 0; j < 3; ++j) {
-      product[i][j] = a[i][0] * b[0][j] + a[i][1] * b[1][j] + a[i][2] * b[2][j];
-    }
-  }
-  return product;
-}
-
 Vector3D operator*(const Matrix3D& m, const Vector3D& v) {
   const auto row = [&](std::size_t i) {
     return m[i][0] * v.x() + m[i][1] * v.y() + m[i][2] * v.z();

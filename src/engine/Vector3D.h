@@ -1,4 +1,4 @@
-// Vectors and the rotations that carry them from one frame into another.
+// Vectors, and the matrices that carry them from one frame into another.
 
 #pragma once
 
@@ -46,12 +46,6 @@ class Vector3D {
 /// A matrix as three plain rows.
 using Matrix3D = std::array<std::array<double, 3>, 3>;
 
-/// The elementary rotations of the frame (not of the vector) by `angle` radians
-/// about its x and z axes.
-Matrix3D rotationX(double angle);
-Matrix3D rotationZ(double angle);
-
-Matrix3D operator*(const Matrix3D& a, const Matrix3D& b);
 Vector3D operator*(const Matrix3D& matrix, const Vector3D& vector);
 
 }  // namespace zenivo

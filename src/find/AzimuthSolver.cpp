@@ -9,8 +9,6 @@
 namespace zenivo {
 namespace {
 
-constexpr double kRadiansPerHour = 0.2617993877991494;
-
 /// The hour angle that belongs to an azimuth, for one observer.
 ///
 /// With A the azimuth, f the latitude, d the declination and H the hour angle,

@@ -9,8 +9,8 @@ namespace zenivo {
 
 /// The path of a resource, named from the resource folder on
 /// ("userDefaults.plist", "en.lproj/Common.strings").  The folder is
-/// $ZENIVO_RESOURCES, else the one the program was built with and, beside it, what
-/// that build made.
+/// $ZENIVO_RESOURCES, else the first of these that has it: ../share/zenivo beside the
+/// program, those of the build tree, and where the library was to be installed.
 std::filesystem::path resourcePath(std::string_view name);
 
 }  // namespace zenivo

@@ -92,6 +92,7 @@ int dayOfYear(const DateComponents& c) {
 }  // namespace
 
 DateComponents Calendar::componentsFromDate(Date date) const {
+  if (!std::isfinite(date.timeIntervalSince1970())) return {};
   const Seconds second(
       cctz::seconds(static_cast<std::int64_t>(std::floor(date.timeIntervalSince1970()))));
   return componentsOf(zone_.rules().lookup(second).cs);

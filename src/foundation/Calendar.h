@@ -40,7 +40,8 @@ class Calendar {
   const TimeZone& timeZone() const { return zone_; }
   void setTimeZone(const TimeZone& zone) { zone_ = zone; }
 
-  /// The civil date and time of a moment; fractions of a second are dropped.
+  /// The civil date and time of a moment; fractions of a second are dropped.  All 0 for
+  /// what is no moment.
   DateComponents componentsFromDate(Date date) const;
 
   /// The moment of a civil date and time.  A time that the zone's clock skips is

@@ -107,9 +107,11 @@ std::string timeStringFromDate(Date date) {
 }
 
 std::string iso8601String(Date date, const TimeZone& zone) {
-  const double nearest = std::floor(date.timeIntervalSince1970() + 0.5);
-  return DateFormatter("%E4Y-%m-%dT%H:%M:%S%Ez", zone)
-      .stringFromDate(Date::withTimeIntervalSince1970(nearest));
+  const Date nearest =
+      Date::withTimeIntervalSince1970(std::floor(date.timeIntervalSince1970() + 0.5));
+  const bool isWholeMinutes = zone.secondsFromGMTForDate(nearest) % 60 == 0;
+  return DateFormatter(isWholeMinutes ? "%E4Y-%m-%dT%H:%M:%S%Ez" : "%E4Y-%m-%dT%H:%M:%S%E*z", zone)
+      .stringFromDate(nearest);
 }
 
 }  // namespace zenivo

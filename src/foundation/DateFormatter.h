@@ -38,7 +38,8 @@ void setSharedFormattersTimeZone(const TimeZone& zone);
 /// The time of day by the shared formatter.
 std::string timeStringFromDate(Date date);
 
-/// Such as "2026-06-21T05:47:00+02:00", to the nearest second.
+/// Such as "2026-06-21T05:47:00+02:00", to the nearest second; with the seconds of an offset
+/// that has some, as the mean times of old: "1900-01-01T12:00:00+00:09:21".
 std::string iso8601String(Date date, const TimeZone& zone);
 
 }  // namespace zenivo

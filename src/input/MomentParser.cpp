@@ -133,11 +133,16 @@ std::optional<int> readOffset(Scanner& scanner) {
   const bool isWest = scanner.isNext("-");
   if (!scanner.accept("+-")) scanner.failForm();
   const int hours = scanner.digits(2);
-  const int minutes = scanner.accept(":") || !scanner.isAtEnd() ? scanner.digits(2) : 0;
+  const auto more = [&] {
+    return scanner.accept(":") || !scanner.isAtEnd() ? scanner.digits(2) : 0;
+  };
+  const int minutes = more();
+  const int seconds = more();
   if (hours > 23) scanner.fail("the offset must be less than 24 hours");
   if (minutes > 59) scanner.fail("the offset's minutes must be 0 to 59");
-  const int seconds = hours * 3600 + minutes * 60;
-  return isWest ? -seconds : seconds;
+  if (seconds > 59) scanner.fail("the offset's seconds must be 0 to 59");
+  const int size = hours * 3600 + minutes * 60 + seconds;
+  return isWest ? -size : size;
 }
 
 std::string text(cctz::civil_second t) {

@@ -12,7 +12,8 @@ namespace zenivo {
 
 /// Reads "now" or an ISO 8601 date and time: 2026-06-21T05:47, with seconds and their
 /// fraction if wanted, a space in place of the T, without the separators
-/// (20260621T0547), and with Z or an offset (+02:00, +0200, +02).  Without
+/// (20260621T0547), and with Z or an offset (+02:00, +0200, +02,
+/// with seconds +00:09:21).  Without
 /// either the time is local to `zone`; of a time that comes twice when clocks
 /// go back the first is meant, and the second is written with its offset.  A date
 /// alone means the moment its local day begins.

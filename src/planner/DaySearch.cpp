@@ -21,8 +21,8 @@ bool isSupermoon(ephemeris::PtMoon& moon, const PtMoonPhaseWithDate& phase,
                  const Calendar& calendar) {
   if (phase.phase != kFullMoon) return false;
   moon.computePosition(true, getMjd(phase.date), getDeltaT(phase.date));
-  return isFullMoonDateASupermoonDay(dateWithPtDateTime(phase.date), moon.horizontal().distance_,
-                                     calendar);
+  return isFullMoonDateASupermoonDay(dateWithPtDateTime(phase.date, true),
+                                     moon.horizontal().distance_, calendar);
 }
 
 }  // namespace

@@ -14,9 +14,7 @@ void MonthPhases::moveTo(Date moment, const Calendar& calendar) {
 
 std::optional<PtMoonPhaseWithDate> MonthPhases::ofDay(const LocalDay& day,
                                                       const Calendar& calendar) const {
-  // The list of the month in which the day before lies holds the day's phase also
-  // where rounding carries a phase over the midnight between two months.
-  const PtDateTime start = startOfMonthOfDate(day.dayAfter(-1, calendar).date, calendar);
+  const PtDateTime start = startOfMonthOfDate(day.date, calendar);
   const bool isListed = start_ == start && !phases_.empty();
   const std::vector<PtMoonPhaseWithDate> otherMonth =
       isListed ? std::vector<PtMoonPhaseWithDate>() : phasesFromDate(start);

@@ -14,7 +14,8 @@ std::optional<PtMoonPhaseWithDate> neighbouringPhase(Date date, bool forward,
     const Date moment = dateWithPtDateTime(candidate.date);
     if (forward ? moment <= date : moment >= date) return false;
     return phase == kNoMoonPhase ||
-           (candidate.phase == phase && !isDateSameDayAsDate(moment, date, calendar));
+           (candidate.phase == phase &&
+            !isDateSameDayAsDate(dateWithPtDateTime(candidate.date, true), date, calendar));
   };
   // A list reaches from the start of its month over nearly two lunations.  Two months
   // back there is a phase of each kind even when February has none.

@@ -37,6 +37,7 @@ PlannerManager::PlannerManager(UserDefaults& userDefaults, PlannerSides sides)
       azimuthManager_(std::move(sides.azimuthManager)),
       makeMeteorLayer_(std::move(sides.meteors)),
       calendar_(cachedCalendar()),
+      leavesProcessZone_(sides.leavesProcessZone),
       days_(*sun_, *moon_),
       night_(*milkyWay_) {
   isFirstLaunch_ = !userDefaults.objectForKey(settings::planner_observer);
@@ -264,7 +265,7 @@ void PlannerManager::setCurrentTimeZone(const TimeZone& zone) {
 
 void PlannerManager::adoptTimeZone(const TimeZone& zone) {
   calendar_.setTimeZone(zone);
-  setProcessTimeZone(zone);
+  if (!leavesProcessZone_) setProcessTimeZone(zone);
 }
 
 void PlannerManager::restoreTimeZone() const {

@@ -41,6 +41,7 @@ struct PlannerSides {
   GeodesicsFactory geodesics;
   std::unique_ptr<AzimuthManager> azimuthManager;
   MakeMeteorLayer meteors;
+  bool leavesProcessZone = false;  ///< for a session whose zone is nobody's but its own
 };
 
 /// Keeps the events of yesterday, today and tomorrow around its moment, in the local
@@ -51,9 +52,9 @@ struct PlannerSides {
 /// position of each body inside the local day, one day of searches across a
 /// midnight, and three for a day or more, another place or another zone.
 ///
-/// Its zone is its own: sessions in different zones do not disturb one another.  The zone
-/// of the process follows the session that set its own last, for those who read
-/// cachedCalendar and the shared formatters.  Belongs to the main thread.
+/// Its zone is its own: sessions in different zones do not disturb one another.  Unless it
+/// was told to leave it, the zone of the process follows the session that set its own last,
+/// for those who read cachedCalendar and the shared formatters.  Belongs to the main thread.
 class PlannerManager : public MapManager {
  public:
   /// Reads place, moment and zone from the settings; without a moment it is now, and
@@ -302,6 +303,7 @@ class PlannerManager : public MapManager {
 
   Date currentDate_;
   Calendar calendar_;
+  bool leavesProcessZone_ = false;
   bool autoDetectTimeZone_ = false;
   bool shouldReloadTimeZone_ = false;
   bool updateAltitude_ = false;

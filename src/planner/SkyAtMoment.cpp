@@ -24,10 +24,9 @@ double SkyAtMoment::moonShadowRatio() const {
 
 void computeBodies(Date date, ephemeris::PtSun& sun, ephemeris::PtMoon& moon) {
   const PtDateTime record = ptDateTimeForDate(date);
-  const double mjd = getMjd(record);
-  const double deltaT = getDeltaT(record);
-  sun.computePosition(true, mjd, deltaT);
-  moon.computePosition(true, mjd, deltaT);
+  const ephemeris::Frame frame = ephemeris::frameAt(getMjd(record), getDeltaT(record));
+  sun.computePosition(true, frame);
+  moon.computePosition(true, frame);
 }
 
 SkyAtMoment skyAtMoment(Date date, ephemeris::PtSun& sun, ephemeris::PtMoon& moon,

@@ -2,9 +2,14 @@
 #include "time/Mjd.h"
 
 #include <cmath>
+#include <limits>
 
 namespace zenivo {
 
+// Years begin in March, so that the leap day is a year's last; from then on the months have
+// 30.6 days in the mean, and 30.6001 times the number of months is cut down to the days
+// before each.  -679004 brings March of the year 0 to the count from 1858 November 17, -1181
+// the leap days of the Julian years to those of the Gregorian ones.
 double mjdFromCivilDate(const CivilDate& date) {
   std::int64_t year = date.year;
   std::int64_t month = date.month;
@@ -22,8 +27,12 @@ double mjdFromCivilDate(const CivilDate& date) {
          date.minutes / kMinutesPerDay;
 }
 
+// The same backwards: alpha counts the Gregorian centuries, whose left-out leap days are put
+// in again; then c years of 365.25 days and e months of 30.6001 are taken off.
 CivilDate civilDateFromJd(double jd) {
   constexpr double kFirstGregorianDay = 2299161;
+  constexpr double kFarthest = 7e11;  // days; a year beyond does not fit the records
+  if (!(std::abs(jd) < kFarthest)) return {.minutes = std::numeric_limits<double>::quiet_NaN()};
   const double x = jd + 0.5;
   const double dayNumber = std::trunc(x);
   double a = dayNumber;

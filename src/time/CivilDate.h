@@ -16,10 +16,16 @@ struct CivilDate {
   double minutes = 0;  ///< with their fraction
 };
 
-/// Modified Julian date of a civil date.  Years from -4716 on.
+/// Modified Julian date of a civil date.
+/// Error: rounding, 1e-10 days in this millennium.
+/// Special cases: years from -4716 on; the ten days that the reform left out are counted on.
+/// Source: Montenbruck & Pfleger, Astronomy on the Personal Computer, chapter 2.
 double mjdFromCivilDate(const CivilDate& date);
 
-/// Civil date of a Julian date; minutes below 60, with rounding noise.
+/// Civil date of a Julian date; minutes below 60, with rounding noise.  Of what is not a
+/// number, or farther than two milliard years, the year 0 and minutes that are not a number.
+/// Error: a Julian date in a double is good to 40 microseconds.
+/// Special cases: Julian dates from 0 on.
 /// Source: Meeus, Astronomical Algorithms, chapter 7.
 CivilDate civilDateFromJd(double jd);
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <mutex>
 #include <string_view>
@@ -40,7 +41,14 @@ SharedCalendar& sharedCalendar() {
   return calendar;
 }
 
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+bool isMoment(Date date) {
+  return std::isfinite(date.timeIntervalSinceReferenceDate());
+}
+
 Date atTimeOfLocalDay(Date date, const Calendar& calendar, int hour, int minute, int second) {
+  if (!isMoment(date)) return Date::withTimeIntervalSinceReferenceDate(kNaN);
   DateComponents c = calendar.componentsFromDate(date);
   c.hour = hour;
   c.minute = minute;
@@ -64,6 +72,7 @@ const Calendar& gmtCachedCalendar() {
 }
 
 Date dateWithPtDateTime(const PtDateTime& record, bool withSeconds) {
+  if (!std::isfinite(record.minutes)) return Date::withTimeIntervalSinceReferenceDate(kNaN);
   DateComponents c{
       .year = record.year, .month = record.month, .day = record.day, .hour = record.hour};
   if (withSeconds) {
@@ -76,6 +85,7 @@ Date dateWithPtDateTime(const PtDateTime& record, bool withSeconds) {
 }
 
 PtDateTime ptDateTimeForDate(Date date) {
+  if (!isMoment(date)) return {.minutes = kNaN};
   const DateComponents c = gmtCachedCalendar().componentsFromDate(date);
   return {.year = static_cast<std::int32_t>(c.year),
           .month = c.month,
@@ -88,6 +98,11 @@ Date dateFromModifiedJulianDay(double mjd, bool withSeconds) {
   PtDateTime record;
   setFromMjd(record, mjd);
   return dateWithPtDateTime(record, withSeconds);
+}
+
+Date dateOfMjd(double mjd) {
+  constexpr double kMjdOf1970 = 40587;
+  return Date::withTimeIntervalSince1970((mjd - kMjdOf1970) * kSecondsPerDay);
 }
 
 double modifiedJulianDay(Date date) {
@@ -111,7 +126,7 @@ Date dateWithEndDateTime(Date date, const Calendar& calendar) {
 }
 
 Date dateByAddingNumberOfDays(Date date, int days, const Calendar& calendar) {
-  return calendar.dateByAddingComponents({.day = days}, date);
+  return isMoment(date) ? calendar.dateByAddingComponents({.day = days}, date) : date;
 }
 
 Date firstDayOfYear(std::int64_t year, const Calendar& calendar) {

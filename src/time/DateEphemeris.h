@@ -22,7 +22,8 @@ void setCachedCalendarTimeZone(const TimeZone& zone);
 /// The calendar in the zone "GMT".
 const Calendar& gmtCachedCalendar();
 
-// Records, mjd values and dates.  All in Universal Time.
+// Records, mjd values and dates.  All in Universal Time.  Of what is not a number follows
+// nothing that is one: a date, an mjd, minutes that are not a number.
 
 /// With seconds: down to the whole second.  Without: the nearest whole minute.
 Date dateWithPtDateTime(const PtDateTime& record, bool withSeconds = false);
@@ -32,6 +33,9 @@ PtDateTime ptDateTimeForDate(Date date);
 
 /// Without seconds the date stands on a whole minute.
 Date dateFromModifiedJulianDay(double mjd, bool withSeconds = false);
+
+/// The moment of a real mjd, without rounding.
+Date dateOfMjd(double mjd);
 
 /// Fractions of a second are lost.
 double modifiedJulianDay(Date date);

@@ -18,10 +18,12 @@ struct DeltaTCubicTerms {
 /// system's own: they step at the bounds, and before 2005 they are not the
 /// published ones.  Everything the system ever stored was computed with them,
 /// so they stay.  One expression serves all years before 1600.
-/// Error against what was observed: 2 s since 2005; before that up to 15 s (1986
+/// Error: against what was observed 2 s since 2005; before that up to 15 s (1986
 /// to 2005), 8 s (1941 to 1986), 39 s (1900 to 1941), 3 minutes (1860 to 1900)
 /// and, by the end of the 1850s, 50 minutes, in which the Moon moves by half a
-/// degree.
+/// degree; near the observed values at the beginning of each span.
+/// Special cases: steps by up to 19 s at the bounds; none for what is not a number.
+/// Source: as above.
 double deltaTForYear(double year, const DeltaTCubicTerms& cubic);
 
 }  // namespace zenivo

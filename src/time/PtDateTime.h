@@ -9,7 +9,7 @@
 
 namespace zenivo {
 
-/// A civil date and time, always Universal Time.  Records order by year, month,
+/// PtDateTime: a civil date and time, always Universal Time.  Records order by year, month,
 /// day, hour and minutes in turn; minutes compare exactly.
 struct PtDateTime {
   std::int32_t year = 0;   ///< astronomical: the year before 1 is 0

@@ -7,7 +7,7 @@
 
 namespace zenivo {
 
-/// A civil date and time, always Universal Time: PtDateTime's twin.  It differs
+/// ZVDateTime: a civil date and time, always Universal Time, PtDateTime's twin.  It differs
 /// in three things: minutes keep all their digits, deltaT has the cubic terms
 /// of 1941 to 1986, and the decimal year counts every day.
 class ZVDateTime {

@@ -147,15 +147,6 @@ TEST_F(DofCalculators, DistancesAreDrivenByLimitsOnly) {
   EXPECT_EQ(calculator.offeredFields().size(), 3U);
 }
 
-TEST_F(DofCalculators, ACameraThatHasGoneGivesNoValues) {
-  defaults.setObject("sold", settings::global_camera);
-  DofCalculator calculator(environment());
-  calculator.load();
-  EXPECT_FALSE(calculator.camera());
-  EXPECT_TRUE(std::isnan(calculator.model().dofNearLimit()) ||
-              std::isinf(calculator.model().hyperfocal()));
-}
-
 TEST_F(DofCalculators, TheAdvancedFormTakesTheAdjustedCircle) {
   CocForm form(environment());
   form.setPrintSize({"0.508"}, {"0.4064"});
@@ -177,36 +168,6 @@ TEST_F(DofCalculators, TheFormRefusesWhatIsNoCircle) {
   EXPECT_FLOAT_EQ(storedCocCalculator(defaults, 0.03F).adjustedCoc(), 0.02F);
   EXPECT_FLOAT_EQ((TypedLength{"1", "6"}).metres(UnitSystem::imperial), 0.4572F);
   EXPECT_FLOAT_EQ((TypedLength{"x", "6"}).metres(UnitSystem::imperial), 0.1524F);
-}
-
-TEST_F(DofCalculators, TablesAgreeWithTheModel) {
-  DofTable table(environment());
-  table.load();
-  HyperfocalTable hyperfocals(environment());
-  hyperfocals.load();
-  ASSERT_EQ(table.stops(), apertures.stops());
-  const Dof reference(table.lens().focalLength, apertures.stops()[20], 0.75F, 1, 1,
-                      table.camera()->coc);
-  const DofTable::Cell cell = table.cell(3, 20);
-  EXPECT_EQ(cell.nearLimit, reference.dofNearLimit());
-  EXPECT_EQ(cell.farLimit, reference.dofFarLimit());
-  EXPECT_EQ(cell.depthOfField, reference.depthOfField());
-  EXPECT_EQ(table.hyperfocal(20), reference.hyperfocal());
-  EXPECT_EQ(hyperfocals.focalLengths()[29], 0.05F);
-  EXPECT_EQ(hyperfocals.hyperfocal(29, 20), reference.hyperfocal());
-}
-
-TEST_F(DofCalculators, TablesOfFixedCameras) {
-  choose(4);
-  DofTable table(environment());
-  table.load();
-  HyperfocalTable hyperfocals(environment());
-  hyperfocals.load();
-  EXPECT_EQ(table.stops().size(), 1U);
-  EXPECT_EQ(table.stops()[0].fstop, 2);
-  EXPECT_EQ(table.setLens({0.1F}), cannotChangeFocalLength());
-  EXPECT_EQ(hyperfocals.focalLengths().size(), 1U);
-  EXPECT_FLOAT_EQ(hyperfocals.focalLengths()[0], 0.035F);
 }
 
 TEST_F(DofCalculators, TablePositionsStayInTheTable) {

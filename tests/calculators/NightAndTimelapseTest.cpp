@@ -13,13 +13,6 @@ namespace {
 
 class NightCalculators : public CalculatorTest {};
 
-TEST_F(NightCalculators, TheFormerDeclinationIsCorrectedOnce) {
-  defaults.setFloat(35, settings::nightSpotStars_declination);
-  EXPECT_EQ(SpotStarsCalculator(environment()).model().declination(), 0);
-  defaults.setFloat(35, settings::nightSpotStars_declination);
-  EXPECT_EQ(SpotStarsCalculator(environment()).model().declination(), 35) << "the user's own now";
-}
-
 TEST_F(NightCalculators, CamerasGiveTheSensorAndFixedValues) {
   choose(4);
   SpotStarsCalculator calculator(environment());
@@ -39,9 +32,21 @@ TEST_F(NightCalculators, TrailsFollowTimeAngleAndTouch) {
   EXPECT_EQ(calculator.model().exposureTime, 60) << "0 is stored";
   calculator.setExposureTime(3600);
   EXPECT_FLOAT_EQ(calculator.model().angle, 15.041068F);
-  calculator.setAngleByTouch({10, 0}, {10, 10});  // straight above: y runs down
+  NightStarTrailsView view(&calculator);
+  view.touch({10, 0}, {10, 10});  // straight above: y runs down
   EXPECT_FLOAT_EQ(calculator.model().angle, 270);
   EXPECT_NEAR(calculator.model().exposureTime, 0.75 * 86164.1, 1);
+}
+
+TEST(NightStarTrailsView, DragsAllTheWayRound) {
+  NightStarTrailsView view;
+  for (int degrees = 0; degrees < 360; ++degrees) {
+    const double angle = degrees * M_PI / 180;
+    view.touch({5 + 3 * std::cos(angle), 7 + 3 * std::sin(angle)}, {5, 7});
+    EXPECT_NEAR(std::remainder(double{view.angle()} - degrees, 360), 0, 1e-4) << degrees;
+    EXPECT_GE(view.angle(), 0);
+  }
+  for (const TrailStar& star : NightStarTrailsView::stars()) EXPECT_LT(star.radius, 1);
 }
 
 class TimelapseCalculators : public CalculatorTest {

@@ -20,7 +20,7 @@ TEST_F(LibraryCommands, Cameras) {
 }
 
 TEST_F(LibraryCommands, Camera) {
-  EXPECT_THAT(run("camera show X100V").output, HasSubstr("23 mm f/2\n"));
+  EXPECT_THAT(run("camera show 'iPhone 11'").output, HasSubstr("4.25 mm f/1.8\n"));
   const auto added = jsonOf(
       "camera add ' Pinhole ' --sensor '60 x 45mm' --film --focal 40.5mm"
       " --aperture f/138 --coc 0.06");

@@ -122,6 +122,7 @@ TEST_F(TimerCommand, SaysThatItEndedWhileNobodyLooked) {
 }
 
 TEST_F(TimerCommand, OneLineOnATerminal) {
+  if (!canHaveTerminal()) GTEST_SKIP() << "no terminal can be had here";
   const Outcome outcome = lines(
       "export TERM=xterm; until_shown() { until grep -q until out; do sleep 0.02; done; }\n"
       "script -qec '" ZENIVO_PROGRAM

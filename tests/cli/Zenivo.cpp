@@ -1,7 +1,9 @@
 #include "cli/Zenivo.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -44,6 +46,16 @@ nlohmann::ordered_json answer(const std::string& arguments) {
   auto json = nlohmann::ordered_json::parse(outcome.output, nullptr, false);
   EXPECT_FALSE(json.is_discarded()) << arguments << ": " << outcome.output;
   return json;
+}
+
+bool canHaveTerminal() {
+  const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+  if (terminal < 0) return false;
+  const bool isUsable = ::grantpt(terminal) == 0 && ::unlockpt(terminal) == 0;
+  const char* name = ::ptsname(terminal);
+  const bool isThere = isUsable && name != nullptr && ::access(name, R_OK | W_OK) == 0;
+  ::close(terminal);
+  return isThere;
 }
 
 std::vector<std::string> linesOf(const std::string& text) {

@@ -23,6 +23,10 @@ Outcome zenivo(const std::string& arguments);
 /// The answer with --json; fails the test unless it is one and the exit code 0.
 nlohmann::ordered_json answer(const std::string& arguments);
 
+/// Whether a terminal can be had here, as it cannot where there is no /dev/pts: a test that
+/// needs one says so and is skipped.
+bool canHaveTerminal();
+
 std::vector<std::string> linesOf(const std::string& text);
 
 /// The keys of an object and the objects in it, in order: "sun.rise.mjd".  Of a list the keys

@@ -72,6 +72,33 @@ TEST_F(MilkyWay, NightsThatAreHardToPlace) {
   for (const NightCase& night : cases) expectWindow(night);
 }
 
+// At the poles of the southern winter the Sun stays below -18 degrees for weeks, and the
+// centre, 29 degrees and more above the horizon, is seen from noon to noon; on the last
+// days before them from dusk.
+TEST_F(MilkyWay, APolarNightIsSeenToTheEndsOfItsDays) {
+  const struct {
+    double latitude;
+    int month, day;
+    bool fromNoon, toNoon;
+  } cases[] = {{-90.0, 6, 21, true, true},
+               {-85.5, 6, 21, true, true},
+               {-85.5, 6, 4, false, true},
+               {-85.5, 7, 7, true, false},
+               {-85.5, 6, 1, false, false}};
+  for (const auto& c : cases) {
+    const Date noon = observe({"", c.latitude, 0.0, "GMT", {2026, c.month, c.day}});
+    const double start = modifiedJulianDay(noon);
+    const MilkyWayEvent event = visibilityAt(noon);
+    EXPECT_EQ(event.mjdVisibilityFrom == start, c.fromNoon) << c.latitude << " " << c.day;
+    EXPECT_EQ(event.mjdVisibilityTo == start + 1.0, c.toNoon) << c.latitude << " " << c.day;
+    EXPECT_GE(event.mjdVisibilityFrom, start);
+    EXPECT_LE(event.mjdVisibilityTo, start + 1.0);
+    EXPECT_GT(event.mjdVisibilityTo - event.mjdVisibilityFrom, 0.8);
+    const Date dayBefore = dateByAddingNumberOfDays(noon, -1, cachedCalendar());
+    EXPECT_EQ(nextDateGalacticCenterIsVisible(milkyWay, sun, dayBefore, cachedCalendar()), noon);
+  }
+}
+
 // Where the Sun stays below -12 degrees, no morning ends a night: the coming one
 // counts, in the years of negative mjd, too.
 TEST_F(MilkyWay, AWinterWithoutNauticalTwilight) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <iostream>
 #include <random>
 #include <utility>
 
@@ -66,6 +67,9 @@ TEST_F(MoonPhaseTest, PhasesAgreeWithTheEphemeris) {
         kAberrationOfSun;
     worst = std::max(worst, std::abs(angleDifference(ahead, quarter * 90.0)) * 3600.0);
   }
+  std::cout << "worst miss: phases of the Moon "
+            << worst / (360.0 / 29.530588853 * 3600.0) * 86400.0
+            << " s against the theories of Sun and Moon, 1950-2050\n";
   EXPECT_LT(worst, 12.0);
 }
 
@@ -168,25 +172,6 @@ TEST_F(MoonPhaseTest, Ages) {
   for (const auto& [moment, newMoon] : cases) {
     EXPECT_NEAR(moonAgeAt(dateWithPtDateTime(moment), cachedCalendar()),
                 getMjd(moment) - getMjd(newMoon), 1.5 / 1440.0);
-  }
-}
-
-// Through months and years in any zone there is an age, and it grows day by day
-// until a new Moon sets it back.
-TEST_F(MoonPhaseTest, AnAgeAlwaysExists) {
-  setCachedCalendarTimeZone(TimeZone::timeZoneWithName("Pacific/Kiritimati").value());
-  for (const std::int32_t year : {-3999, 1582, 2014, 5999}) {
-    double previous = 0;
-    for (int day = 0; day < 800; ++day) {
-      PtDateTime moment;
-      setFromMjd(moment, getMjd({year, 1, 1, 6, 0}) + day * 0.9);
-      const double age =
-          static_cast<double>(moonAgeAt(dateWithPtDateTime(moment), cachedCalendar()));
-      ASSERT_TRUE(age > 0.0 && age < 29.9) << year << ' ' << day;
-      ASSERT_TRUE(age < 0.9 || day == 0 || std::abs(age - previous - 0.9) < 1e-3)
-          << year << ' ' << day;
-      previous = age;
-    }
   }
 }
 

@@ -72,6 +72,28 @@ TEST(MoonPhases, APhaseAtTheStartItselfIsListed) {
   EXPECT_GT(phasesFromDate(later).front().date, later);
 }
 
+// A phase in the last half minute of a day belongs to that day, in the search of the day
+// as in the list of its month, and not to the next one with a time of the day before.
+TEST(MoonPhases, OneDayForOneMoment) {
+  const Calendar gmt{TimeZone()};
+  int lastHalfMinutes = 0;
+  for (int quarter = -4 * 3700; quarter < 4 * 3700; ++quarter) {
+    PtMoonPhaseWithDate phase{.phase = (quarter % 4 + 4) % 4, .date = {}};
+    setFromJd(phase.date, moonPhaseJulianEphemerisDate(quarter / 4.0));
+    const PtDateTime& at = phase.date;
+    if (at.hour < 23 || at.minutes < 59.5 || at.minutes >= 60.0) continue;
+    ++lastHalfMinutes;
+    const DateComponents day = localDayOfPhase(phase, gmt);
+    EXPECT_EQ(day.day, at.day) << at.year;
+    EXPECT_EQ(day.month, at.month) << at.year;
+    const auto month = phasesFromDate(startOfMonth(at.year, at.month, gmt));
+    const auto* found = phaseForDayOfMonth(month, at.day, at.month, gmt);
+    ASSERT_NE(found, nullptr) << at.year;
+    EXPECT_EQ(found->phase, phase.phase) << at.year;
+  }
+  EXPECT_GT(lastHalfMinutes, 3);
+}
+
 class LocalMonth : public testing::Test {
  protected:
   void TearDown() override { setCachedCalendarTimeZone(TimeZone::defaultTimeZone()); }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iostream>
 #include <memory>
 #include <random>
 
@@ -61,8 +62,9 @@ double missInSeconds(const RiseSet& found, const Height& height) {
   return std::max(missOfOne(found.rise, true, height), missOfOne(found.set, false, height));
 }
 
-TEST(RiseSet, SunWithin45SecondsOfLibnova) {
+TEST(RiseSet, SunWithinTheErrorOfLibnova) {
   Cases cases(60.0, 1950, 2050);
+  double worst = 0;
   for (int i = 0; i < 120; ++i) {
     const PtPosition place = cases.place();
     const double mjdAt0 = cases.midnight();
@@ -74,13 +76,18 @@ TEST(RiseSet, SunWithin45SecondsOfLibnova) {
                                           : sky.altitude - altitudeOf(kind);
       };
       const RiseSet found = sun.riseSet(kind, mjdAt0, kDeltaT);
-      EXPECT_LT(missInSeconds(found, height), 45.0) << place.latitude() << " " << mjdAt0;
+      const double miss = missInSeconds(found, height);
+      EXPECT_LT(miss, 25.0) << place.latitude() << " " << mjdAt0;
+      worst = std::max(worst, miss);
     }
   }
+  std::cout << "worst miss: sunrise, sunset and twilights " << worst
+            << " s against libnova, to 60 degrees of latitude, 1950-2050\n";
 }
 
-TEST(RiseSet, MoonWithin45SecondsOfLibnova) {
+TEST(RiseSet, MoonWithinTheErrorOfLibnova) {
   Cases cases(60.0, 1950, 2050);
+  double worst = 0;
   for (int i = 0; i < 40; ++i) {
     const PtPosition place = cases.place();
     const RiseSet found = PtMoon(place).riseSet(EventKind::riseSet, cases.midnight(), kDeltaT);
@@ -88,12 +95,17 @@ TEST(RiseSet, MoonWithin45SecondsOfLibnova) {
       return libnova::moonOverHorizon(
           libnova::moonSky(mjd, kDeltaT, place.latitude(), place.longitude()));
     };
-    EXPECT_LT(missInSeconds(found, height), 45.0) << place.latitude() << " " << found.rise;
+    const double miss = missInSeconds(found, height);
+    EXPECT_LT(miss, 25.0) << place.latitude() << " " << found.rise;
+    worst = std::max(worst, miss);
   }
+  std::cout << "worst miss: moonrise and moonset " << worst
+            << " s against libnova, to 60 degrees of latitude, 1950-2050\n";
 }
 
 TEST(Transit, WithinSecondsOfLibnova) {
   Cases cases(85.0, 1950, 2050);
+  double worstSun = 0, worstMoon = 0;
   for (int i = 0; i < 100; ++i) {
     const PtPosition place = cases.place();
     const double mjdAt0 = cases.midnight();
@@ -102,48 +114,20 @@ TEST(Transit, WithinSecondsOfLibnova) {
       return std::abs(sky(mjd, kDeltaT, place.latitude(), place.longitude()).hourAngle) / kTwoPi *
              86400.0;
     };
-    EXPECT_LT(miss(PtSun(place).transit(mjdAt0, kDeltaT), libnova::sunSky), 5.0) << mjdAt0;
-    EXPECT_LT(miss(PtMoon(place).transit(mjdAt0, kDeltaT), libnova::moonSky), 160.0) << mjdAt0;
+    worstSun = std::max(worstSun, miss(PtSun(place).transit(mjdAt0, kDeltaT), libnova::sunSky));
+    worstMoon = std::max(worstMoon, miss(PtMoon(place).transit(mjdAt0, kDeltaT), libnova::moonSky));
   }
+  std::cout << "worst miss: transit of the Sun " << worstSun << " s, of the Moon " << worstMoon
+            << " s against libnova, 1950-2050\n";
+  EXPECT_LT(worstSun, 2.0);
+  EXPECT_LT(worstMoon, 160.0);
 }
 
-/// The search as it is described, each sample evaluated where it is needed.
+// A body that has answered for other days, places and kinds gives the same bits as a new
+// one, and a search that leaves hours out the same as one that samples them all.
 template <class Body>
-RiseSet plainSearch(EventKind kind, double mjdAt0, const PtPosition& observer) {
-  Body body(observer);
-  const double sines[] = {-0.10452846326765347, -0.20791169081775934, -0.3090169943749474, 0,
-                          0.10452846326765347,  -0.0697564737441253};
-  double target = sines[static_cast<std::size_t>(kind)];
-  if (kind == EventKind::riseSet) {
-    target = body.sinRiseAltitude(false, 0.0, body.equatorialPosition(true, mjdAt0, kDeltaT).r());
-  }
-  const double first = body.sinAltitude(mjdAt0, kDeltaT, 0) - target;
-  double yMinus = first, rise = 0, set = 0;
-  bool rises = false, sets = false;
-  for (int hour = 1; hour < 25 && !(rises && sets); hour += 2) {
-    const double y0 = body.sinAltitude(mjdAt0, kDeltaT, hour) - target;
-    const double yPlus = body.sinAltitude(mjdAt0, kDeltaT, hour + 1) - target;
-    const QuadraticRoots r = quadraticRoots(yMinus, y0, yPlus);
-    if (r.count == 2 || (r.count == 1 && yMinus < 0)) {
-      rise = hour + (r.count == 2 && r.extremeValue < 0 ? r.root2 : r.root1);
-      rises = true;
-    }
-    if (r.count == 2 || (r.count == 1 && yMinus >= 0)) {
-      set = hour + (r.count == 2 && r.extremeValue >= 0 ? r.root2 : r.root1);
-      sets = true;
-    }
-    yMinus = yPlus;
-  }
-  if (!rises && !sets) {
-    return first > 0 ? RiseSet{kAlwaysAbove, kAlwaysAbove} : RiseSet{kAlwaysBelow, kAlwaysBelow};
-  }
-  return {rises ? mjdAt0 + rise / 24.0 : kNotThisDay, sets ? mjdAt0 + set / 24.0 : kNotThisDay};
-}
-
-// A body that has answered for other days, places and kinds gives the same bits as a
-// new one that evaluates every sample afresh.
-template <class Body>
-void expectSharedSamplesChangeNothing() {
+void expectSavingsChangeNothing() {
+  constexpr double kNoHourOut = 24.0;  // radians a day: nothing is sure
   Cases cases(90.0, 1900, 2100);
   std::mt19937_64 random(3);
   Body body;
@@ -154,7 +138,19 @@ void expectSharedSamplesChangeNothing() {
     for (int query = 0; query < 12; ++query) {
       const EventKind kind = kKinds[random() % 6];
       const double start = mjdAt0 + static_cast<double>(random() % 4) * 0.5;
-      EXPECT_EQ(body.riseSet(kind, start, kDeltaT), plainSearch<Body>(kind, start, place));
+      Body fresh(place);
+      const double target =
+          kind == EventKind::riseSet
+              ? fresh.sinRiseAltitude(false, 0.0,
+                                      fresh.equatorialPosition(true, start, kDeltaT).r())
+              : std::sin(altitudeOf(kind) * kDegree);
+      DaySamples samples;
+      samples.start(start, kDeltaT);
+      const auto evaluate = [&](int hour) {
+        return DaySample{.sinAltitude = fresh.sinAltitude(start, kDeltaT, hour)};
+      };
+      EXPECT_EQ(body.riseSet(kind, start, kDeltaT),
+                searchCrossings(samples, evaluate, target, kNoHourOut));
       EXPECT_EQ(body.transit(start, kDeltaT), Body(place).transit(start, kDeltaT));
       // A query in between, and the same day with another deltaT, must not mix in.
       body.computePosition(false, start, kDeltaT);
@@ -163,9 +159,9 @@ void expectSharedSamplesChangeNothing() {
   }
 }
 
-TEST(RiseSet, SharedSamplesChangeNothing) {
-  expectSharedSamplesChangeNothing<PtSun>();
-  expectSharedSamplesChangeNothing<PtMoon>();
+TEST(RiseSet, SavingsChangeNothing) {
+  expectSavingsChangeNothing<PtSun>();
+  expectSavingsChangeNothing<PtMoon>();
 }
 
 // From pole to pole: a crossing is one, and a sentinel tells the truth about every

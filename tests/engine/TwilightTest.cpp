@@ -60,6 +60,19 @@ TEST_F(TwilightsOfDay, HighLatitudes) {
   EXPECT_TRUE(drawEventAtMjd(december.mjdBlueHourStart));
 }
 
+// Mean time of Greenwich in a zone whose clocks were 1 min 15 s behind it: midnight falls
+// between the minutes, and the day of the second dusk is told by it, not by the minute.
+TEST_F(TwilightsOfDay, ASecondDuskByClocksWithSeconds) {
+  int secondDusk = 0;
+  for (int day = 1; day <= 31; ++day) {
+    const Twilights t = at("Europe/London", 49.5, -5.0, {1840, 7, day, 12, 0});
+    if (t.mjdAstronomicalTwEnd2 == kAlwaysBelow) continue;
+    ++secondDusk;
+    EXPECT_LT(t.mjdAstronomicalTwEnd2, mjdAt0_ + 1.0) << day;
+  }
+  EXPECT_EQ(secondDusk, 1);
+}
+
 // When dusk moves over midnight there is a day with two, and the days before have
 // theirs early in the morning.  48.2 north, in a zone whose noon is late.
 TEST_F(TwilightsOfDay, ASecondDusk) {

@@ -7,6 +7,7 @@
 #include <random>
 #include <string>
 
+#include "foundation/DateFormatter.h"
 #include "input/InputError.h"
 #include "input/ZoneParser.h"
 
@@ -43,6 +44,18 @@ TEST(MomentParser, ReadsIso8601) {
   EXPECT_EQ(secondsSince1970("2026-06-21", "UTC"), 1782000000);
   EXPECT_EQ(secondsSince1970("1583-01-01T00:00Z", "UTC"), -12212553600);
   EXPECT_EQ(secondsSince1970("9999-12-31T23:59:59Z", "UTC"), 253402300799);
+}
+
+// Local mean times, with the seconds of their offsets, and the clocks of today.
+TEST(MomentParser, ReadsBackWhatIsPrinted) {
+  for (const char* name : {"Europe/London", "Europe/Paris", "Africa/Monrovia", "Asia/Kolkata"}) {
+    const TimeZone zone = parseZone(name);
+    for (double seconds = -5e9; seconds < 3e9; seconds += 86413 * 97.0) {
+      const Date date = Date::withTimeIntervalSince1970(seconds);
+      const std::string text = iso8601String(date, zone);
+      EXPECT_EQ(parseMoment(text, parseZone("UTC"), kNow), date) << name << " " << text;
+    }
+  }
 }
 
 TEST(MomentParser, RefusesWhatDoesNotExist) {

@@ -36,9 +36,9 @@ class CountingBody : public Body {
     ++work_->searches;
     return Body::riseSet(kind, mjdAt0, deltaT);
   }
-  Vector3D equatorialPosition(bool highPrecision, double mjd, double deltaT) override {
+  Vector3D equatorialPosition(bool highPrecision, const ephemeris::Frame& frame) override {
     ++work_->positions;
-    return Body::equatorialPosition(highPrecision, mjd, deltaT);
+    return Body::equatorialPosition(highPrecision, frame);
   }
 
  private:

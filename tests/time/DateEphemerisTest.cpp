@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cmath>
+#include <limits>
 #include <thread>
 #include <vector>
 
 #include "support/Times.h"
+#include "time/LocalDay.h"
 
 namespace zenivo {
 namespace {
@@ -36,6 +39,17 @@ TEST_F(DateEphemeris, MjdOfADateComesBackWithinASecond) {
     ASSERT_LE(std::abs(back), 1.0) << minute;
   }
   EXPECT_EQ(modifiedJulianDay(utc(2000, 1, 1, 12).dateByAddingTimeInterval(0.9)), 51544.5);
+}
+
+TEST_F(DateEphemeris, WhatIsNoMomentStaysNone) {
+  for (const double mjd : {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL, -HUGE_VAL, 1e300}) {
+    const Date date = dateFromModifiedJulianDay(mjd, true);
+    EXPECT_TRUE(std::isnan(date.timeIntervalSinceReferenceDate())) << mjd;
+    EXPECT_TRUE(std::isnan(mjdToTimeInterval(mjd))) << mjd;
+    EXPECT_TRUE(std::isnan(modifiedJulianDay(date))) << mjd;
+    EXPECT_TRUE(std::isnan(LocalDay::of(date, cachedCalendar()).mjdAt0)) << mjd;
+    EXPECT_EQ(dayValue(date, cachedCalendar()), 0) << mjd;
+  }
 }
 
 TEST_F(DateEphemeris, LocalDaysFollowTheObserversZone) {

@@ -8,6 +8,22 @@
 
 namespace zenivo {
 
+std::string Setup::lengthText(float metres) const {
+  constexpr float kSmall = 0.01F;
+  constexpr float kMetresPerInch = 0.0254F;
+  if (!(metres > 0) || metres >= kSmall) return formatter().formatDistance(metres);
+  return units == UnitSystem::imperial
+             ? numberWithAtMost(3, metres / kMetresPerInch) + "\""
+             : fmt::format("{} {}", numberWithAtMost(2, metres * 1000), commonText("unit_abbr_mm"));
+}
+
+std::string Setup::shareText(float metres, float whole) const {
+  const std::string text = formatter().formatDistanceWithPercentageOf(metres, whole);
+  if (!(metres > 0) || lengthText(metres) == formatter().formatDistance(metres)) return text;
+  const auto share = text.find(" (");
+  return lengthText(metres) + (share == text.npos ? "" : text.substr(share));
+}
+
 AbstractCamera chooseCamera(const std::optional<std::string>& name, CalculatorSession& session,
                             const CameraKeys& keys, std::string_view option) {
   CameraChooser chooser(session.settings(), session.cameras(), keys);
@@ -72,7 +88,7 @@ void addAperture(Readout& readout, const Aperture& aperture, Role role) {
 
 void addSubjectDistance(Readout& readout, float metres, const Setup& setup, Role role) {
   readout.inputs.push_back({"subjectDistance", calculatorText("subject_distance"),
-                            inMetres(metres, setup.formatter().formatDistance(metres)), role});
+                            inMetres(metres, setup.lengthText(metres)), role});
 }
 
 void addOrientation(Readout& readout, bool isPortrait) {

@@ -35,6 +35,10 @@ struct Setup {
   FocalLengthType focalLengthType = FocalLengthType::nominal;
 
   CameraValuesFormatter formatter() const { return CameraValuesFormatter(units); }
+  /// A length of the scene; below a centimetre in millimetres or decimals of an inch.
+  std::string lengthText(float metres) const;
+  /// The same with its share of a whole.
+  std::string shareText(float metres, float whole) const;
 };
 
 /// The camera of a name, chosen in the session from then on, or without a name the one chosen

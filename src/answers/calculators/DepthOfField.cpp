@@ -67,7 +67,8 @@ DofReport answerInverse(const DofQuestion& question, const Setup& setup,
   solveFor(inverse, input, *question.wanted,
            wordOf<DofField>(question.wanted->result, kDofResultWords));
   inverse.save();
-  return {setup, inverse.model(), Solved{input, question.wanted->result}};
+  return {setup, inverse.model(), Solved{input, question.wanted->result, question.wanted->value},
+          ""};
 }
 
 }  // namespace
@@ -80,13 +81,18 @@ DofReport answer(const DofQuestion& question, CalculatorSession& session) {
   forward.load();
   edit(forward, question, setup, environment.apertures);
   forward.save();
-  if (question.wanted) return answerInverse(question, setup, environment);
-  return {setup, forward.model(), std::nullopt};
+  DofReport report{setup, forward.model(), std::nullopt, ""};
+  if (question.wanted) report = answerInverse(question, setup, environment);
+  // The next question is the basic one again, unless it says otherwise.
+  if (question.isSaved && !question.coc.isAdvanced && question.coc.form() == DofForm::advanced) {
+    report.note =
+        "Kept for zenivo dof --advanced: without it the camera's circle of confusion holds.";
+  }
+  return report;
 }
 
 Readout readout(const DofReport& report) {
-  const auto& [setup, dof, solved] = report;
-  const CameraValuesFormatter formatter = setup.formatter();
+  const auto& [setup, dof, solved, note] = report;
   Readout readout = readoutOf(setup);
   addLens(readout, lensOf(dof), setup, roleOfInput(solved, DofField::focalLength));
   addAperture(readout, dof.aperture(), roleOfInput(solved, DofField::aperture));
@@ -98,11 +104,14 @@ Readout readout(const DofReport& report) {
   for (const auto& [key, labelKey, field, value, isShare] : kDofResults) {
     const float metres = (dof.*value)();
     const std::string text =
-        isShare ? formatter.formatDistanceWithPercentageOf(metres, dof.depthOfField())
-                : formatter.formatDistance(metres);
-    readout.results.push_back(
-        {key, calculatorText(labelKey), inMetres(metres, text), roleOfResult(solved, field)});
+        isShare ? setup.shareText(metres, dof.depthOfField()) : setup.lengthText(metres);
+    readout.results.push_back({key, calculatorText(labelKey), inMetres(metres, text),
+                               roleOfResult(solved, field, metres)});
+    if (readout.results.back().role == Role::missed) {
+      readout.notes.push_back(missNote(readout.results.back(), setup.lengthText(solved->wanted)));
+    }
   }
+  if (!note.empty()) readout.notes.push_back(note);
   return readout;
 }
 

@@ -41,12 +41,14 @@ struct DofQuestion {
   /// is infinity.
   std::optional<WantedResult<DofField>> wanted;
   std::optional<DofField> solveFor;  ///< as kept where nothing is said
+  bool isSaved = false;              ///< for the next question
 };
 
 struct DofReport {
   Setup setup;
   Dof dof;
   std::optional<Solved<DofField, DofField>> solved;
+  std::string note;  ///< what the one who asks should know; mostly empty
 };
 
 /// The words of the inputs and of the results that can be wanted.

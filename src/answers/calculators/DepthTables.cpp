@@ -2,15 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cmath>
 #include <set>
 
 #include "answers/common/CameraJson.h"
 #include "calculators/DepthTables.h"
 #include "calculators/camera/Ladders.h"
 #include "calculators/camera/Texts.h"
-#include "input/InputError.h"
 
 namespace zenivo {
 namespace {
@@ -35,21 +32,18 @@ Places columnsOf(const StopsQuestion& question, const std::vector<Aperture>& sto
   return {chosen.begin(), chosen.end()};
 }
 
-/// Places of the focal lengths that are asked for, ascending; all for none.
-Places rowsOf(const std::vector<float>& wanted, const std::vector<float>& focalLengths) {
-  constexpr float kTolerance = 0.00005F;
-  std::set<std::size_t> chosen;
-  for (std::size_t i = 0; i < focalLengths.size() && wanted.empty(); ++i) chosen.insert(i);
-  for (const float metres : wanted) {
-    const auto found = std::ranges::find_if(
-        focalLengths, [&](float each) { return std::abs(each - metres) < kTolerance; });
-    if (found == focalLengths.end()) {
-      throw InputError(fmt::format("{} is not in the table; see zenivo dof --focal",
-                                   CameraValuesFormatter::formatFocalLength(metres)));
-    }
-    chosen.insert(static_cast<std::size_t>(found - focalLengths.begin()));
+/// The focal lengths that are asked for, ascending; those of the table for none.
+std::vector<float> focalLengthsOf(const HyperfocalQuestion& question, const HyperfocalTable& table,
+                                  const Setup& setup) {
+  if (question.focalLengths.empty()) return table.focalLengths();
+  std::set<float> lengths;
+  for (const float typed : question.focalLengths) {
+    const float metres = changed({}, {typed, {}, {}}, setup).focalLength;
+    const bool isOther = setup.camera.isFixedFocalLength() && metres != table.focalLengths()[0];
+    if (isOther) expectTaken(cannotChangeFocalLength());
+    lengths.insert(metres);
   }
-  return {chosen.begin(), chosen.end()};
+  return {lengths.begin(), lengths.end()};
 }
 
 Json distanceJson(float metres) {
@@ -85,8 +79,10 @@ DofTableReport answer(const DofTableQuestion& question, CalculatorSession& sessi
   table.load();
   editLens(table, table.lens(), question.lens, setup);
   if (question.show) table.setTableType(*question.show);
+  if (question.coc) table.setCircleOfConfusion(*question.coc);
   table.save();
-  DofTableReport report{setup, table.lens(), table.tableType(), {}, {}, {}};
+  DofTableReport report{
+      setup, question.coc.value_or(setup.camera.coc), table.lens(), table.tableType(), {}, {}, {}};
   const Places columns = columnsOf(question.stops, table.stops());
   for (const std::size_t column : columns) {
     report.stops.push_back(table.stops()[column]);
@@ -130,7 +126,8 @@ Json json(const DofTableReport& report) {
           {"show", report.show == DofTableType::totalDof ? "depth" : "limits"},
           {"apertures", stopsJson(report.stops)},
           {"hyperfocal", std::move(hyperfocals)},
-          {"rows", std::move(rows)}};
+          {"rows", std::move(rows)},
+          {"circleOfConfusion", numberJson(report.coc)}};
 }
 
 HyperfocalReport answer(const HyperfocalQuestion& question, CalculatorSession& session) {
@@ -138,14 +135,14 @@ HyperfocalReport answer(const HyperfocalQuestion& question, CalculatorSession& s
   HyperfocalTable table(session.environment());
   table.load();
   table.save();
-  const Places rows = rowsOf(question.focalLengths, table.focalLengths());
+  if (question.coc) table.setCircleOfConfusion(*question.coc);
   const Places columns = columnsOf(question.stops, table.stops());
-  HyperfocalReport report{setup, {}, {}};
+  HyperfocalReport report{setup, question.coc.value_or(setup.camera.coc), {}, {}};
   for (const std::size_t column : columns) report.stops.push_back(table.stops()[column]);
-  for (const std::size_t row : rows) {
-    report.rows.push_back({table.focalLengths()[row], {}});
+  for (const float focalLength : focalLengthsOf(question, table, setup)) {
+    report.rows.push_back({focalLength, {}});
     for (const std::size_t column : columns) {
-      report.rows.back().hyperfocals.push_back(table.hyperfocal(row, column));
+      report.rows.back().hyperfocals.push_back(table.hyperfocal(focalLength, column));
     }
   }
   return report;
@@ -166,7 +163,8 @@ Json json(const HyperfocalReport& report) {
   return {{"camera", cameraJson(report.setup.camera)},
           {"units", nameOf(report.setup.units)},
           {"apertures", stopsJson(report.stops)},
-          {"rows", std::move(rows)}};
+          {"rows", std::move(rows)},
+          {"circleOfConfusion", numberJson(report.coc)}};
 }
 
 }  // namespace zenivo

@@ -26,6 +26,7 @@ struct DofTableQuestion {
   LensQuestion lens;  ///< of the table, which has one of its own
   StopsQuestion stops;
   std::optional<DofTableType> show;
+  std::optional<float> coc = {};  ///< millimetres, in place of the camera's, here and below
 };
 
 struct DofTableReport {
@@ -36,6 +37,7 @@ struct DofTableReport {
   };
 
   Setup setup;
+  float coc = 0;  ///< millimetres
   LensInput lens;
   DofTableType show = DofTableType::nearFar;
   std::vector<Aperture> stops;     ///< ascending
@@ -57,8 +59,9 @@ std::string cellText(const DofTableReport& report, const DofTable::Cell& cell);
 
 struct HyperfocalQuestion {
   std::optional<std::string> camera;
-  std::vector<float> focalLengths;  ///< metres; all for none
+  std::vector<float> focalLengths;  ///< metres, as the settings mean them; the ladder for none
   StopsQuestion stops;
+  std::optional<float> coc = {};
 };
 
 struct HyperfocalReport {
@@ -68,11 +71,12 @@ struct HyperfocalReport {
   };
 
   Setup setup;
+  float coc = 0;                ///< millimetres
   std::vector<Aperture> stops;  ///< ascending
   std::vector<Row> rows;        ///< by ascending focal length
 };
 
-/// Throws InputError for a focal length that is not in the table.
+/// Throws InputError for a focal length that is not the camera's fixed one.
 HyperfocalReport answer(const HyperfocalQuestion& question, CalculatorSession& session);
 
 Json json(const HyperfocalReport& report);

@@ -12,6 +12,7 @@
 #include "answers/calculators/Readout.h"
 #include "answers/common/CalculatorSession.h"
 #include "calculators/ExposureCalculator.h"
+#include "calculators/camera/CameraFilter.h"
 #include "calculators/camera/CameraValuesParser.h"
 
 namespace zenivo {
@@ -23,7 +24,9 @@ struct ShotQuestion {
   std::optional<float> iso;
 };
 
-/// Values that are missing stay as they are kept.
+/// Values that are missing stay as they are kept, but aperture and ISO value of the shot follow
+/// a test shot's that is given.  Where all three values of the shot are given and no filter,
+/// the filter is solved for.
 struct ExposureQuestion {
   ShotQuestion test;
   /// In place of a test shot: a light of the table, by its name or number.
@@ -44,11 +47,16 @@ struct ExposureReport {
 /// The words of what can be solved for.
 inline constexpr Word<ExposureField> kExposureWords[] = {{ExposureField::aperture, "aperture"},
                                                          {ExposureField::shutterSpeed, "shutter"},
-                                                         {ExposureField::iso, "iso"}};
+                                                         {ExposureField::iso, "iso"},
+                                                         {ExposureField::filter, "filter"}};
 
 /// What was given is kept in the session.  Throws InputError for a light that is none, for
 /// what makes no sense together, and for what no photograph gives.
 ExposureReport answer(const ExposureQuestion& question, CalculatorSession& session);
+
+/// Of the neutral density filters that are sold, the few that come nearest to `stops` behind
+/// each other: as few as come within a sixth of a stop, else three at most.  Empty for none.
+std::vector<CameraFilter> nearestStack(double stops);
 
 Readout readout(const ExposureReport& report);
 Json json(const ExposureReport& report);

@@ -34,7 +34,7 @@ FovReport answerInverse(const FovQuestion& question, const Setup& setup,
   solveFor(inverse, input, *question.wanted,
            wordOf<FovField>(question.wanted->result, kFovResultWords));
   inverse.save();
-  return {setup, inverse.model(), Solved{input, question.wanted->result}};
+  return {setup, inverse.model(), Solved{input, question.wanted->result, question.wanted->value}};
 }
 
 }  // namespace
@@ -63,8 +63,8 @@ Readout readout(const FovReport& report) {
     readout.results.push_back({key, calculatorText(labelKey),
                                isAngle(field)
                                    ? inDegrees(number, CameraValuesFormatter::formatAngle(number))
-                                   : inMetres(number, setup.formatter().formatDistance(number)),
-                               roleOfResult(solved, std::optional(field))});
+                                   : inMetres(number, setup.lengthText(number)),
+                               roleOfResult(solved, std::optional(field), number)});
   }
   return readout;
 }
@@ -87,9 +87,8 @@ FovDistanceReport answer(const FovDistanceQuestion& question, CalculatorSession&
 
 Readout readout(const FovDistanceReport& report) {
   const auto& [setup, model] = report;
-  const CameraValuesFormatter formatter = setup.formatter();
-  const auto metres = [&formatter](float value) {
-    return inMetres(value, formatter.formatDistance(value));
+  const auto metres = [&setup = report.setup](float value) {
+    return inMetres(value, setup.lengthText(value));
   };
   Readout readout = readoutOf(setup);
   addLens(readout, lensOf(model), setup);

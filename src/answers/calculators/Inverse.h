@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <cmath>
 #include <optional>
 #include <span>
 #include <string>
@@ -42,7 +43,15 @@ template <class Input, class Result>
 struct Solved {
   Input input;
   Result result;
+  float wanted;  ///< value of the result
 };
+
+/// Whether a result is what was wanted, to a thousandth; below 0 both are infinite.
+inline bool isReached(float value, float wanted) {
+  constexpr float kTolerance = 0.001F;
+  if (wanted < 0 || value < 0) return wanted < 0 && value < 0;
+  return std::abs(value - wanted) <= kTolerance * wanted;
+}
 
 /// Input or result: what it was to the calculation; none where there was none.
 template <class Input, class Result>
@@ -50,9 +59,16 @@ Role roleOfInput(const std::optional<Solved<Input, Result>>& solved, Input input
   return solved && solved->input == input ? Role::solved : Role::none;
 }
 template <class Input, class Result>
-Role roleOfResult(const std::optional<Solved<Input, Result>>& solved,
-                  std::optional<Result> result) {
-  return solved && solved->result == result ? Role::given : Role::none;
+Role roleOfResult(const std::optional<Solved<Input, Result>>& solved, std::optional<Result> result,
+                  float value) {
+  if (!solved || solved->result != result) return Role::none;
+  return isReached(value, solved->wanted) ? Role::given : Role::missed;
+}
+
+/// "Far limit: 152 m was asked for, and ∞ comes nearest."
+inline std::string missNote(const ReadoutRow& row, const std::string& wanted) {
+  return fmt::format("{}: {} was asked for, and {} comes nearest.", row.label, wanted,
+                     row.quantity.text);
 }
 
 /// An input that can be given or solved for.

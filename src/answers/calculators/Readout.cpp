@@ -1,5 +1,7 @@
 #include "answers/calculators/Readout.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 #include "answers/common/CameraJson.h"
@@ -13,11 +15,11 @@ Json membersOf(const std::vector<ReadoutRow>& rows) {
   return members;
 }
 
-/// Of the first row with that role; null for none.
-Json keyOf(const Readout& readout, Role role) {
+/// Of the first row with one of the roles; null for none.
+Json keyOf(const Readout& readout, std::initializer_list<Role> roles) {
   for (const auto* rows : {&readout.inputs, &readout.results}) {
     for (const ReadoutRow& row : *rows) {
-      if (row.role == role) return row.key;
+      if (std::ranges::find(roles, row.role) != roles.end()) return row.key;
     }
   }
   return nullptr;
@@ -61,8 +63,8 @@ Json json(const Readout& readout) {
   answer["units"] = nameOf(readout.units);
   answer["inputs"] = membersOf(readout.inputs);
   answer["results"] = membersOf(readout.results);
-  answer["given"] = keyOf(readout, Role::given);
-  answer["solved"] = keyOf(readout, Role::solved);
+  answer["given"] = keyOf(readout, {Role::given, Role::missed});
+  answer["solved"] = keyOf(readout, {Role::solved});
   answer["notes"] = readout.notes;
   return answer;
 }

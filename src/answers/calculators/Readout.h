@@ -35,6 +35,7 @@ Quantity inWords(std::string text);
 enum class Role {
   none,
   given,   ///< the result that was asked for
+  missed,  ///< the same where no input gives it and this comes nearest
   solved,  ///< the input that follows from it
 };
 

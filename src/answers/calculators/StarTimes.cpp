@@ -54,10 +54,10 @@ Readout readout(const StarsReport& report) {
       {"declination", "Declination",
        inDegrees(model.declination(), CameraValuesFormatter::formatAngle(model.declination()))});
   const bool isAccurate = model.accuracy() == SpotStarsAccuracy::accurate;
-  readout.inputs.push_back({"accuracy",
-                            "Accuracy",
-                            {isAccurate ? "accurate" : "default", "",
-                             calculatorText(accuracyKey(model.accuracy()))}});
+  readout.inputs.push_back(
+      {"accuracy",
+       "Accuracy",
+       {isAccurate ? "accurate" : "default", "", calculatorText(accuracyKey(model.accuracy()))}});
   readout.resultsTitle = calculatorText("night_spot_star_max_exposure_time");
   readout.results = {{"npf", calculatorText("night_spot_stars_npf_rule"),
                       longestTime(model.maxExposureTimeWithNPFRule())},

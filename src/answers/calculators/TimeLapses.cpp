@@ -82,6 +82,7 @@ Readout readout(const TimelapseReport& report) {
   add(imageSize, "imageSize",
       quantity(model.imageSize, "MB", CameraValuesFormatter::formatMB(model.imageSize)));
 
+  const double frames = std::round(model.clipLength * model.fps);
   const bool hasPhotos = std::isfinite(model.eventDuration / model.shootingInterval);
   const std::int32_t photos = model.numberOfPhotos();
   const float memory = model.totalMemoryUsage();
@@ -89,6 +90,8 @@ Readout readout(const TimelapseReport& report) {
       {"numberOfPhotos",
        calculatorText("timelapse_number_of_photos"),
        {photos, "", hasPhotos ? std::to_string(photos) : kNoValueText}},
+      {"numberOfFrames", "Frames of the clip",
+       quantity(frames, "", std::isfinite(frames) ? numberWithAtMost(0, frames) : kNoValueText)},
       {"memoryUsage", calculatorText("timelapse_memory_usage"),
        quantity(memory, "MB", hasPhotos ? CameraValuesFormatter::formatMB(memory) : kNoValueText)}};
   return readout;

@@ -17,9 +17,8 @@ namespace zenivo {
 class CalculatorSession {
  public:
   /// Throws std::runtime_error when the first values of the settings cannot be read.
-  CalculatorSession() : CalculatorSession(Database::sharedInstance(), zenivoUserDefaults()) {}
   explicit CalculatorSession(Home& home)
-      : CalculatorSession(home.database(), home.zenivoUserDefaults()) {}
+      : settings_(home.zenivoUserDefaults()), stores_(home.database()) {}
 
   CalculatorEnvironment environment() { return {settings(), apertures_, units_, cameras_}; }
 
@@ -30,8 +29,6 @@ class CalculatorSession {
   void save() { settings_.save(); }
 
  private:
-  CalculatorSession(Database& database, UserDefaults& user) : settings_(user), stores_(database) {}
-
   UserSettings settings_;
   Stores stores_;
   DatabaseCameraStore cameras_{stores_.database()};

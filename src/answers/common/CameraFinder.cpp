@@ -60,6 +60,22 @@ class NameSearch {
     return std::ranges::any_of(namesOf(camera),
                                [&](const auto& name) { return name.starts_with(folded_); });
   }
+  /// Whether the name ends in the last words of the text, and the others are found before:
+  /// "fuji xt5" in "Fujifilm X-T5".
+  bool endsName(const AbstractCamera& camera) {
+    return std::ranges::any_of(spellingsOf(camera.modelString()), [&](const std::string& name) {
+      std::vector<std::u32string> known;
+      for (const std::string& word : wordsOf(name)) known.push_back(folder_.fold(word));
+      std::u32string end;
+      for (std::size_t first = known.size(); first-- > 0;) {
+        end.insert(0, known[first]);
+        if (endsWith(end, {known.begin(), known.begin() + static_cast<std::ptrdiff_t>(first)})) {
+          return true;
+        }
+      }
+      return false;
+    });
+  }
   bool hasWords(const AbstractCamera& camera) {
     return hasAll(camera, [](const auto& known, const auto& word) { return known == word; });
   }
@@ -106,6 +122,25 @@ class NameSearch {
         return std::ranges::any_of(known, [&](const auto& other) { return fits(other, word); });
       });
     });
+  }
+
+  /// Whether some last words of the text make up `end`, and each before them begins one of
+  /// `others`.
+  bool endsWith(const std::u32string& end, const std::vector<std::u32string>& others) const {
+    std::u32string last;
+    for (std::size_t first = words_.size(); first-- > 0;) {
+      last.insert(0, words_[first]);
+      if (last.size() >= end.size()) {
+        return last == end &&
+               std::all_of(words_.begin(), words_.begin() + static_cast<std::ptrdiff_t>(first),
+                           [&](const std::u32string& word) {
+                             return std::ranges::any_of(others, [&](const auto& other) {
+                               return other.starts_with(word);
+                             });
+                           });
+      }
+    }
+    return false;
   }
 
   std::vector<std::u32string> namesOf(const AbstractCamera& camera) {
@@ -166,12 +201,14 @@ Cameras camerasWithWords(const Cameras& cameras, std::string_view text) {
 }
 
 AbstractCamera findCamera(const Cameras& cameras, std::string_view text) {
+  expectPrintable(text, "the name of a camera");
   const auto same = std::ranges::find(cameras, text, &AbstractCamera::modelString);
   if (same != cameras.end()) return *same;
   NameSearch search(text);
   if (search.isEmpty()) throw InputError(fmt::format("no camera named {}", inQuotes(text)));
-  for (const Condition condition : {&NameSearch::isName, &NameSearch::beginsName,
-                                    &NameSearch::hasWords, &NameSearch::hasWordsThatBeginSo}) {
+  for (const Condition condition :
+       {&NameSearch::isName, &NameSearch::endsName, &NameSearch::beginsName, &NameSearch::hasWords,
+        &NameSearch::hasWordsThatBeginSo}) {
     const Cameras found = those(cameras, search, condition);
     if (found.size() == 1) return found.front();
     if (!found.empty()) search.failAmbiguous(found);

@@ -30,7 +30,8 @@ std::vector<AbstractCamera> allCameras(const DatabaseCameraStore& store);
 std::vector<AbstractCamera> camerasWithWords(const std::vector<AbstractCamera>& cameras,
                                              std::string_view text);
 
-/// The camera of that name, with its brand or without; else the only one whose name begins
+/// The camera of that name, with its brand or without; else the only one whose name ends with
+/// the text's last words and has those before ("Canon R6"); else the only one whose name begins
 /// with the text; else the only one with all its words.  Names that are the same to the
 /// letter come first, and of those the first camera is meant.  Throws InputError, with names
 /// that may be meant, when there is none or more than one.

@@ -1,4 +1,4 @@
-// Moments of the ephemeris as they are written out.
+// Moments of the ephemeris as JSON.
 
 #pragma once
 
@@ -13,9 +13,6 @@ namespace zenivo {
 
 using Json = nlohmann::ordered_json;
 
-/// The moment of a real mjd, without rounding.
-Date dateOfMjd(double mjd);
-
 /// The object {"mjd": number, "time": text}: ISO 8601 in that zone with seconds and offset.
 /// For a sentinel `mjd` holds it and `time` is null.
 Json momentJson(double mjd, const TimeZone& zone);
@@ -24,42 +21,5 @@ Json momentJson(Date date, const TimeZone& zone);
 
 /// "2026-06-21"
 std::string isoDate(const DateComponents& day);
-
-/// "Sunday 7 June 2026"
-std::string dayTitle(Date date, const TimeZone& zone);
-
-/// "Sunday 7 June 2026, 05:47 UTC+02:00", to the nearest minute; not for sentinels.
-std::string momentTitle(double mjd, const TimeZone& zone);
-
-/// "UTC+02:00", with seconds only where the offset has some.
-std::string offsetTitle(Date date, const TimeZone& zone);
-
-/// The same for a span of time; two when the clocks change between its ends:
-/// "UTC+01:00, then UTC+02:00".
-std::string offsetTitle(Date start, Date end, const TimeZone& zone);
-
-/// The clock of one local day, to the nearest minute.
-class DayClock {
- public:
-  DayClock(const DateComponents& day, TimeZone zone);
-
-  const TimeZone& zone() const { return calendar_.timeZone(); }
-  const DateComponents& day() const { return day_; }
-  Date start() const { return start_; }  ///< of the day
-  Date end() const { return end_; }      ///< of the day and start of the next
-
-  /// "05:47"; "24:00" when the minute is the next midnight; on other days the
-  /// number of days is added, as in "03:12 +1d".  "-" for a sentinel.
-  std::string time(double mjd) const;
-
-  /// "UTC+02:00", or the two offsets of a day on which the clocks change.
-  std::string offset() const;
-
- private:
-  Calendar calendar_;
-  DateComponents day_;
-  Date start_;
-  Date end_;
-};
 
 }  // namespace zenivo

@@ -9,7 +9,8 @@
 namespace zenivo {
 
 /// A session put at a place, zone and moment, with everything computed.  Its
-/// settings live in memory: nothing that a user has saved is read or written.
+/// settings live in memory: nothing that a user has saved is read or written, and the zone of the
+/// process stays as it is.
 class Session {
  public:
   Session(const Scene& scene, Date moment);

@@ -16,7 +16,7 @@ namespace zenivo {
 /// user.  One at a time.
 class Stores {
  public:
-  explicit Stores(Database& database = Database::sharedInstance());
+  explicit Stores(Database& database);
 
   Database& database() { return database_; }
 

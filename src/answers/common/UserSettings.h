@@ -18,7 +18,7 @@ class UserSettings {
  public:
   /// Of those settings, which must outlive the copy.  Throws std::runtime_error when the
   /// first values cannot be read.
-  explicit UserSettings(UserDefaults& user = zenivoUserDefaults());
+  explicit UserSettings(UserDefaults& user);
 
   UserDefaults& copy() { return copy_; }
   const UserDefaults& copy() const { return copy_; }

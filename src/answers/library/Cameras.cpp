@@ -32,6 +32,18 @@ std::vector<AbstractCamera> camerasFor(const std::string& text, const DatabaseCa
   return cameras.empty() ? camerasWithWords(allCameras(store), text) : cameras;
 }
 
+/// Those that were chosen lately come first, the latest of them at the head.
+void putRecentFirst(std::vector<AbstractCamera>& cameras,
+                    const std::vector<AbstractCamera>& recents) {
+  auto front = cameras.begin();
+  for (const AbstractCamera& recent : recents) {
+    const auto found = std::find(front, cameras.end(), recent);
+    if (found == cameras.end()) continue;
+    std::rotate(front, found, found + 1);
+    ++front;
+  }
+}
+
 /// The record of an own camera, and no other.
 CustomCameraRecord ownCamera(CalculatorSession& session, const std::string& name) {
   const AbstractCamera camera = findCamera(allCameras(session.cameras()), name);
@@ -99,7 +111,11 @@ CameraFault::CameraFault(const CameraFormFault& fault)
     : InputError(withoutFullStop(fault.message())), field_(fault.field) {}
 
 CamerasReport answer(const CamerasQuestion& question, CalculatorSession& session) {
-  return {.cameras = camerasFor(question.text, session.cameras()), .chosen = chosenCamera(session)};
+  expectPrintable(question.text, "the name of a camera");
+  CamerasReport report{.cameras = camerasFor(question.text, session.cameras()),
+                       .chosen = chosenCamera(session)};
+  putRecentFirst(report.cameras, chooserOf(session).recentCameras());
+  return report;
 }
 
 CameraReport answer(const CameraQuestion& question, CalculatorSession& session) {

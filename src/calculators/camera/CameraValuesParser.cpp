@@ -58,6 +58,7 @@ std::optional<double> scanLengthUnit(TextScanner& scanner) {
   if (scanAny(scanner, {"m", "metre", "metres", "meter", "meters"})) return 1;
   if (scanInches(scanner)) return 0.0254;
   if (scanFeet(scanner)) return 0.3048;
+  if (scanAny(scanner, {"yd", "yard", "yards"})) return 0.9144;
   return std::nullopt;
 }
 
@@ -70,18 +71,22 @@ std::optional<double> scanTimeUnit(TextScanner& scanner) {
   return std::nullopt;
 }
 
-/// Days, hours, minutes and seconds, each with its unit; a single number needs none.
+/// Days, hours, minutes and seconds, each with its unit; a single number needs none, nor do
+/// two digits behind hours or minutes: "2h30".
 std::optional<double> scanDuration(TextScanner& scanner) {
   double total = 0;
-  bool isFirst = true;
+  double lastUnit = 0;
   do {
+    if (lastUnit == 3600 || lastUnit == 60) {
+      if (const auto part = scanner.lastTwoDigits()) return total + *part * lastUnit / 60;
+    }
     const auto value = scanner.mixedNumber();
     if (!value) return std::nullopt;
-    if (isFirst && scanner.atEnd()) return value;
+    if (lastUnit == 0 && scanner.atEnd()) return value;
     const auto unit = scanTimeUnit(scanner);
     if (!unit) return std::nullopt;
     total += *value * *unit;
-    isFirst = false;
+    lastUnit = *unit;
   } while (!scanner.atEnd());
   return total;
 }
@@ -146,7 +151,7 @@ std::optional<float> CameraValuesParser::parseFocalLength(std::string_view text)
 
 std::optional<float> CameraValuesParser::parseAperture(std::string_view text) {
   TextScanner scanner(text);
-  if (!scanner.scan("f/")) scanner.scan("f");
+  scanAny(scanner, {"f/", "ƒ/", "1:", "ƒ", "f"});
   return positive(scanner, scanner.number());
 }
 
@@ -213,8 +218,14 @@ std::optional<float> CameraValuesParser::parseTeleconverter(std::string_view tex
 }
 
 std::optional<FilterValue> CameraValuesParser::parseFilter(std::string_view text) {
+  if (const auto plus = text.find('+'); plus != std::string_view::npos) {
+    const auto first = parseFilter(text.substr(0, plus));
+    const auto rest = parseFilter(text.substr(plus + 1));
+    if (!first || !rest) return std::nullopt;
+    return filterOfStops(double{first->stops} + first->fraction + rest->stops + rest->fraction);
+  }
   TextScanner scanner(text);
-  if (scanner.scan(kNoValueText))
+  if (scanAny(scanner, {kNoValueText, "none"}))
     return scanner.atEnd() ? std::optional<FilterValue>({0, 0}) : std::nullopt;
   if (scanner.scan("ND")) return filterNamed(text);
   auto stops = scanner.mixedNumber();
@@ -223,6 +234,15 @@ std::optional<FilterValue> CameraValuesParser::parseFilter(std::string_view text
   scanAny(scanner, {"stop", "stops"});
   if (!stops || !scanner.atEnd()) return std::nullopt;
   return filterOfStops(*stops);
+}
+
+bool CameraValuesParser::mayBeDensity(std::string_view text) {
+  constexpr double kDensityOfStop = 0.3;
+  TextScanner scanner(text);
+  const auto number = scanner.number();
+  if (!number || !scanner.atEnd() || text.find_first_of(".,") == text.npos) return false;
+  const double stops = *number / kDensityOfStop;
+  return std::abs(stops - std::round(stops)) < 1e-6;
 }
 
 std::optional<float> CameraValuesParser::parseEV(std::string_view text) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <string>
 
 namespace zenivo {
 namespace {
@@ -10,8 +11,7 @@ namespace {
 constexpr struct {
   std::string_view glyph;
   double value;
-} kTypedGlyphs[] = {
-    {"¼", 1.0 / 4}, {"⅓", 1.0 / 3}, {"½", 1.0 / 2}, {"⅔", 2.0 / 3}, {"¾", 3.0 / 4}};
+} kTypedGlyphs[] = {{"¼", 1.0 / 4}, {"⅓", 1.0 / 3}, {"½", 1.0 / 2}, {"⅔", 2.0 / 3}, {"¾", 3.0 / 4}};
 
 char lowered(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -23,6 +23,13 @@ bool isLetter(char c) {
 
 bool isDigit(char c) {
   return c >= '0' && c <= '9';
+}
+
+/// "e6" where a text goes on so.
+std::string_view exponentAt(std::string_view text) {
+  if (text.size() < 2 || lowered(text[0]) != 'e' || !isDigit(text[1])) return {};
+  const auto end = std::ranges::find_if_not(text.substr(1), isDigit);
+  return text.substr(0, static_cast<std::size_t>(end - text.begin()));
 }
 
 }  // namespace
@@ -49,13 +56,31 @@ bool TextScanner::scan(std::string_view word) {
 
 std::optional<double> TextScanner::number() {
   skipBlanks();
-  const auto isDecimal = [](char c) { return isDigit(c) || c == '.'; };
-  const auto length = std::ranges::find_if_not(rest_, isDecimal) - rest_.begin();
-  const char* end = rest_.data() + length;
+  const auto isDecimal = [](char c) { return isDigit(c) || c == '.' || c == ','; };
+  auto length =
+      static_cast<std::size_t>(std::ranges::find_if_not(rest_, isDecimal) - rest_.begin());
+  std::string digits(rest_.substr(0, length));
+  if (const auto comma = digits.find(','); comma != digits.npos) {
+    const bool mayBeThousands = digits.size() - comma == 4 && digits.substr(0, comma) != "0";
+    if (mayBeThousands || digits.find('.') != digits.npos) return std::nullopt;
+    digits[comma] = '.';
+  }
+  const auto exponent = exponentAt(rest_.substr(length));
+  digits += exponent;
+  length += exponent.size();
   double value = 0;
-  const auto [stop, error] = std::from_chars(rest_.data(), end, value, std::chars_format::fixed);
+  const char* end = digits.data() + digits.size();
+  const auto [stop, error] = std::from_chars(digits.data(), end, value);
   if (error != std::errc() || stop != end) return std::nullopt;
-  rest_.remove_prefix(static_cast<std::size_t>(length));
+  rest_.remove_prefix(length);
+  return value;
+}
+
+std::optional<double> TextScanner::lastTwoDigits() {
+  if (rest_.size() != 2 || !isDigit(rest_[0]) || !isDigit(rest_[1])) return std::nullopt;
+  const int value = (rest_[0] - '0') * 10 + (rest_[1] - '0');
+  if (value >= 60) return std::nullopt;
+  rest_.remove_prefix(2);
   return value;
 }
 

@@ -18,8 +18,12 @@ class TextScanner {
   /// must end there: "m" is not found in "mm".
   bool scan(std::string_view word);
 
-  /// A decimal number without sign: "35", "2.8", ".5".
+  /// A decimal number without sign: "35", "2.8", "2,8", ".5", "1e6".  A comma before three
+  /// digits, as in "3,500", is no decimal one and makes no number, unless a 0 stands before.
   std::optional<double> number();
+
+  /// The two digits that come next, 00 to 59, when nothing follows them.
+  std::optional<double> lastTwoDigits();
 
   /// A number with an optional fraction: "9", "9 1/3", "9 ⅓", "1/250", "½".
   std::optional<double> mixedNumber();

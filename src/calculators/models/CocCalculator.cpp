@@ -7,10 +7,12 @@
 namespace zenivo {
 namespace {
 
-/// Diagonal and viewing distance of the reference print, in metres.
+/// Diagonal and viewing distance of the reference print, in metres: the root of 164 by 10
+/// inches, and 10 inches.
 constexpr double kReferenceDiagonal = 0.3252787112615887;
 constexpr double kReferenceDistance = 0.254;
 
+// 1 and 0.3, as they were first stored with 23 bits.
 constexpr double kManufacturerFactor = 0.9999999776482582;
 constexpr double kSharpEyeFactor = 0.3000000026077032;
 

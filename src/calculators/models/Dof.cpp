@@ -45,7 +45,13 @@ void Dof::calculateDOFValues() {
 //
 //   near = s h / (h + (s - F)),   far = s h / (h - (s - F)),
 //
-// for one of s, F and N, with h = F^2 / K and K = N c.
+// for one of s, F and N, with h = F^2 / K and K = N c.  The limits are linear in s and, over F^2,
+// quadratic in F.  With e = s - F the depth x is
+//
+//   far - near = 2 s h e / (h^2 - e^2),                                    so
+//   for s:  x h^2 - x (s-F)^2 = 2 s h (s-F)   is quadratic in s,
+//   for h:  x h^2 - 2 s e h - x e^2 = 0       is quadratic in h, whence N = F^2 / (c h),
+//   for F:  with h = F^2/K it is  x F^4/K^2 + 2 s F^3/K - (2 s^2/K + x) F^2 + 2 x s F - x s^2 = 0.
 
 float Dof::quadraticSolverForA(float a, float b, float c) {
   const double B = b;

@@ -76,6 +76,7 @@ void EquivalentFocalLength::matchAperture(const ApertureManager& stops) {
   if (isRefusedResult(exact)) return;
   const Aperture stop = stops.apertureForStop(exact);
   match_.fstop = static_cast<float>(stop.fstop);
+  match_.exactFstop = exact;
   dof.setAperture(stop);
   dof.calculateDOFValues();
   match_.camera2Dof = dof;

@@ -1,5 +1,9 @@
 // Matching a second camera to a first one: the focal length that gives the same
 // framing and the aperture that gives the same depth of field.
+//
+// Error: focal lengths are whole millimetres, apertures those of the ladder; see `exactFstop`.
+// Special cases: no aperture gives an infinite depth; what camera 2 fixes is not matched.
+// Source: the angles of Fov.h and the depths of Dof.h, inverted.
 
 #pragma once
 
@@ -23,6 +27,8 @@ struct FocalLengthMatch {
   /// The aperture of camera 2 as shown.  0 when its aperture is fixed, and when
   /// none gives the depth of camera 1, as no aperture gives an infinite one.
   float fstop = 0;
+  /// The exact one, of which `fstop` is the nearest; 0 with it.
+  float exactFstop = 0;
   Dof camera1Dof;
   std::optional<Dof> camera2Dof;  ///< none where there is no `fstop`
   Fov camera1Fov;

@@ -4,7 +4,8 @@
 
 namespace zenivo {
 
-/// The Earth's turn against the stars, in degrees per hour.
+/// The Earth's turn against the stars, in degrees per hour: 15 times 1.00273790, the mean
+/// solar day by the sidereal one (IERS Conventions).
 inline constexpr double kEarthRotationPerHour = 15.041068446642305;
 
 struct NightModel {

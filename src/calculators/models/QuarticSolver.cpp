@@ -11,7 +11,9 @@ constexpr double kNoRealRoot = -1e99;
 
 /// Largest real root of a m^3 + b m^2 + c m + d, kNoRealRoot when there is none.
 double largestCubicRoot(double a, double b, double c, double d) {
-  // With m = u - b/3a the cubic becomes u^3 + 3 P u - 2 Q.
+  // With m = u - b/3a the cubic becomes u^3 + 3 P u - 2 Q.  Put u = t - P/t: then
+  // t^3 = Q +- sqrt(Q^2 + P^3) (Cardano).  Where that root is imaginary all three u are real,
+  // u = 2 r cos(phi + 2 k pi/3) with r^2 = -P and cos 3 phi = Q / r^3; k = 0 is the largest.
   const double shift = b / (3 * a);
   const double P = c / (3 * a) - shift * shift;
   const double Q = shift * (c / (2 * a) - shift * shift) - d / (2 * a);

@@ -11,7 +11,7 @@ namespace {
 constexpr float kDefaultAperture = 2.8F;
 constexpr float kSubjectDistance = 10;
 
-/// Turns of the Earth in a second, one in 23 h 56 min.
+/// Turns of the Earth in a second, one in 23 h 56 min: 1 / 86160.
 constexpr double kTurnsPerSecond = 1.1606313819356728e-5;
 
 double pixels(float megaPixels) {

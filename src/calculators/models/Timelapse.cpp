@@ -27,7 +27,10 @@ void Timelapse::calculateEventDuration() {
 }
 
 std::int32_t Timelapse::numberOfPhotos() const {
-  const double photos = std::floor(eventDuration / shootingInterval);
+  // 420 s by 1.12 s is 374.99999999999994 here: what is whole to a billionth is whole.
+  constexpr double kBillion = 1e9;
+  const double photos =
+      std::floor(std::round(eventDuration / shootingInterval * kBillion) / kBillion);
   if (!std::isfinite(photos)) return 0;
   constexpr double kMost = std::numeric_limits<std::int32_t>::max();
   return static_cast<std::int32_t>(std::clamp(photos, 0.0, kMost));

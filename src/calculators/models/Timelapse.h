@@ -1,4 +1,10 @@
 // Time-lapse: interval, length of the clip and duration of the event.
+//
+//   frames = clip length * frame rate = event duration / interval
+//
+// Error: whole numbers of frames and photographs are exact; a clip comes back to a hundredth.
+// Special cases: an interval of 0 has an infinite clip and no photographs.
+// Source: the equation above; frames are rounded up, photographs down.
 
 #pragma once
 

@@ -23,6 +23,7 @@ void addTo(Table& table, const ReadoutRow& row) {
   if (row.shown == Shown::inJsonOnly) return;
   std::string text = row.quantity.text;
   if (row.role == Role::given) text += " (as given)";
+  if (row.role == Role::missed) text += " (not as asked for)";
   if (row.role == Role::solved) text += " (solved)";
   table.addRow({row.label, text}, row.role == Role::solved ? Style::heading : Style::plain);
 }
@@ -89,6 +90,11 @@ std::string cameraLine(const AbstractCamera& camera, const Terminal& terminal) {
             CameraValuesFormatter::formatAperture(camera.fixedAperture);
   }
   return line + "\n";
+}
+
+std::string ownCocLine(const AbstractCamera& camera, float coc) {
+  if (coc == camera.coc) return "";
+  return fmt::format("Circle of confusion {}\n", CameraValuesFormatter::formatCoC(coc));
 }
 
 }  // namespace zenivo::cli

@@ -9,6 +9,7 @@
 
 #include "answers/calculators/Readout.h"
 #include "answers/common/CalculatorSession.h"
+#include "answers/common/Home.h"
 #include "commands/common/Command.h"
 #include "commands/common/Terminal.h"
 
@@ -54,11 +55,17 @@ class CommandWithSubcommand : public Command {
 /// A command that asks a calculator one question.
 template <class Question>
 class CalculatorCommand : public CommandWithSubcommand {
+ public:
+  /// The home must outlive the command.
+  explicit CalculatorCommand(Home& home) : home_(home) {}
+
  protected:
   using Report =
       decltype(answer(std::declval<const Question&>(), std::declval<CalculatorSession&>()));
 
+  Home& home() const { return home_; }
   CalculatorOptions& options() { return options_; }
+  const CalculatorOptions& options() const { return options_; }
 
   /// What the options ask, with bare lengths in the units.  Throws InputError.
   virtual Question question(UnitSystem units) const = 0;
@@ -66,13 +73,14 @@ class CalculatorCommand : public CommandWithSubcommand {
 
  private:
   std::string runItself(const Terminal& terminal) final {
-    CalculatorSession session;
+    CalculatorSession session(home_);
     const UnitSystem units = options_.applyTo(session);
     const Report report = answer(question(units), session);
     if (options_.isSaved()) session.save();
     return options_.wantsJson() ? json(report).dump(2) + "\n" : text(report, terminal);
   }
 
+  Home& home_;
   CalculatorOptions options_;
 };
 
@@ -81,9 +89,15 @@ std::string textOf(const Readout& readout, const Terminal& terminal);
 /// "Canon EOS R6 Mark II  35.9 x 23.9 mm, circle of confusion 0.030 mm"
 std::string cameraLine(const AbstractCamera& camera, const Terminal& terminal);
 
+/// "Circle of confusion 0.020 mm" where it is not the camera's, else nothing.
+std::string ownCocLine(const AbstractCamera& camera, float coc);
+
 /// One whose answer is a readout.
 template <class Question>
 class ReadoutCommand : public CalculatorCommand<Question> {
+ public:
+  using CalculatorCommand<Question>::CalculatorCommand;
+
  private:
   std::string text(const typename CalculatorCommand<Question>::Report& report,
                    const Terminal& terminal) const final {

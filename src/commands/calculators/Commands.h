@@ -4,17 +4,18 @@
 
 #include <memory>
 
+#include "answers/common/Home.h"
 #include "commands/common/Command.h"
 
 namespace zenivo::cli {
 
-std::unique_ptr<Command> makeDofCommand();
-std::unique_ptr<Command> makeHyperfocalCommand();
-std::unique_ptr<Command> makeFovCommand();
-std::unique_ptr<Command> makeMatchCommand();
-std::unique_ptr<Command> makeStarsCommand();
-std::unique_ptr<Command> makeTrailsCommand();
-std::unique_ptr<Command> makeExposureCommand();
-std::unique_ptr<Command> makeTimelapseCommand();
+std::unique_ptr<Command> makeDofCommand(Home& home);
+std::unique_ptr<Command> makeHyperfocalCommand(Home& home);
+std::unique_ptr<Command> makeFovCommand(Home& home);
+std::unique_ptr<Command> makeMatchCommand(Home& home);
+std::unique_ptr<Command> makeStarsCommand(Home& home);
+std::unique_ptr<Command> makeTrailsCommand(Home& home);
+std::unique_ptr<Command> makeExposureCommand(Home& home);
+std::unique_ptr<Command> makeTimelapseCommand(Home& home);
 
 }  // namespace zenivo::cli

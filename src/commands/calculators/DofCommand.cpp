@@ -19,11 +19,13 @@ namespace {
 
 class DofTableCommand : public CalculatorCommand<DofTableQuestion> {
  public:
+  using CalculatorCommand::CalculatorCommand;
   void addTo(CLI::App& command) override;
 
  private:
   DofTableQuestion question(UnitSystem /*units*/) const override {
-    return {camera_.name(), lens_.question(), stops_.question(), show_.value()};
+    return {camera_.name(), lens_.question(), stops_.question(), show_.value(),
+            coc_.read(CameraValuesParser::parseCoC)};
   }
   std::string text(const DofTableReport& report, const Terminal& terminal) const override;
 
@@ -32,6 +34,7 @@ class DofTableCommand : public CalculatorCommand<DofTableQuestion> {
   StopsOptions stops_;
   WordOption<DofTableType> show_{
       {{"limits", DofTableType::nearFar}, {"depth", DofTableType::totalDof}}};
+  TypedOption coc_{"--coc", "0.03mm"};
 };
 
 void DofTableCommand::addTo(CLI::App& command) {
@@ -40,6 +43,7 @@ void DofTableCommand::addTo(CLI::App& command) {
   lens_.addTo(*app);
   stops_.addTo(*app);
   show_.addTo(*app, "--show", "The limits of what is sharp, or its depth", "WHAT");
+  coc_.addTo(*app, "A circle of confusion of your own");
   options().addTo(*app);
   app->footer(
       "The lens of the table is its own, not that of zenivo dof.\n"
@@ -66,13 +70,14 @@ std::string DofTableCommand::text(const DofTableReport& report, const Terminal& 
     for (const DofTable::Cell& cell : values) cells.push_back(cellText(report, cell));
     table.addRow(cells);
   }
-  return cameraLine(report.setup.camera, terminal) +
+  return cameraLine(report.setup.camera, terminal) + ownCocLine(report.setup.camera, report.coc) +
          fmt::format("{} {}\n\n", calculatorText("focal_length"), report.lens.totalText()) +
          table.text(terminal);
 }
 
 class DofCommand : public ReadoutCommand<DofQuestion> {
  public:
+  using ReadoutCommand::ReadoutCommand;
   void addTo(CLI::App& program) override;
 
  private:
@@ -102,7 +107,7 @@ void DofCommand::addTo(CLI::App& program) {
   coc_.addTo(*app);
   inverse_.addTo(*app);
   options().addTo(*app);
-  addSubcommand(*app, std::make_unique<DofTableCommand>());
+  addSubcommand(*app, std::make_unique<DofTableCommand>(home()));
   app->footer(
       "A value that is not given is that of the last call with --save, and so is what to solve\n"
       "for; where that is given, another input is solved for.\n"
@@ -125,13 +130,14 @@ DofQuestion DofCommand::question(UnitSystem units) const {
           distance_.readLength(units),
           coc_.question(units),
           inverse_.wanted(read, "--near, --far or --depth"),
-          inverse_.solveFor()};
+          inverse_.solveFor(),
+          options().isSaved()};
 }
 
 }  // namespace
 
-std::unique_ptr<Command> makeDofCommand() {
-  return std::make_unique<DofCommand>();
+std::unique_ptr<Command> makeDofCommand(Home& home) {
+  return std::make_unique<DofCommand>(home);
 }
 
 }  // namespace zenivo::cli

@@ -1,6 +1,8 @@
 // zenivo exposure: the same light with other values and a filter; zenivo exposure values: how
 // bright lights and scenes are.
 
+#include <fmt/format.h>
+
 #include "answers/calculators/EquivalentExposure.h"
 #include "calculators/camera/CameraValuesParser.h"
 #include "commands/calculators/CalculatorCommand.h"
@@ -13,6 +15,7 @@ namespace {
 
 class ExposureValuesCommand : public CalculatorCommand<LightTableQuestion> {
  public:
+  using CalculatorCommand::CalculatorCommand;
   void addTo(CLI::App& command) override;
 
  private:
@@ -61,6 +64,7 @@ struct ShotOptions {
 
 class ExposureCommand : public ReadoutCommand<ExposureQuestion> {
  public:
+  using ReadoutCommand::ReadoutCommand;
   void addTo(CLI::App& program) override;
 
  private:
@@ -89,26 +93,33 @@ void ExposureCommand::addTo(CLI::App& program) {
   shot_.aperture.addTo(*app, "Aperture; the nearest stop is taken");
   shot_.shutter.addTo(*app, "Shutter speed");
   shot_.iso.addTo(*app, "ISO value");
-  filter_.addTo(*app, "Neutral density filter: a name, or stops as in \"6 1/3\"; 0 for none");
+  filter_.addTo(
+      *app, "Neutral density filter: a name or several (ND64+ND8), or stops as in \"6 1/3\"; none");
   solve_.addTo(*app);
   options().addTo(*app, Lengths::none);
-  addSubcommand(*app, std::make_unique<ExposureValuesCommand>());
+  addSubcommand(*app, std::make_unique<ExposureValuesCommand>(home()));
   app->footer(
       "A value that is not given is that of the last call with --save.  Solved for is what\n"
       "--solve says, else what was solved for at last, or where that is given the first of\n"
-      "aperture, shutter speed and ISO value that is not.\n"
+      "aperture, shutter speed, ISO value and filter that is not.  Aperture and ISO value follow\n"
+      "those of a test shot that is given.\n"
       "\n"
       "Examples:\n"
       "  zenivo exposure --test-shutter 1/60 --filter ND1000\n"
       "  zenivo exposure --test-aperture f/2.8 --test-shutter 15s --test-iso 6400 --shutter 4min "
       "--solve iso\n"
+      "  zenivo exposure --test-shutter 1/125 --aperture f/8 --iso 100 --shutter 30s\n"
       "  zenivo exposure --light \"full moon\" --aperture f/11 --json");
 }
 
 std::optional<FilterValue> ExposureCommand::filter() const {
   constexpr float kMostStops = 25.75F;  // on the ladder of filters, with a fraction
+  if (filter_.isGiven() && CameraValuesParser::mayBeDensity(filter_.text())) {
+    throw InputError(fmt::format(
+        "--filter {0} may be stops or a density; write \"{0} stops\" or ND{0}", filter_.text()));
+  }
   const auto value = filter_.read(CameraValuesParser::parseFilter);
-  if (value && value->stops + value->fraction > kMostStops) filter_.refuse();
+  if (value && value->stops + value->fraction > kMostStops) filter_.refuseTooLarge("25 3/4 stops");
   return value;
 }
 
@@ -118,8 +129,8 @@ ExposureQuestion ExposureCommand::question(UnitSystem /*units*/) const {
 
 }  // namespace
 
-std::unique_ptr<Command> makeExposureCommand() {
-  return std::make_unique<ExposureCommand>();
+std::unique_ptr<Command> makeExposureCommand(Home& home) {
+  return std::make_unique<ExposureCommand>(home);
 }
 
 }  // namespace zenivo::cli

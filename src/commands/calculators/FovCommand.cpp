@@ -12,6 +12,7 @@ namespace {
 
 class FovDistanceCommand : public ReadoutCommand<FovDistanceQuestion> {
  public:
+  using ReadoutCommand::ReadoutCommand;
   void addTo(CLI::App& command) override;
 
  private:
@@ -45,6 +46,7 @@ void FovDistanceCommand::addTo(CLI::App& command) {
 
 class FovCommand : public ReadoutCommand<FovQuestion> {
  public:
+  using ReadoutCommand::ReadoutCommand;
   void addTo(CLI::App& program) override;
 
  private:
@@ -73,7 +75,7 @@ void FovCommand::addTo(CLI::App& program) {
   orientation_.addTo(*app);
   inverse_.addTo(*app);
   options().addTo(*app);
-  addSubcommand(*app, std::make_unique<FovDistanceCommand>());
+  addSubcommand(*app, std::make_unique<FovDistanceCommand>(home()));
   app->footer(
       "Angles are those of a lens focused at infinity.  A value that is not given is that of\n"
       "the last call with --save.\n"
@@ -100,8 +102,8 @@ FovQuestion FovCommand::question(UnitSystem units) const {
 
 }  // namespace
 
-std::unique_ptr<Command> makeFovCommand() {
-  return std::make_unique<FovCommand>();
+std::unique_ptr<Command> makeFovCommand(Home& home) {
+  return std::make_unique<FovCommand>(home);
 }
 
 }  // namespace zenivo::cli

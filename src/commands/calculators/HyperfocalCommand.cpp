@@ -15,25 +15,28 @@ namespace {
 
 class HyperfocalCommand : public CalculatorCommand<HyperfocalQuestion> {
  public:
+  using CalculatorCommand::CalculatorCommand;
   void addTo(CLI::App& program) override;
 
  private:
   HyperfocalQuestion question(UnitSystem /*units*/) const override {
     return {camera_.name(), focalLengths_.read(CameraValuesParser::parseFocalLength),
-            stops_.question()};
+            stops_.question(), coc_.read(CameraValuesParser::parseCoC)};
   }
   std::string text(const HyperfocalReport& report, const Terminal& terminal) const override;
 
   CameraOption camera_;
   ListOption focalLengths_{"--focal", "24mm,35mm"};
   StopsOptions stops_;
+  TypedOption coc_{"--coc", "0.03mm"};
 };
 
 void HyperfocalCommand::addTo(CLI::App& program) {
   CLI::App* app = program.add_subcommand("hyperfocal", "Hyperfocal distances for many lenses");
   camera_.addTo(*app);
-  focalLengths_.addTo(*app, "Focal lengths to show (default: all)", "24mm,35mm");
+  focalLengths_.addTo(*app, "Focal lengths to show (default: those of usual lenses)", "24mm,35mm");
   stops_.addTo(*app);
+  coc_.addTo(*app, "A circle of confusion of your own");
   options().addTo(*app);
   app->footer(
       "Focused at the hyperfocal distance, all is sharp from half of it to infinity.\n"
@@ -57,13 +60,14 @@ std::string HyperfocalCommand::text(const HyperfocalReport& report,
     for (const float metres : hyperfocals) cells.push_back(formatter.formatDistance(metres));
     table.addRow(cells);
   }
-  return cameraLine(report.setup.camera, terminal) + "\n" + table.text(terminal);
+  return cameraLine(report.setup.camera, terminal) + ownCocLine(report.setup.camera, report.coc) +
+         "\n" + table.text(terminal);
 }
 
 }  // namespace
 
-std::unique_ptr<Command> makeHyperfocalCommand() {
-  return std::make_unique<HyperfocalCommand>();
+std::unique_ptr<Command> makeHyperfocalCommand(Home& home) {
+  return std::make_unique<HyperfocalCommand>(home);
 }
 
 }  // namespace zenivo::cli

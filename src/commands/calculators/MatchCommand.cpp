@@ -11,6 +11,7 @@ namespace {
 
 class MatchCommand : public ReadoutCommand<MatchQuestion> {
  public:
+  using ReadoutCommand::ReadoutCommand;
   void addTo(CLI::App& program) override;
 
  private:
@@ -44,8 +45,8 @@ void MatchCommand::addTo(CLI::App& program) {
 
 }  // namespace
 
-std::unique_ptr<Command> makeMatchCommand() {
-  return std::make_unique<MatchCommand>();
+std::unique_ptr<Command> makeMatchCommand(Home& home) {
+  return std::make_unique<MatchCommand>(home);
 }
 
 }  // namespace zenivo::cli

@@ -19,6 +19,11 @@ void TypedOption::refuse() const {
       fmt::format("{} cannot be {}; write it as in {}", name_, inQuotes(text_), example_));
 }
 
+void TypedOption::refuseTooLarge(std::string_view mostText) const {
+  throw InputError(
+      fmt::format("{} cannot be {}: it is at most {}", name_, inQuotes(text_), mostText));
+}
+
 CLI::Option* TextOption::addTo(CLI::App& command, const std::string& name,
                                const std::string& description, const std::string& type) {
   CLI::Option* option = command.add_option(name, text_, description)->type_name(type);
@@ -33,9 +38,11 @@ void LensOptions::addTo(CLI::App& command) {
 }
 
 LensQuestion LensOptions::question() const {
-  return {focal_.read(CameraValuesParser::parseFocalLength),
-          teleconverter1_.read(CameraValuesParser::parseTeleconverter),
-          teleconverter2_.read(CameraValuesParser::parseTeleconverter)};
+  constexpr float kLongestLens = 100;  // metres; telescopes have a tenth of it
+  constexpr float kMostTimes = 100;
+  return {focal_.readUpTo(kLongestLens, "100 m", CameraValuesParser::parseFocalLength),
+          teleconverter1_.readUpTo(kMostTimes, "100x", CameraValuesParser::parseTeleconverter),
+          teleconverter2_.readUpTo(kMostTimes, "100x", CameraValuesParser::parseTeleconverter)};
 }
 
 void CocOptions::addTo(CLI::App& command) {

@@ -53,11 +53,22 @@ class TypedOption {
     return value;
   }
 
+  /// The same of a number that may be `most` and no more, in words `mostText`.
+  template <class Parse>
+  std::optional<float> readUpTo(float most, std::string_view mostText, Parse parse) const {
+    const std::optional<float> value = readPositive(parse);
+    if (value && *value > most) refuseTooLarge(mostText);
+    return value;
+  }
+
   /// A distance in metres above 0, a bare number in the units.
   std::optional<float> readLength(UnitSystem units) const;
 
   /// Throws the InputError of a text that is no value of the option.
   [[noreturn]] void refuse() const;
+  [[noreturn]] void refuseTooLarge(std::string_view mostText) const;
+
+  const std::string& text() const { return text_; }
 
  private:
   std::string name_;

@@ -11,12 +11,17 @@ namespace {
 
 class StarsCommand : public ReadoutCommand<StarsQuestion> {
  public:
+  using ReadoutCommand::ReadoutCommand;
   void addTo(CLI::App& program) override;
 
  private:
   StarsQuestion question(UnitSystem /*units*/) const override {
-    return {camera_.name(), lens_.question(), aperture_.read(CameraValuesParser::parseAperture),
-            declination_.read(CameraValuesParser::parseAngle), accuracy_.value(), explains_};
+    return {camera_.name(),
+            lens_.question(),
+            aperture_.read(CameraValuesParser::parseAperture),
+            declination_.read(CameraValuesParser::parseAngle),
+            accuracy_.value(),
+            explains_};
   }
 
   CameraOption camera_;
@@ -48,6 +53,7 @@ void StarsCommand::addTo(CLI::App& program) {
 
 class TrailsCommand : public ReadoutCommand<TrailsQuestion> {
  public:
+  using ReadoutCommand::ReadoutCommand;
   void addTo(CLI::App& program) override;
 
  private:
@@ -78,12 +84,12 @@ void TrailsCommand::addTo(CLI::App& program) {
 
 }  // namespace
 
-std::unique_ptr<Command> makeStarsCommand() {
-  return std::make_unique<StarsCommand>();
+std::unique_ptr<Command> makeStarsCommand(Home& home) {
+  return std::make_unique<StarsCommand>(home);
 }
 
-std::unique_ptr<Command> makeTrailsCommand() {
-  return std::make_unique<TrailsCommand>();
+std::unique_ptr<Command> makeTrailsCommand(Home& home) {
+  return std::make_unique<TrailsCommand>(home);
 }
 
 }  // namespace zenivo::cli

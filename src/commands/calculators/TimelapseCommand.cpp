@@ -15,6 +15,7 @@ namespace {
 
 class TimelapseIntervalsCommand : public CalculatorCommand<IntervalTableQuestion> {
  public:
+  using CalculatorCommand::CalculatorCommand;
   void addTo(CLI::App& command) override;
 
  private:
@@ -46,6 +47,7 @@ std::string TimelapseIntervalsCommand::text(const IntervalTableReport& report,
 
 class TimelapseCommand : public ReadoutCommand<TimelapseQuestion> {
  public:
+  using ReadoutCommand::ReadoutCommand;
   void addTo(CLI::App& program) override;
 
  private:
@@ -75,7 +77,7 @@ void TimelapseCommand::addTo(CLI::App& program) {
   for (CLI::Option* each : driven) event->excludes(each);
   event->excludes(solve_.addTo(*app));
   options().addTo(*app, Lengths::none);
-  addSubcommand(*app, std::make_unique<TimelapseIntervalsCommand>());
+  addSubcommand(*app, std::make_unique<TimelapseIntervalsCommand>(home()));
   app->footer(
       "A value that is not given is that of the last call with --save; the interval is not kept\n"
       "itself, but follows from clip and event.  Solved for is what --solve says, else what was\n"
@@ -105,8 +107,8 @@ TimelapseQuestion TimelapseCommand::question(UnitSystem /*units*/) const {
 
 }  // namespace
 
-std::unique_ptr<Command> makeTimelapseCommand() {
-  return std::make_unique<TimelapseCommand>();
+std::unique_ptr<Command> makeTimelapseCommand(Home& home) {
+  return std::make_unique<TimelapseCommand>(home);
 }
 
 }  // namespace zenivo::cli

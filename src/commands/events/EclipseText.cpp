@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "answers/common/Words.h"
+#include "commands/common/Clock.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "foundation/DateFormatter.h"
+#include "time/DateEphemeris.h"
 #include "time/Mjd.h"
 
 namespace zenivo::cli {

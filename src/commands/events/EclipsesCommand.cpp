@@ -11,6 +11,7 @@
 #include "eclipses/StoredEclipseCatalogue.h"
 #include "foundation/DateFormatter.h"
 #include "input/MomentParser.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {

@@ -2,11 +2,12 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/Words.h"
 #include "answers/events/Find.h"
 #include "commands/common/Arguments.h"
+#include "commands/common/Clock.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "commands/events/Commands.h"
 #include "commands/events/PeriodOptions.h"
 #include "foundation/DateFormatter.h"

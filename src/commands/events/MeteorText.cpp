@@ -1,14 +1,14 @@
-// The answers of the meteor commands as text.
+#include "commands/events/MeteorText.h"
 
 #include <fmt/format.h>
 
 #include <array>
 #include <cmath>
 
-#include "answers/common/Words.h"
+#include "commands/common/Clock.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
-#include "commands/events/MeteorText.h"
+#include "commands/common/Words.h"
 #include "engine/Angles.h"
 #include "foundation/DateFormatter.h"
 #include "time/DateEphemeris.h"

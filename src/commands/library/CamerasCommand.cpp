@@ -21,7 +21,8 @@ class CamerasCommand : public Command {
     app->add_option("TEXT", text_, "Only those whose brand or model contains this")->type_name("");
     app->add_flag("--json", wantsJson_, "Print JSON");
     app->footer(
-        "Own cameras come first; see zenivo camera for more of one, and to choose one.\n"
+        "Those chosen lately come first, then own ones; see zenivo camera for more of one, and to\n"
+        "choose one.\n"
         "\n"
         "Examples:\n"
         "  zenivo cameras fujifilm\n"

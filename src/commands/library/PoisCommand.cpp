@@ -2,10 +2,10 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/Words.h"
 #include "answers/library/Pois.h"
 #include "commands/common/PlaceText.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "commands/library/Commands.h"
 #include "foundation/LocalizedString.h"
 #include "input/InputError.h"

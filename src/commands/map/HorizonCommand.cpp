@@ -2,9 +2,9 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/Words.h"
 #include "answers/map/Horizon.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "commands/map/Commands.h"
 #include "commands/map/MapText.h"
 #include "input/InputError.h"

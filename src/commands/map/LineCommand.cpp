@@ -2,11 +2,11 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/Words.h"
 #include "answers/map/Line.h"
 #include "commands/common/Arguments.h"
 #include "commands/common/PlaceText.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "commands/map/Commands.h"
 #include "commands/map/MapText.h"
 #include "input/InputError.h"

@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "answers/common/Words.h"
 #include "calculators/camera/CameraValuesParser.h"
+#include "commands/common/Words.h"
 #include "input/InputError.h"
 
 namespace zenivo::cli {

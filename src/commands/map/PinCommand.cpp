@@ -2,10 +2,11 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/Words.h"
 #include "answers/map/Pin.h"
+#include "commands/common/Clock.h"
 #include "commands/common/PlaceText.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "commands/map/Commands.h"
 #include "commands/map/MapText.h"
 #include "foundation/DateFormatter.h"

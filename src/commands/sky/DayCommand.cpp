@@ -1,7 +1,10 @@
 // zenivo day: the day of light at a place.
 
+#include "answers/sky/Day.h"
+#include "commands/common/SceneOptions.h"
 #include "commands/sky/Commands.h"
-#include "commands/sky/DayReport.h"
+#include "commands/sky/DayPicture.h"
+#include "commands/sky/DayText.h"
 
 namespace zenivo::cli {
 namespace {
@@ -28,11 +31,12 @@ class DayCommand : public Command {
 
   std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
-    const DayReport day = computeDay(scene, moment_.resolve(scene.zone));
-    if (scene_.wantsJson()) return dayJson(day).dump(2) + "\n";
+    const DayQuestion question{scene, moment_.resolve(scene.zone)};
+    const DayReport day = answer(question);
+    if (scene_.wantsJson()) return json(day).dump(2) + "\n";
     const bool draws = wantsPicture_ || (terminal.isTerminal && !wantsNoPicture_);
     std::vector<SkySample> samples;
-    if (draws) samples = sampleDay(scene.location, day.clock, samplesForWidth(terminal.width));
+    if (draws) samples = sampleDay(question, samplesForWidth(terminal.width));
     return dayText(day, samples, terminal);
   }
 

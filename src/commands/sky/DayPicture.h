@@ -5,16 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "answers/common/Moments.h"
+#include "answers/sky/Day.h"
+#include "commands/common/Clock.h"
 #include "commands/common/Terminal.h"
 
 namespace zenivo::cli {
-
-/// Elevations of Sun and Moon at one moment, degrees.
-struct SkySample {
-  double sunElevation = 0;
-  double moonElevation = 0;
-};
 
 /// How many samples a picture of this width takes, one a column of its plot; they are
 /// spread evenly over the day, each in the middle of its column.

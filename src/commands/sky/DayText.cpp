@@ -1,10 +1,12 @@
-// The day of light as tables.
+#include "commands/sky/DayText.h"
 
 #include <fmt/format.h>
 
-#include "answers/common/Words.h"
+#include "commands/common/Clock.h"
+#include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
-#include "commands/sky/DayReport.h"
+#include "commands/common/Words.h"
+#include "commands/sky/DayPicture.h"
 
 namespace zenivo::cli {
 namespace {
@@ -31,10 +33,10 @@ Style styleOf(TimeIntervalEventType type) {
   }
 }
 
-std::string eventTable(const DayReport& day, const Terminal& terminal) {
+std::string eventTable(const DayReport& day, const DayClock& clock, const Terminal& terminal) {
   Table table({{"time"}, {"event"}, {"azimuth", Align::right}, {"elevation", Align::right}});
   for (const DayEvent& event : day.events) {
-    table.addRow({day.clock.time(event.mjd), timeIntervalEventTypeToString(event.type),
+    table.addRow({clock.time(event.mjd), timeIntervalEventTypeToString(event.type),
                   bearing(event.position.azimuth_), degrees(event.position.elevation_)},
                  styleOf(event.type));
   }
@@ -54,12 +56,12 @@ std::string spanText(const TwilightEvent& span, const DayClock& clock) {
   return limit(span.mjdStart()) + " - " + limit(span.mjdEnd());
 }
 
-std::string lightTable(const DayReport& day, const Terminal& terminal) {
+std::string lightTable(const DayReport& day, const DayClock& clock, const Terminal& terminal) {
   Table table({{"light"}, {""}, {""}, {""}, {""}});
   const auto row = [&](const char* name, LightType light, Style style) {
     std::vector<std::string> cells{name};
     for (const TwilightEvent& span : day.sun.spansForLightType(light)) {
-      cells.push_back(spanText(span, day.clock));
+      cells.push_back(spanText(span, clock));
     }
     if (cells.size() == 1) cells.emplace_back("none");
     table.addRow(std::move(cells), style);
@@ -72,34 +74,34 @@ std::string lightTable(const DayReport& day, const Terminal& terminal) {
   return table.text(terminal);
 }
 
-std::string moonText(const DayReport& day) {
+std::string moonText(const DayReport& day, const DayClock& clock) {
   const MoonEvent& moon = day.moon;
   std::string text = phaseName(moon.phase);
-  if (moon.hasPrincipalPhase()) text += fmt::format(" at {}", day.clock.time(moon.mjdPhase));
+  if (moon.hasPrincipalPhase()) text += fmt::format(" at {}", clock.time(moon.mjdPhase));
   if (moon.isSupermoon) text += ", a supermoon";
   return fmt::format("{}; {} lit, {:.1f} days old", text, percent(moon.phaseIllumination),
                      day.moonAge);
 }
 
-std::string milkyWayText(const DayReport& day) {
+std::string milkyWayText(const DayReport& day, const DayClock& clock) {
   const MilkyWayEvent& event = day.milkyWay;
   if (!drawEventAtMjd(event.mjdVisibilityFrom) || !drawEventAtMjd(event.mjdVisibilityTo)) {
     return "galactic centre not visible in the dark";
   }
   return fmt::format("galactic centre visible {} - {}, azimuth {} to {}, {} to {} high",
-                     day.clock.time(event.mjdVisibilityFrom), day.clock.time(event.mjdVisibilityTo),
+                     clock.time(event.mjdVisibilityFrom), clock.time(event.mjdVisibilityTo),
                      bearing(event.visibilityFromAzimuth), bearing(event.visibilityToAzimuth),
                      degrees(event.visibilityFromElevation), degrees(event.visibilityToElevation));
 }
 
-std::string darknessText(const DayReport& day) {
+std::string darknessText(const DayReport& day, const DayClock& clock) {
   if (!day.night) return "the coming night does not get dark";
-  std::string text = fmt::format("{} - {}", day.clock.time(day.night->darkness.start),
-                                 day.clock.time(day.night->darkness.end));
+  std::string text = fmt::format("{} - {}", clock.time(day.night->darkness.start),
+                                 clock.time(day.night->darkness.end));
   if (day.night->moonless.empty()) return text + ", the Moon up all the while";
   text += ", without Moon";
   for (const TimeSpan& span : day.night->moonless) {
-    text += fmt::format(" {} - {}", day.clock.time(span.start), day.clock.time(span.end));
+    text += fmt::format(" {} - {}", clock.time(span.start), clock.time(span.end));
   }
   return text + fmt::format(" ({:.1f} h)", day.night->moonlessHours());
 }
@@ -108,15 +110,16 @@ std::string darknessText(const DayReport& day) {
 
 std::string dayText(const DayReport& day, const std::vector<SkySample>& samples,
                     const Terminal& terminal) {
-  std::string text =
-      heading(day.scene, dayTitle(day.clock.start(), day.scene.zone), day.clock.offset(), terminal);
+  const Scene& scene = day.question.scene;
+  const DayClock clock(day.date, scene.zone);
+  std::string text = heading(scene, dayTitle(clock.start(), scene.zone), clock.offset(), terminal);
   text += "\n";
-  if (!samples.empty()) text += dayPicture(samples, day.clock, terminal) + "\n";
-  text += eventTable(day, terminal);
+  if (!samples.empty()) text += dayPicture(samples, clock, terminal) + "\n";
+  text += eventTable(day, clock, terminal);
   text += stayText("Sun", day.sun) + stayText("Moon", day.moon);
-  text += "\n" + lightTable(day, terminal) + "\n";
-  text += fmt::format("Moon: {}\nMilky Way: {}\nDarkness: {}\n", moonText(day), milkyWayText(day),
-                      darknessText(day));
+  text += "\n" + lightTable(day, clock, terminal) + "\n";
+  text += fmt::format("Moon: {}\nMilky Way: {}\nDarkness: {}\n", moonText(day, clock),
+                      milkyWayText(day, clock), darknessText(day, clock));
   return text;
 }
 

@@ -4,36 +4,21 @@
 
 #include <algorithm>
 
-#include "answers/common/Session.h"
-#include "answers/common/Words.h"
+#include "answers/sky/MoonYear.h"
+#include "commands/common/Clock.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "commands/sky/Commands.h"
-#include "engine/MoonDistancesYear.h"
 #include "foundation/LocalizedString.h"
 #include "input/MomentParser.h"
-#include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {
 
-Json moonJson(const Scene& scene, const MoonDistancesYear& year) {
-  const auto list = [&](const std::vector<MoonPhaseDistance>& distances) {
-    Json json = Json::array();
-    for (const MoonPhaseDistance& d : distances) {
-      json.push_back({{"time", momentJson(d.mjd, scene.zone)}, {"distance", d.distanceToEarth}});
-    }
-    return json;
-  };
-  return {{"year", year.year()},
-          {"zone", scene.zone.name()},
-          {"place", placeJson(scene.location)},
-          {"apogees", list(year.apogees())},
-          {"perigees", list(year.perigees())},
-          {"supermoons", list(year.supermoons())}};
-}
-
-std::string moonText(const Scene& scene, const MoonDistancesYear& year, const Terminal& terminal) {
+std::string moonText(const MoonYearReport& report, const Terminal& terminal) {
+  const auto& [question, year] = report;
+  const Scene& scene = question.scene;
   struct Row {
     const MoonPhaseDistance* distance;
     const char* key;
@@ -81,9 +66,8 @@ class MoonCommand : public Command {
     const std::int64_t wanted = year_.empty()
                                     ? Calendar(scene.zone).componentsFromDate(Date::now()).year
                                     : parseYear(year_);
-    const MoonDistancesYear year(scene.location.getPtPosition(), wanted, Calendar(scene.zone));
-    return scene_.wantsJson() ? moonJson(scene, year).dump(2) + "\n"
-                              : moonText(scene, year, terminal);
+    const MoonYearReport report = answer(MoonYearQuestion{scene, wanted});
+    return scene_.wantsJson() ? json(report).dump(2) + "\n" : moonText(report, terminal);
   }
 
  private:

@@ -2,83 +2,29 @@
 
 #include <fmt/format.h>
 
-#include <optional>
-
-#include "answers/common/Session.h"
-#include "answers/common/Words.h"
+#include "answers/sky/NextMilkyWay.h"
+#include "commands/common/Clock.h"
 #include "commands/common/SceneOptions.h"
+#include "commands/common/Words.h"
 #include "commands/sky/Commands.h"
-#include "engine/MilkyWay.h"
-#include "engine/PtMilkyWay.h"
-#include "engine/PtSun.h"
-#include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {
 
-/// A limit of the time in which the centre is seen, and where it stands then.
-struct Limit {
-  double mjd = kAlwaysBelow;
-  PtPolar position;
-};
-
-struct Visibility {
-  Limit from;
-  Limit to;
-};
-
-/// The next time that the centre is seen, one in progress included.
-std::optional<Visibility> findVisibility(const ZVLocation& location, Date moment) {
-  const PtPosition observer = location.getPtPosition();
-  ephemeris::PtSun sun(observer);
-  ephemeris::PtMilkyWay milkyWay(observer);
-  const auto limit = [&](double mjd) {
-    milkyWay.computePosition(true, mjd, getDeltaT(ptDateTimeForDate(dateOfMjd(mjd))));
-    return Limit{mjd, milkyWay.horizontal()};
-  };
-  // The search begins with the day after the one it is given; first the night that
-  // concerns the moment, which may have had its time already.
-  for (const int days : {-1, 0}) {
-    const auto date = nextDateGalacticCenterIsVisible(
-        milkyWay, sun, dateByAddingNumberOfDays(moment, days, cachedCalendar()), cachedCalendar());
-    if (!date) return std::nullopt;
-    const MilkyWayEvent event =
-        calculateGalacticCenterVisibility(milkyWay, sun, *date, cachedCalendar());
-    if (event.mjdVisibilityTo <= modifiedJulianDay(moment)) continue;
-    return Visibility{limit(event.mjdVisibilityFrom), limit(event.mjdVisibilityTo)};
-  }
-  return std::nullopt;
-}
-
-Json visibilityJson(const Scene& scene, const std::optional<Visibility>& found) {
-  const auto angle = [&](double degrees) { return found ? Json(degrees) : Json(nullptr); };
-  const Visibility v = found.value_or(Visibility{});
-  const auto date = [&] {
-    return isoDate(Calendar(scene.zone).componentsFromDate(dateOfMjd(v.from.mjd)));
-  };
-  return {{"date", found ? Json(date()) : Json(nullptr)},
-          {"visibleFrom", momentJson(v.from.mjd, scene.zone)},
-          {"visibleTo", momentJson(v.to.mjd, scene.zone)},
-          {"visibleFromAzimuth", angle(v.from.position.azimuth_)},
-          {"visibleFromElevation", angle(v.from.position.elevation_)},
-          {"visibleToAzimuth", angle(v.to.position.azimuth_)},
-          {"visibleToElevation", angle(v.to.position.elevation_)},
-          {"zone", scene.zone.name()},
-          {"place", placeJson(scene.location)}};
-}
-
-std::string visibilityText(const Scene& scene, const std::optional<Visibility>& found) {
-  if (!found) {
+std::string sightText(const NextMilkyWayReport& report) {
+  const Scene& scene = report.question.scene;
+  if (!report.sight) {
     return scene.location.coordinate.latitude > 58
                ? "\nNorth of 58° the galactic centre hardly clears the horizon.\n"
                : "\nThe galactic centre is not visible in the dark within half a year.\n";
   }
-  const auto line = [&](const char* word, const Limit& limit) {
+  const auto line = [&](const char* word, const MilkyWaySight::Limit& limit) {
     return fmt::format("  {:<5} {}, azimuth {}, {} high\n", word,
                        momentTitle(limit.mjd, scene.zone), bearing(limit.position.azimuth_),
                        degrees(limit.position.elevation_));
   };
-  return "\nThe galactic centre is visible\n" + line("from", found->from) + line("to", found->to);
+  return "\nThe galactic centre is visible\n" + line("from", report.sight->from) +
+         line("to", report.sight->to);
 }
 
 class NextMilkyWayCommand : public Command {
@@ -99,11 +45,10 @@ class NextMilkyWayCommand : public Command {
   std::string run(const Terminal& terminal, const GoOn&) override {
     const Scene scene = scene_.resolve();
     const Date moment = moment_.resolve(scene.zone);
-    setCachedCalendarTimeZone(scene.zone);
-    const auto found = findVisibility(scene.location, moment);
-    if (scene_.wantsJson()) return visibilityJson(scene, found).dump(2) + "\n";
+    const NextMilkyWayReport report = answer(NextMilkyWayQuestion{scene, moment});
+    if (scene_.wantsJson()) return json(report).dump(2) + "\n";
     return heading(scene, dayTitle(moment, scene.zone), offsetTitle(moment, scene.zone), terminal) +
-           visibilityText(scene, found);
+           sightText(report);
   }
 
  private:

@@ -4,12 +4,12 @@
 
 #include <map>
 
-#include "answers/common/Words.h"
+#include "answers/sky/NextPhase.h"
 #include "commands/common/Arguments.h"
+#include "commands/common/Clock.h"
 #include "commands/common/SceneOptions.h"
+#include "commands/common/Words.h"
 #include "commands/sky/Commands.h"
-#include "input/InputError.h"
-#include "planner/NeighbouringPhase.h"
 #include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
@@ -49,20 +49,12 @@ class NextPhaseCommand : public Command {
     const Scene scene = scene_.resolve();
     const Date moment = moment_.resolve(scene.zone);
     const std::int32_t wanted = phase_.empty() ? kNoMoonPhase : kPhases.at(phase_);
-    const auto found = neighbouringPhase(moment, !wantsPrevious_, Calendar(scene.zone), wanted);
-    if (!found) throw InputError("the series of the Moon's phases does not reach that time");
-    const double mjd = getMjd(found->date);
-    if (scene_.wantsJson()) {
-      return Json{{"phase", found->phase},
-                  {"time", momentJson(mjd, scene.zone)},
-                  {"zone", scene.zone.name()},
-                  {"place", placeJson(scene.location)}}
-                 .dump(2) +
-             "\n";
-    }
+    const NextPhaseReport report = answer(NextPhaseQuestion{scene, moment, wanted, wantsPrevious_});
+    if (scene_.wantsJson()) return json(report).dump(2) + "\n";
     return heading(scene, dayTitle(moment, scene.zone), offsetTitle(moment, scene.zone), terminal) +
-           fmt::format("\n{}: {}, {}\n", styled(phaseName(found->phase), Style::moon, terminal),
-                       momentTitle(mjd, scene.zone), distanceText(mjd - modifiedJulianDay(moment)));
+           fmt::format("\n{}: {}, {}\n", styled(phaseName(report.phase), Style::moon, terminal),
+                       momentTitle(report.mjd, scene.zone),
+                       distanceText(report.mjd - modifiedJulianDay(moment)));
   }
 
  private:

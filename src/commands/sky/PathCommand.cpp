@@ -2,80 +2,44 @@
 
 #include <fmt/format.h>
 
-#include "answers/common/Session.h"
-#include "answers/common/Words.h"
+#include "answers/sky/Path.h"
 #include "commands/common/Arguments.h"
+#include "commands/common/Clock.h"
 #include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
+#include "commands/common/Words.h"
 #include "commands/sky/Commands.h"
 #include "engine/Angles.h"
 #include "foundation/DateFormatter.h"
 #include "input/InputError.h"
+#include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {
 
-struct Path {
-  Scene scene;
-  DayClock clock;
-  std::string body;
-  BodyPath items;  // empty for a body that stays down
-};
-
-Path computePath(const Scene& scene, Date moment, const std::string& body) {
-  Session session(scene, moment);
-  PlannerManager& planner = session.planner();
-  const bool isMoon = body == "moon";
-  (isMoon ? planner.mapSettings().moonLayer : planner.mapSettings().sunLayer).mode = 1;
-  planner.refreshBodyPaths();
-  const auto& items = isMoon ? planner.getCurrentMoonEvent()->positionsPerHour
-                             : planner.getCurrentSunEvent()->positionsPerHour;
-  const DateComponents day = Calendar(scene.zone).componentsFromDate(moment);
-  return {scene, DayClock(day, scene.zone), body, items.value_or(BodyPath{})};
-}
-
-const char* eventOf(const BodyPathItem& item) {
-  return item.isRise ? "rise" : item.isSet ? "set" : "";
-}
-
-Json pathJson(const Path& path) {
-  Json samples = Json::array();
-  for (const BodyPathItem& item : path.items) {
-    const std::string event = eventOf(item);
-    samples.push_back({{"time", momentJson(item.mjd, path.scene.zone)},
-                       {"azimuth", item.azimuth / kDegree},
-                       {"elevation", item.elevation / kDegree},
-                       {"event", event.empty() ? Json(nullptr) : Json(event)}});
-  }
-  return {{"date", isoDate(path.clock.day())},
-          {"zone", path.scene.zone.name()},
-          {"place", placeJson(path.scene.location)},
-          {"body", path.body},
-          {"samples", std::move(samples)}};
-}
-
-std::string pathCsv(const Path& path) {
+std::string pathCsv(const PathReport& path) {
   std::string csv = "time,mjd,azimuth,elevation,event\n";
-  for (const BodyPathItem& item : path.items) {
+  for (const BodyPathItem& sample : path.samples) {
     csv += fmt::format("{},{:.8f},{:.4f},{:.4f},{}\n",
-                       iso8601String(dateOfMjd(item.mjd), path.scene.zone), item.mjd,
-                       item.azimuth / kDegree, item.elevation / kDegree, eventOf(item));
+                       iso8601String(dateOfMjd(sample.mjd), path.question.scene.zone), sample.mjd,
+                       sample.azimuth / kDegree, sample.elevation / kDegree, eventOf(sample));
   }
   return csv;
 }
 
-std::string pathText(const Path& path, const Terminal& terminal) {
-  const bool isMoon = path.body == "moon";
-  std::string text = heading(path.scene, dayTitle(path.clock.start(), path.scene.zone),
-                             path.clock.offset(), terminal);
-  if (path.items.empty()) {
+std::string pathText(const PathReport& path, const Terminal& terminal) {
+  const Scene& scene = path.question.scene;
+  const bool isMoon = path.question.body == PathBody::moon;
+  const DayClock clock(path.date, scene.zone);
+  std::string text = heading(scene, dayTitle(clock.start(), scene.zone), clock.offset(), terminal);
+  if (path.samples.empty()) {
     return text + fmt::format("\nThe {} stays down all day.\n", isMoon ? "Moon" : "Sun");
   }
   Table table({{"time"}, {"azimuth", Align::right}, {"elevation", Align::right}, {""}});
-  for (const BodyPathItem& item : path.items) {
-    table.addRow({path.clock.time(item.mjd), bearing(item.azimuth / kDegree, 1),
-                  degrees(item.elevation / kDegree, 1), eventOf(item)},
-                 item.isMainPoint ? Style::heading : Style::plain);
+  for (const BodyPathItem& sample : path.samples) {
+    table.addRow({clock.time(sample.mjd), bearing(sample.azimuth / kDegree, 1),
+                  degrees(sample.elevation / kDegree, 1), eventOf(sample)},
+                 sample.isMainPoint ? Style::heading : Style::plain);
   }
   return text + "\n" + table.text(terminal);
 }
@@ -101,9 +65,10 @@ class PathCommand : public Command {
   std::string run(const Terminal& terminal, const GoOn&) override {
     if (wantsCsv_ && scene_.wantsJson()) throw InputError("--csv and --json exclude each other");
     const Scene scene = scene_.resolve();
-    const Path path = computePath(scene, moment_.resolve(scene.zone), body_);
+    const PathReport path = answer(PathQuestion{scene, moment_.resolve(scene.zone),
+                                                body_ == "moon" ? PathBody::moon : PathBody::sun});
     if (wantsCsv_) return pathCsv(path);
-    return scene_.wantsJson() ? pathJson(path).dump(2) + "\n" : pathText(path, terminal);
+    return scene_.wantsJson() ? json(path).dump(2) + "\n" : pathText(path, terminal);
   }
 
  private:

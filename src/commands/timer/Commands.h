@@ -4,10 +4,11 @@
 
 #include <memory>
 
+#include "answers/common/Home.h"
 #include "commands/common/Command.h"
 
 namespace zenivo::cli {
 
-std::unique_ptr<Command> makeTimerCommand();
+std::unique_ptr<Command> makeTimerCommand(Home& home);
 
 }  // namespace zenivo::cli

@@ -44,8 +44,8 @@ std::string needsOf(const TimelapseReport& timelapse, const Terminal& terminal) 
 }
 
 /// The timer as the user's settings keep it.
-TimerReport keptTimer() {
-  CalculatorSession session;
+TimerReport keptTimer(Home& home) {
+  CalculatorSession session(home);
   return answer(TimerQuestion(), session);
 }
 
@@ -74,6 +74,8 @@ void catchUpWithClock(ExposureTimer& timer) {
 
 class TimerCommand : public Command {
  public:
+  explicit TimerCommand(Home& home) : home_(home) {}
+
   void addTo(CLI::App& program) override;
   std::string run(const Terminal& terminal, const GoOn& goOn) override;
 
@@ -86,6 +88,7 @@ class TimerCommand : public Command {
     return wantsJson_ ? json(report, TimeZone::systemTimeZone()).dump(2) + "\n" : timerText(report);
   }
 
+  Home& home_;
   CLI::App* status_ = nullptr;
   CLI::App* reset_ = nullptr;
   std::string duration_;
@@ -132,19 +135,19 @@ std::string TimerCommand::run(const Terminal& terminal, const GoOn& goOn) {
   setLogThreshold(LogLevel::none);  // failures are thrown with what the log would say
   if (!status_->parsed() && !reset_->parsed()) return start(terminal, goOn);
   if (isTimeGiven()) throw InputError("a time is counted without status and reset; leave one out");
-  if (status_->parsed()) return print(keptTimer());
+  if (status_->parsed()) return print(keptTimer(home_));
   MainQueueTicks ticks;
   TerminalNotifications notifications([](const std::string&) {}, [] {});
-  ExposureTimer timer(zenivoUserDefaults(), ticks, notifications);
+  ExposureTimer timer(home_.zenivoUserDefaults(), ticks, notifications);
   timer.cancelTimer();
-  expectKept(zenivoUserDefaults());
+  expectKept(home_.zenivoUserDefaults());
   return print(reportOf(timer));
 }
 
 CountdownReport TimerCommand::timeGiven() const {
   CountdownReport time;
   if (calculator_.value()) {
-    CalculatorSession session;
+    CalculatorSession session(home_);
     time = answer(CountdownQuestion{*calculator_.value()}, session);
   } else if (const auto seconds = CameraValuesParser::parseTimeDuration(duration_)) {
     time.seconds = *seconds;
@@ -157,7 +160,7 @@ CountdownReport TimerCommand::timeGiven() const {
 }
 
 std::string TimerCommand::start(const Terminal& terminal, const GoOn& goOn) const {
-  const TimerReport before = keptTimer();
+  const TimerReport before = keptTimer(home_);
   const CountdownReport time = isTimeGiven() ? timeGiven() : CountdownReport();
   if (!isTimeGiven() && before.seconds == 0) {
     throw InputError("no time is set; write one as in zenivo timer 90s");
@@ -167,7 +170,7 @@ std::string TimerCommand::start(const Terminal& terminal, const GoOn& goOn) cons
       [&display](const std::string& line) { display.say(line + "\n"); },
       [&display] { display.ring(); });
   MainQueueTicks ticks;
-  UserDefaults& defaults = zenivoUserDefaults();
+  UserDefaults& defaults = home_.zenivoUserDefaults();
   ExposureTimer timer(defaults, ticks, notifications);
   if (!isTimeGiven() && before.hasEnded) {
     expectKept(defaults);
@@ -184,14 +187,14 @@ std::string TimerCommand::start(const Terminal& terminal, const GoOn& goOn) cons
 
 std::string TimerCommand::count(ExposureTimer& timer, CountdownDisplay& display,
                                 const GoOn& goOn) const {
-  UserDefaults& defaults = zenivoUserDefaults();
+  UserDefaults& defaults = home_.zenivoUserDefaults();
   bool isWanted = goOn(0);  // before the start, so that what stops it later can pause it
   if (!timer.isTimerRunning()) timer.doStartTimer();
   expectKept(defaults);
   std::int64_t shown = -1;
   while (timer.isTimerRunning() && isWanted) {
     if (timer.secondsLeft() != shown) {
-      if (isChangedElsewhere(timer, defaults)) return print(keptTimer());
+      if (isChangedElsewhere(timer, defaults)) return print(keptTimer(home_));
       shown = timer.secondsLeft();
       display.show(reportOf(timer));
     }
@@ -212,8 +215,8 @@ std::string TimerCommand::count(ExposureTimer& timer, CountdownDisplay& display,
 
 }  // namespace
 
-std::unique_ptr<Command> makeTimerCommand() {
-  return std::make_unique<TimerCommand>();
+std::unique_ptr<Command> makeTimerCommand(Home& home) {
+  return std::make_unique<TimerCommand>(home);
 }
 
 }  // namespace zenivo::cli

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "data/stores/TypedKeys.h"
+#include "data/stores/CommonAttributes.h"
 
 namespace zenivo {
 
@@ -18,19 +18,12 @@ class CameraBrand : public StoredObject {
   static constexpr ToMany<Camera> cameras{"cameras"};
 };
 
-/// A camera of the catalogue.  Lengths in millimetres; `aperture` and `focalLength`
-/// are those of a lens that cannot be changed, else none.
-class Camera : public StoredObject {
+/// A camera of the catalogue.
+class Camera : public StoredObject, public CameraAttributes {
  public:
   static constexpr std::string_view kEntityName = "Camera";
 
   static constexpr Attribute<std::int32_t> cameraId{"cameraId"};
-  static constexpr Attribute<std::string> model{"model"};
-  static constexpr Attribute<double> sensorWidth{"sensorWidth"};
-  static constexpr Attribute<double> sensorHeight{"sensorHeight"};
-  static constexpr Attribute<double> megapixels{"megapixels"};
-  static constexpr Attribute<double> aperture{"aperture"};
-  static constexpr Attribute<double> focalLength{"focalLength"};
   static constexpr Attribute<bool> film{"film"};
   static constexpr ToOne<CameraBrand> brand{"brand"};
 };
@@ -46,17 +39,11 @@ class PoiCategory : public StoredObject {
 };
 
 /// A point of interest of the catalogue.
-class Poi : public StoredObject {
+class Poi : public StoredObject, public PoiAttributes {
  public:
   static constexpr std::string_view kEntityName = "Poi";
 
   static constexpr Attribute<std::int32_t> pid{"pid"};
-  static constexpr Attribute<std::string> name{"name"};
-  static constexpr Attribute<std::string> notes{"notes"};
-  static constexpr Attribute<std::string> link{"link"};
-  static constexpr Attribute<std::string> country{"country"};
-  static constexpr Attribute<double> latitude{"latitude"};    ///< degrees
-  static constexpr Attribute<double> longitude{"longitude"};  ///< degrees
   static constexpr ToOne<PoiCategory> category{"category"};
 };
 

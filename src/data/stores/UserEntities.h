@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "data/stores/TypedKeys.h"
+#include "data/stores/CommonAttributes.h"
 
 namespace zenivo {
 
@@ -104,16 +104,10 @@ class CustomPoiImage : public CustomImage {
 };
 
 /// A point of interest of the user's own.
-class CustomPoi : public SynchronizedObject {
+class CustomPoi : public SynchronizedObject, public PoiAttributes {
  public:
   static constexpr std::string_view kEntityName = "CustomPoi";
 
-  static constexpr Attribute<std::string> name{"name"};
-  static constexpr Attribute<std::string> notes{"notes"};
-  static constexpr Attribute<std::string> link{"link"};
-  static constexpr Attribute<std::string> country{"country"};
-  static constexpr Attribute<double> latitude{"latitude"};    ///< degrees
-  static constexpr Attribute<double> longitude{"longitude"};  ///< degrees
   /// The `cid` of its category in the static store.
   static constexpr Attribute<std::int32_t> cid{"cid"};
   static constexpr ToMany<CustomPoiImage> images{"images"};
@@ -129,16 +123,10 @@ class CustomPoi : public SynchronizedObject {
 
 /// A camera of the user's own.  Lengths in millimetres; 0 or none in `aperture` and
 /// `focalLength` means that the lens can be changed.
-class CustomCamera : public SynchronizedObject {
+class CustomCamera : public SynchronizedObject, public CameraAttributes {
  public:
   static constexpr std::string_view kEntityName = "CustomCamera";
 
-  static constexpr Attribute<std::string> model{"model"};
-  static constexpr Attribute<double> sensorWidth{"sensorWidth"};
-  static constexpr Attribute<double> sensorHeight{"sensorHeight"};
-  static constexpr Attribute<double> megapixels{"megapixels"};
-  static constexpr Attribute<double> aperture{"aperture"};
-  static constexpr Attribute<double> focalLength{"focalLength"};
   static constexpr Attribute<double> coc{"coc"};
   static constexpr Attribute<bool> isFilm{"isFilm"};
 

@@ -211,7 +211,9 @@ RowPlan::RowPlan(const EntityDescription& entity, bool includesSubentities,
 Value readAttribute(const sqlite::Statement& row, int column, AttributeType type) {
   const sqlite::Stored stored = row.stored(column);
   if (stored == sqlite::Stored::null) return {};
-  const double real = stored == sqlite::Stored::text ? std::nan("") : row.real(column);
+  const auto real = [&] {
+    return stored == sqlite::Stored::text ? std::nan("") : row.real(column);
+  };
   switch (type) {
     case AttributeType::integer16:
     case AttributeType::integer32:
@@ -220,9 +222,9 @@ Value readAttribute(const sqlite::Statement& row, int column, AttributeType type
       return row.integer(column);
     case AttributeType::doubleNumber:
     case AttributeType::floatNumber:
-      return real;
+      return real();
     case AttributeType::date:
-      return Date::withTimeIntervalSinceReferenceDate(real);
+      return Date::withTimeIntervalSinceReferenceDate(real());
     case AttributeType::string:
       return row.text(column);
     case AttributeType::binary:

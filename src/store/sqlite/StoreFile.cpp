@@ -199,24 +199,24 @@ StoreFile::Locked::~Locked() {
 }
 
 StoreFile::Reading::Reading(StoreFile& file) : file_(file) {
-  Access access = Access::read;
   {
     const std::lock_guard<std::mutex> guard(file.readersMutex_);
-    access = file.readAccess_;
+    access_ = file.readAccess_;
     if (!file.idleReaders_.empty()) {
       connection_ = std::move(file.idleReaders_.back());
       file.idleReaders_.pop_back();
     }
   }
   if (connection_) return;
-  connection_ = file.connect(access);
+  connection_ = file.connect(access_);
   file.requireInPlace();
 }
 
 StoreFile::Reading::~Reading() {
   connection_->rollback();
   const std::lock_guard<std::mutex> guard(file_.readersMutex_);
-  if (file_.idleReaders_.size() < kIdleReaders) {
+  const bool isOfUse = access_ == file_.readAccess_;  // else a writer has come meanwhile
+  if (isOfUse && file_.idleReaders_.size() < kIdleReaders) {
     file_.idleReaders_.push_back(std::move(connection_));
   }
 }

@@ -73,6 +73,7 @@ class StoreFile {
 
    private:
     StoreFile& file_;
+    Access access_ = Access::read;
     std::unique_ptr<Connection> connection_;
   };
 

@@ -128,6 +128,76 @@ TEST_F(ExposureAnswers, SayWhereTheLadderEnds) {
   EXPECT_EQ(noteOf("10", ExposureField::shutterSpeed), "[]");
 }
 
+TEST_F(ExposureAnswers, ATestShotsValuesGoOnToTheOther) {
+  ExposureQuestion question;
+  question.test = {5.6F, 0.5F, 400.0F};
+  Exposure shot = ask(question).shot;
+  EXPECT_EQ(shot.aperture().fstop, 5.6);
+  EXPECT_EQ(shot.iso(), 400);
+  EXPECT_NEAR(shot.shutterSpeed(), 0.5, 1e-6);
+  question.shot = {8.0F, {}, {}};
+  shot = ask(question).shot;
+  EXPECT_EQ(shot.aperture().fstop, 8) << "its own";
+  question.solveFor = ExposureField::iso;
+  question.shot = {{}, 2.0F, {}};
+  EXPECT_NEAR(ask(question).shot.iso(), 100, 0.01);
+}
+
+TEST_F(ExposureAnswers, TheFilterThatIsMissingIsFound) {
+  ExposureQuestion question;
+  question.test.shutterSpeed = 1 / 125.F;
+  question.shot = {8.0F, 30.0F, 100.0F};
+  const Json found = jsonOf(question);
+  EXPECT_EQ(found["solved"], "filter");
+  EXPECT_NEAR(found["inputs"]["filter"]["value"].get<double>(), std::log2(30 * 125.), 1e-4);
+  EXPECT_EQ(found["inputs"]["filter"]["text"], "11.9 stops");
+  EXPECT_EQ(found["inputs"]["shutterSpeed"]["text"], "30s");
+  EXPECT_THAT(found["notes"],
+              ElementsAre("Nearest of the filters sold: ND1024/3.0 + ND4/0.6, 12 stops, 0.1 stops "
+                          "too dark."));
+  // The filter that was found gives the exposure.
+  ExposureQuestion again = question;
+  again.filter = FilterValue{static_cast<float>(found["inputs"]["filter"]["value"]), 0};
+  again.shot.shutterSpeed.reset();
+  EXPECT_NEAR(ask(again).shot.shutterSpeed(), 30, 0.01);
+
+  question.solveFor = ExposureField::filter;
+  question.shot.shutterSpeed = 1 / 125.F;
+  EXPECT_THAT(jsonOf(question)["notes"], ElementsAre("No filter is needed."));
+  question.shot.shutterSpeed = 1 / 1000.F;
+  EXPECT_EQ(refusalOf(question),
+            "no filter brightens: without one the photograph is 3.0 stops too dark");
+  question.shot.shutterSpeed = 1e9F;
+  EXPECT_THAT(refusalOf(question), HasSubstr("no filter takes 36.9 stops away"));
+  question.filter = FilterValue{3, 0};
+  EXPECT_EQ(refusalOf(question), "--filter is what is solved for; leave it out");
+}
+
+TEST_F(ExposureAnswers, StacksAreTheFewestThatComeNear) {
+  for (double stops = 0.6; stops < 25; stops += 0.1) {
+    const auto stack = nearestStack(stops);
+    ASSERT_FALSE(stack.empty()) << stops;
+    double sum = 0;
+    for (const CameraFilter& filter : stack) sum += double{filter.fStopReduction};
+    EXPECT_NEAR(sum, stops, stops < 1 ? 1 - stops + 1e-9 : 0.51) << stops;
+    if (stack.size() > 1) {
+      EXPECT_GT(stops, 7) << "one filter would do";
+    }
+  }
+  EXPECT_TRUE(nearestStack(0.1).empty());
+  EXPECT_TRUE(nearestStack(-3).empty());
+}
+
+TEST_F(ExposureAnswers, AnApertureOfNoLensIsSaidToBeNone) {
+  ExposureQuestion question;
+  question.test.shutterSpeed = 1 / 125.F;
+  question.shot.shutterSpeed = 30;
+  question.solveFor = ExposureField::aperture;
+  const Json found = jsonOf(question);
+  EXPECT_THAT(found["notes"],
+              ElementsAre("No lens has f/512: take a filter, or less time or sensitivity."));
+}
+
 TEST_F(ExposureAnswers, RowsOfTheTablesAreChosenByNumberOrName) {
   const LightTableReport table = ask(LightTableQuestion());
   const Light& light = table.sections[3].lights[0];
@@ -166,6 +236,7 @@ TEST_F(ExposureAnswers, TimelapseArithmetic) {
     const Json json = jsonOf(question);
     EXPECT_DOUBLE_EQ(json["inputs"][key]["value"], value);
     EXPECT_EQ(json["results"]["numberOfPhotos"]["value"], photos);
+    EXPECT_GE(json["results"]["numberOfFrames"]["value"], photos);
   }
   EXPECT_EQ(jsonOf(TimelapseQuestion{
                 .interval = 5, .duration = 3600, .imageSize = 20})["results"]["memoryUsage"]

@@ -97,7 +97,8 @@ TEST_F(LensAnswers, CamerasThatFixTheLens) {
   question.lens = lensOfMillimetres(50);
   EXPECT_THAT(refusalOf(question), HasSubstr("The lens of this camera"));
   EXPECT_EQ(ask(HyperfocalQuestion{"Ricoh GR III", {}, {{}, true}}).rows.size(), 1U);
-  const Json match = jsonOf(MatchQuestion{kFullFrameCamera, "Apple iPhone 11", lensOfMillimetres(50), {}, {}});
+  const Json match =
+      jsonOf(MatchQuestion{kFullFrameCamera, "Apple iPhone 11", lensOfMillimetres(50), {}, {}});
   EXPECT_EQ(match["results"]["diagonal"].dump(), R"({"value":null,"unit":"mm","text":"--"})");
 }
 
@@ -173,6 +174,96 @@ TEST_F(LensAnswers, TablesShowTheStopsAskedFor) {
   EXPECT_EQ(rows.back()["text"], "500'");
   question.stops.all = true;
   EXPECT_EQ(ask(question).stops, session_.environment().apertures.stops());
+}
+
+// Focus within a centimetre of the hyperfocal distance has no far limit, wherever it was
+// wanted.
+TEST_F(LensAnswers, AResultThatIsMissedIsToldAndNotGiven) {
+  DofQuestion question = dofOf(23.1F, 8, 0.482F);
+  question.fstop.reset();
+  question.wanted = {DofField::farLimit, 152.0F};
+  question.solveFor = DofField::aperture;
+  const Readout lines = readout(ask(question));
+  EXPECT_EQ(lines.results[3].role, Role::missed);
+  EXPECT_THAT(lines.notes, ElementsAre("Far limit: 152 m was asked for, and ∞ comes nearest."));
+  EXPECT_EQ(json(lines)["given"], "farLimit");
+  question.wanted = {DofField::farLimit, 1.0F};
+  EXPECT_TRUE(jsonOf(question)["notes"].empty());
+}
+
+TEST_F(LensAnswers, SmallDepthsAreMillimetres) {
+  const DofQuestion macro = dofOf(100, 2.8F, 0.3F);
+  Json results = jsonOf(macro)["results"];
+  EXPECT_THAT(results["depthOfField"]["text"].get<std::string>(), testing::EndsWith(" mm"));
+  EXPECT_THAT(results["depthInFront"]["text"].get<std::string>(),
+              testing::MatchesRegex("0\\.[0-9]+ mm \\([0-9.]+%\\)"));
+  EXPECT_EQ(results["nearLimit"]["text"], "0.3 m");
+  useFeet();
+  results = jsonOf(macro)["results"];
+  EXPECT_THAT(results["depthOfField"]["text"].get<std::string>(),
+              testing::MatchesRegex("0\\.0[0-9]+\""));
+}
+
+TEST_F(LensAnswers, LensesThatStopDownCanBeStoppedDown) {
+  for (const char* camera : {"Fujifilm X100V", "Ricoh GR III", "Leica Q2", "Sony RX1R II"}) {
+    DofQuestion question;
+    question.camera = camera;
+    question.fstop = 8;
+    EXPECT_EQ(ask(question).dof.aperture().fstop, 8) << camera;
+  }
+  DofQuestion phone;
+  phone.camera = "Apple iPhone 11";
+  phone.fstop = 8;
+  EXPECT_THAT(refusalOf(phone), HasSubstr("This camera has a fixed aperture."));
+}
+
+TEST_F(LensAnswers, AMatchThatIsNoneSaysSo) {
+  // No lens of a phone's size of sensor is as fast as a full frame's f/1.4 would take.
+  const Json far =
+      jsonOf(MatchQuestion{kFullFrameCamera, "Sony RX100 VII", lensOfMillimetres(85), 1.4F, 2.0F});
+  ASSERT_EQ(far["notes"].size(), 1U);
+  EXPECT_THAT(far["notes"][0], HasSubstr("f/0.95 is the nearest there is: "));
+  EXPECT_THAT(far["notes"][0], HasSubstr(" are sharp with it, "));
+  const Json near =
+      jsonOf(MatchQuestion{kFullFrameCamera, "Fujifilm X-T4", lensOfMillimetres(85), 4.0F, 5.0F});
+  EXPECT_TRUE(near["notes"].empty());
+  EXPECT_FALSE(near["results"].contains("angle"));
+
+  const Json fixed =
+      jsonOf(MatchQuestion{kFullFrameCamera, "Fujifilm X100V", lensOfMillimetres(35), 4.0F, 5.0F});
+  EXPECT_THAT(fixed["notes"], ElementsAre("The lens of the Fujifilm X100V is fixed, at 23 mm."));
+  const Json& results = fixed["results"];
+  // Both see 63 degrees, by the makers' data sheets.
+  EXPECT_NEAR(results["angle"]["value"].get<double>(), 63, 1);
+  EXPECT_NEAR(results["cameraAngle"]["value"].get<double>(), 63, 1);
+  const double depth = results["depth"]["value"], first = results["cameraDepth"]["value"];
+  EXPECT_NEAR(depth, first, first * 0.07) << "with the stop that matches";
+}
+
+TEST_F(LensAnswers, ACircleOfOnesOwnIsTakenAndRemembered) {
+  DofQuestion question;
+  question.coc.own = 0.02F;
+  EXPECT_EQ(ask(question).note, "");
+  question.isSaved = true;
+  EXPECT_THAT(ask(question).note, HasSubstr("Kept for zenivo dof --advanced"));
+  DofQuestion advanced;
+  advanced.coc.isAdvanced = true;
+  EXPECT_FLOAT_EQ(ask(advanced).dof.circleOfConfusion(), 20e-6F);
+  EXPECT_FLOAT_EQ(ask(DofQuestion()).dof.circleOfConfusion(),
+                  0.001F * ask(DofQuestion()).setup.camera.coc);
+
+  // Greenleaf, Photographic Optics (1950): H = f^2 / (N c) + f, with the geometric N; half the
+  // circle has twice the distance less a focal length.
+  HyperfocalQuestion table{kFullFrameCamera, {0.0375F}, {{8}, false}, 0.03F};
+  const float whole = ask(table).rows.at(0).hyperfocals.at(0);
+  EXPECT_NEAR(whole, 0.0375 * 0.0375 / (8 * 30e-6) + 0.0375, 1e-3) << "a length of no ladder";
+  table.coc = 0.015F;
+  EXPECT_NEAR(ask(table).rows[0].hyperfocals[0], 2 * whole - 0.0375F, 1e-3);
+  EXPECT_EQ(jsonOf(table)["circleOfConfusion"], 0.015);
+  DofTableQuestion depths{kFullFrameCamera, lensOfMillimetres(37.5F), {{8}, false}, {}, 0.015F};
+  EXPECT_EQ(ask(depths).hyperfocals.at(0), ask(table).rows[0].hyperfocals[0]);
+  table.camera = "Ricoh GR III";
+  EXPECT_THAT(refusalOf(table), HasSubstr("The lens of this camera"));
 }
 
 TEST_F(LensAnswers, WhatIsGivenIsKeptForTheNextQuestion) {

@@ -37,8 +37,15 @@ TEST(Parser, ReadsWhatPhotographersType) {
   expectValues(
       Parse::parseFocalLength,
       {{"35mm", 0.035}, {" 35 MM ", 0.035}, {"10.5", 0.0105}, {"0.6 m", 0.6}, {"5cm", 0.05}});
-  expectValues(Parse::parseAperture,
-               {{"f/2.8", 2.8}, {"F2.8", 2.8}, {"2.8", 2.8}, {"f/ 11", 11}, {".95", 0.95}});
+  expectValues(Parse::parseAperture, {{"f/2.8", 2.8},
+                                      {"F2.8", 2.8},
+                                      {"2.8", 2.8},
+                                      {"f/ 11", 11},
+                                      {".95", 0.95},
+                                      {"ƒ/8", 8},
+                                      {"ƒ8", 8},
+                                      {"1:2.8", 2.8},
+                                      {"f/2,8", 2.8}});
   expectValues(Parse::parseShutterSpeed, {{"1/250", 0.004},
                                           {"1/2.5s", 0.4},
                                           {"30\"", 30},
@@ -51,6 +58,10 @@ TEST(Parser, ReadsWhatPhotographersType) {
                              {"3", 3},
                              {"250 cm", 2.5},
                              {"10ft", 3.048},
+                             {"10yd", 9.144},
+                             {"3,5m", 3.5},
+                             {"0,125 m", 0.125},
+                             {"1e3m", 1000},
                              {"1.2 km", 1200},
                              {"∞", -1},
                              {"inf", -1}});
@@ -69,6 +80,9 @@ TEST(Parser, ReadsWhatPhotographersType) {
                                           {"1:30:00", 5400},
                                           {"5:00", 300},
                                           {"3h 5' 6\"", 11106},
+                                          {"2h30", 9000},
+                                          {"1m30", 90},
+                                          {"1h 2m30", 3750},
                                           {"1 1/2 h", 5400}});
   expectValues(Parse::parseAngle, {{"46.8°", 46.8}, {"-12.5", -12.5}, {"30 deg", 30}});
   expectValues(Parse::parseISO, {{"ISO 400", 400}, {"iso400", 400}, {"100", 100}});
@@ -98,6 +112,10 @@ TEST(Parser, ReadsFiltersByStopsAndByName) {
                {"ND1000000", 20, 0},
                {"ND2", 1, 0},
                {"ND3.0", 10, 0},
+               {"none", 0, 0},
+               {"ND64+ND8", 9, 0},
+               {"ND1000 + 2/3", 10, 2.0F / 3},
+               {"ND8 + ND8 + 1", 7, 0},
                {"ND 3.8", 12, 2.0F / 3}};
   for (const auto& [text, stops, fraction] : cases) {
     const auto value = Parse::parseFilter(text);
@@ -105,19 +123,30 @@ TEST(Parser, ReadsFiltersByStopsAndByName) {
     EXPECT_FLOAT_EQ(value->stops, stops) << text;
     EXPECT_NEAR(value->fraction, fraction, 1e-6) << text;
   }
-  for (const char* text : {"ND7", "ND3", "ND0", "ND1", "ND0.0", "ND", "ND64/", "ND64x"}) {
+  for (const char* text : {"ND7", "ND3", "ND0", "ND1", "ND0.0", "ND", "ND64/", "ND64x", "ND64+",
+                           "+ND8", "ND64++ND8"}) {
     EXPECT_FALSE(Parse::parseFilter(text)) << text;
   }
 }
 
+TEST(Parser, ABareDensityIsNoPlainNumberOfStops) {
+  for (const char* text : {"0.9", "1.8", "3.0", "0,3"}) {
+    EXPECT_TRUE(Parse::mayBeDensity(text)) << text;
+  }
+  for (const char* text : {"3", "6", "0.5", "0.9 stops", "ND0.9", "1/3", ""}) {
+    EXPECT_FALSE(Parse::mayBeDensity(text)) << text;
+  }
+}
+
 TEST(Parser, RefusesWhatIsNoValue) {
-  for (const char* text : {"", " ", "abc", "35mmm", "35 mm mm", "1.2.3", "-5", "nan", "0x10", "1e5",
-                           "0", "5 apples", "/"}) {
+  for (const char* text : {"", " ", "abc", "35mmm", "35 mm mm", "1.2.3", "-5", "nan", "0x10", "1e",
+                           "3,500", "1,2.3", "e5", "0", "5 apples", "/"}) {
     EXPECT_FALSE(Parse::parseFocalLength(text)) << text;
     EXPECT_FALSE(Parse::parseAperture(text)) << text;
     EXPECT_FALSE(Parse::parseISO(text)) << text;
   }
-  for (const char* text : {"", "1/0", "1/", "/250", "1h2", "3x", "-1", "1/250/2", "1 h 5"}) {
+  for (const char* text :
+       {"", "1/0", "1/", "/250", "1h2", "3x", "-1", "1/250/2", "1 h 5", "1h75", "1h 300"}) {
     EXPECT_FALSE(Parse::parseShutterSpeed(text)) << text;
   }
   for (const char* text : {"", "5'6\"x", "'", "5 6", "-3m", "3 kg", "5'6m", "5\"6'"}) {

@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
-#include <cstdint>
 
 #include "calculators/RandomOptics.h"
 #include "calculators/models/CocCalculator.h"
@@ -197,36 +195,6 @@ TEST(QuarticSolver, RealRootsAreZeros) {
       EXPECT_NEAR(evaluate(c, y), 0, size * 1e-11);
     }
   }
-}
-
-/// FNV-1a over the bits of the results.
-void mix(std::uint64_t& hash, float value) {
-  hash = (hash ^ std::bit_cast<std::uint32_t>(value)) * 0x100000001B3ULL;
-}
-
-// Only additions, multiplications, divisions and square roots, which IEEE 754 rounds one
-// way: every compiler and every machine must arrive at this number, and every faster form
-// of the model too.
-TEST(Dof, SinglePrecisionHasTheSameBitsEverywhere) {
-  std::uint64_t hash = 0xCBF29CE484222325ULL;
-  std::uint32_t state = 1;
-  const auto next = [&state](float low, float high) {  // even, without the library
-    state = state * 1664525U + 1013904223U;
-    return low + (high - low) * static_cast<float>(state >> 8) / 16777216.0F;
-  };
-  for (int i = 0; i < 5000; ++i) {
-    const float N = next(1, 32);
-    // Braces: their values are drawn in this order by every compiler.
-    const Dof dof{next(0.007F, 0.8F), {N, N},        next(0.2F, 500),
-                  next(0.7F, 2),      next(0.7F, 2), next(0.003F, 0.06F)};
-    for (const float value :
-         {dof.hyperfocal(), dof.dofNearLimit(), dof.dofFarLimit(), dof.inverseDepthOfField(),
-          dof.calculateSubjectDistanceForDOF(2), dof.calculateFocalLengthForDOFNearLimit(0.1F),
-          dof.calculateApertureForDOF(1), dof.calculateFocalLengthForHyperfocal(20)}) {
-      mix(hash, value);
-    }
-  }
-  EXPECT_EQ(hash, 147825054131617063ULL);
 }
 
 TEST(CocCalculator, FollowsPrintDistanceAndEyesight) {

@@ -76,22 +76,6 @@ TEST_F(SpotStars, ShowsWhatComes) {
   EXPECT_GT(std::abs(pole.maxExposureTimeWithNPFRule()), 1e9);
 }
 
-TEST_F(SpotStars, SettingsWithoutValues) {
-  const SpotStarsModel fresh(defaults_, stops_);
-  EXPECT_EQ(fresh.aperture().fstop, 2.8);
-  EXPECT_EQ(fresh.teleconverter(), 1);
-  SpotStarsModel changed = model(0.02F, 1.4F);
-  changed.setTeleconverter1(1.4F);
-  changed.setDeclination(-12);
-  changed.saveUserDefaults(defaults_);
-  const SpotStarsModel loaded(defaults_, stops_);
-  EXPECT_EQ(loaded.focalLength(), 0.02F);
-  EXPECT_EQ(loaded.aperture().fstop, 1.4);
-  EXPECT_EQ(loaded.teleconverter(), 1.4F);
-  EXPECT_EQ(loaded.declination(), -12);
-  EXPECT_EQ(loaded.accuracy(), SpotStarsAccuracy::accurate);
-}
-
 // The helper that knows no sensor gives what the model gives for the sensor it assumes.
 TEST_F(SpotStars, HelperAgreesOnAFullFrame) {
   const SpotStarsModel spot = model();
@@ -137,6 +121,15 @@ TEST(Timelapse, TheThreeAgree) {
     lapse.clipLength = 0;
     lapse.calculateClipLength();
     EXPECT_NEAR(lapse.clipLength, std::round(before.clipLength), 1.0 / lapse.fps + 1e-9);
+  }
+}
+
+// 420 / 1.12 is 374.99999999999994 in binary.
+TEST(Timelapse, WholeNumbersOfPhotosStayWhole) {
+  for (int frames = 1; frames < 2000; ++frames) {
+    Timelapse lapse = Timelapse::initWithFps(25, frames / 25.0, 420, 4);
+    lapse.calculateShootingInterval();
+    EXPECT_EQ(lapse.numberOfPhotos(), frames);
   }
 }
 

@@ -6,8 +6,10 @@
 #include <vector>
 
 #include "answers/common/Moments.h"
+#include "commands/common/Clock.h"
 #include "commands/common/Table.h"
 #include "commands/common/Terminal.h"
+#include "commands/common/Words.h"
 #include "support/Times.h"
 #include "time/Mjd.h"
 
@@ -50,6 +52,14 @@ TEST(DayClock, TimesToTheNearestMinute) {
   EXPECT_EQ(amsterdam.time(15020 + 12 / 24.0), "12:20");
 }
 
+TEST(MomentTitle, KeepsTheDayOfTheMoment) {
+  // 2025-05-20 11:59:54 UT, and a minute before.
+  constexpr double kMoment = 60815.49992602666;
+  const TimeZone zone = zoneNamed("Etc/GMT-12");
+  EXPECT_EQ(momentTitle(kMoment, zone), "Tuesday 20 May 2025, 24:00 UTC+12:00");
+  EXPECT_EQ(momentTitle(kMoment - 1 / 1440.0, zone), "Tuesday 20 May 2025, 23:59 UTC+12:00");
+}
+
 TEST(DayClock, OffsetsAndLengths) {
   struct Case {
     DayClock clock;
@@ -87,6 +97,17 @@ TEST(Styles, OnlyWithColour) {
   EXPECT_EQ(styled("Sun", Style::heading, Terminal{.hasColour = true}), "\x1b[1mSun\x1b[0m");
   EXPECT_EQ(styled("Sun", Style::plain, Terminal{.hasColour = true}), "Sun");
   EXPECT_EQ(displayWidth("48°N ●"), 6);
+}
+
+TEST(Words, NoMinusZeroAndNoFullTurn) {
+  EXPECT_EQ(degrees(-0.27), "0°");
+  EXPECT_EQ(degrees(-0.27, 1), "-0.3°");
+  EXPECT_EQ(bearing(359.6), "0°");
+  EXPECT_EQ(bearing(359.6, 1), "359.6°");
+  EXPECT_EQ(bearing(359.996, 2), "0.00°");
+  EXPECT_EQ(kilometres(384399.5), "384,400 km");
+  EXPECT_EQ(phaseName(-1), "");
+  EXPECT_EQ(phaseName(2), "Full Moon");
 }
 
 }  // namespace

@@ -1,18 +1,49 @@
-// The day of light as JSON.
+#include "answers/sky/Day.h"
 
-#include "commands/sky/DayReport.h"
+#include <algorithm>
+#include <span>
 
-namespace zenivo::cli {
+#include "answers/common/Session.h"
+#include "engine/MoonlessHours.h"
+#include "engine/PtMoon.h"
+#include "engine/PtSun.h"
+#include "time/DateEphemeris.h"
+
+namespace zenivo {
 namespace {
+
+double deltaTAt(double mjd) {
+  return getDeltaT(ptDateTimeForDate(dateOfMjd(mjd)));
+}
+
+bool isOfMoon(TimeIntervalEventType type) {
+  using enum TimeIntervalEventType;
+  return type == moonRise || type == moonTransit || type == moonSet;
+}
+
+std::vector<DayEvent> eventsOf(const PlannerManager& planner, const PtPosition& observer) {
+  ephemeris::PtSun sunBody(observer);
+  ephemeris::PtMoon moonBody(observer);
+  std::vector<DayEvent> events;
+  for (const TimeIntervalEventWithType& event : planner.getEventSorter().sortedEvents()) {
+    ephemeris::PtPlanet& body =
+        isOfMoon(event.type) ? static_cast<ephemeris::PtPlanet&>(moonBody) : sunBody;
+    body.computePosition(true, event.mjd, deltaTAt(event.mjd));
+    events.push_back({event.type, event.mjd, body.horizontal()});
+  }
+  // The session's list is in order to the minute.
+  std::ranges::stable_sort(events, {}, &DayEvent::mjd);
+  return events;
+}
 
 class DayJsonWriter {
  public:
-  explicit DayJsonWriter(const DayReport& day) : day_(day) {}
+  explicit DayJsonWriter(const DayReport& day) : day_(day), scene_(day.question.scene) {}
 
   Json json() const {
-    return {{"date", isoDate(day_.clock.day())},
-            {"zone", day_.scene.zone.name()},
-            {"place", placeJson(day_.scene.location)},
+    return {{"date", isoDate(day_.date)},
+            {"zone", scene_.zone.name()},
+            {"place", placeJson(scene_.location)},
             {"sun", sun()},
             {"moon", moon()},
             {"milkyWay", milkyWay()},
@@ -22,7 +53,7 @@ class DayJsonWriter {
   }
 
  private:
-  Json moment(double mjd) const { return momentJson(mjd, day_.scene.zone); }
+  Json moment(double mjd) const { return momentJson(mjd, scene_.zone); }
 
   Json span(const TwilightEvent& twilight) const {
     return {{"start", moment(twilight.mjdStart())}, {"end", moment(twilight.mjdEnd())}};
@@ -107,12 +138,57 @@ class DayJsonWriter {
   }
 
   const DayReport& day_;
+  const Scene& scene_;
 };
 
 }  // namespace
 
-Json dayJson(const DayReport& day) {
-  return DayJsonWriter(day).json();
+DayReport answer(const DayQuestion& question) {
+  const Session session(question.scene, question.moment);
+  const PlannerManager& planner = session.planner();
+  const Calendar& calendar = planner.calendar();
+  const PtPosition observer = question.scene.location.getPtPosition();
+  ephemeris::PtSun sun(observer);
+  ephemeris::PtMoon moon(observer);
+  DayReport report;
+  report.question = question;
+  report.date = calendar.componentsFromDate(question.moment);
+  report.sun = *planner.getCurrentSunEvent();
+  report.moon = *planner.getCurrentMoonEvent();
+  report.moonAge = static_cast<double>(moonAgeAt(question.moment, calendar));
+  report.milkyWay = planner.getCurrentMilkyWayEvent();
+  report.events = eventsOf(planner, observer);
+  report.night =
+      nightBeginningOnDay(std::span<const SunEvent, 3>(planner.sunEvents()), observer, calendar);
+  report.moonlessHours = moonlessHoursForNightAtDate(question.moment, sun, moon, calendar);
+  return report;
 }
 
-}  // namespace zenivo::cli
+Json json(const DayReport& report) {
+  return DayJsonWriter(report).json();
+}
+
+std::vector<SkySample> sampleDay(const DayQuestion& question, int count) {
+  const Calendar calendar(question.scene.zone);
+  const PtPosition observer = question.scene.location.getPtPosition();
+  ephemeris::PtSun sun(observer);
+  ephemeris::PtMoon moon(observer);
+  const DateComponents day = calendar.componentsFromDate(question.moment);
+  const auto midnight = [&](int days) {
+    return calendar.dateFromComponents(
+        {.year = day.year, .month = day.month, .day = day.day + days});
+  };
+  const Date start = midnight(0);
+  const double step = midnight(1).timeIntervalSinceDate(start) / count;
+  std::vector<SkySample> samples;
+  for (int i = 0; i < count; ++i) {
+    const double mjd = modifiedJulianDay(start.dateByAddingTimeInterval((i + 0.5) * step));
+    const double deltaT = deltaTAt(mjd);
+    sun.computePosition(true, mjd, deltaT);
+    moon.computePosition(true, mjd, deltaT);
+    samples.push_back({sun.horizontal().elevation_, moon.horizontal().elevation_});
+  }
+  return samples;
+}
+
+}  // namespace zenivo

@@ -1,11 +1,11 @@
-#include "answers/common/Words.h"
+#include "commands/common/Words.h"
 
 #include <array>
 
 #include "foundation/LocalizedString.h"
 #include "foundation/NumberFormatter.h"
 
-namespace zenivo {
+namespace zenivo::cli {
 
 std::string phaseName(std::int32_t phase) {
   // In the order of the phase codes.
@@ -35,4 +35,4 @@ std::string kilometres(double distance) {
   return NumberFormatter{.usesGroupingSeparator = true}.stringFromNumber(distance) + " km";
 }
 
-}  // namespace zenivo
+}  // namespace zenivo::cli

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-namespace zenivo {
+namespace zenivo::cli {
 
 /// "Full Moon", "Waxing crescent", …; empty for no phase.
 std::string phaseName(std::int32_t phase);
@@ -22,4 +22,4 @@ std::string percent(double fraction);
 /// "384,400 km"
 std::string kilometres(double distance);
 
-}  // namespace zenivo
+}  // namespace zenivo::cli
