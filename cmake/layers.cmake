@@ -80,7 +80,8 @@ layer(answers/calculators
     calculators/timer input answers/common
   PACKAGES fmt)
 
-layer(answers/events USES time engine place eclipses find input answers/common PACKAGES fmt)
+layer(answers/events
+  USES foundation time engine place eclipses meteors find input answers/common PACKAGES fmt)
 
 layer(answers/library
   USES foundation app/settings store/file data/stores place calculators/camera data/pois app/shell
@@ -95,7 +96,7 @@ layer(commands/common
 layer(commands/sky
   USES foundation time engine input answers/sky commands/common PACKAGES fmt)
 layer(commands/events
-  USES foundation time engine eclipses meteors find input answers/common
+  USES foundation time engine eclipses find input answers/common
     answers/events commands/common
   PACKAGES cli11 fmt)
 layer(commands/calculators

@@ -1,7 +1,9 @@
 #include "find/FindSearch.h"
 
+#include <cmath>
 #include <memory>
 
+#include "engine/Angles.h"
 #include "find/FindOperation.h"
 #include "find/PassageSearch.h"
 #include "time/DateEphemeris.h"
@@ -23,11 +25,49 @@ std::unique_ptr<FindOperation> operationFor(const ZVObserver& observer,
   return operation;
 }
 
+/// What the scan by the fast series found, held against the full series: the minute itself,
+/// or the one before or after it.
+class WindowCheck {
+ public:
+  WindowCheck(const ZVObserver& observer, const FindRequest& request)
+      : bodies_(request.body, observer.getPtPosition()),
+        request_(request),
+        deltaT_(getDeltaT(ptDateTimeForDate(request.period.start))) {}
+
+  std::optional<ZVFindResultBodyAtAzimuth> inside(const ZVFindResultBodyAtAzimuth& found) {
+    if (!request_.elevation || isInside(found)) return found;
+    const Date minute = dateOfPosition(found, request_);
+    for (const double seconds : {-60.0, 60.0}) {
+      const Date date = minute.dateByAddingTimeInterval(seconds);
+      bodies_.evaluate(modifiedJulianDay(date), deltaT_);
+      const auto beside = bodies_.result(date);
+      if (isInside(beside)) return beside;
+    }
+    return std::nullopt;
+  }
+
+ private:
+  bool isInside(const ZVFindResultBodyAtAzimuth& result) const {
+    const ElevationWindow& window = *request_.elevation;
+    const double azimuthMiss =
+        std::abs(angleDifference(double{result.azimuth}, double{request_.azimuth}));
+    const double elevationMiss = std::abs(double{result.elevation} - double{window.elevation});
+    return (window.azimuthError == 0 || azimuthMiss <= double{window.azimuthError}) &&
+           elevationMiss <= window.usedElevationError();
+  }
+
+  FindBodies bodies_;
+  const FindRequest& request_;
+  double deltaT_;
+};
+
 bool searchDays(const ZVObserver& observer, const FindRequest& request, const GoOn& goOn,
                 FindResults& found) {
   const auto operation = operationFor(observer, request);
+  WindowCheck check(observer, request);
   return operation->search(goOn, [&](const FindOperation::Result& result) {
-    if (result) found.add(*result);
+    const auto inside = result ? check.inside(*result) : std::nullopt;
+    if (inside) found.add(*inside);
   });
 }
 
@@ -47,6 +87,12 @@ bool searchPassages(const ZVObserver& observer, const FindRequest& request, cons
 }
 
 }  // namespace
+
+Date dateOfPosition(const ZVFindResultBodyAtAzimuth& result, const FindRequest& request) {
+  if (request.allPassages) return result.date;
+  const double minutes = std::floor(result.date.timeIntervalSince1970() / 60 + 0.5);
+  return Date::withTimeIntervalSince1970(minutes * 60);
+}
 
 FoundDirections findDirection(const ZVObserver& observer, const FindRequest& request,
                               const GoOn& goOn) {

@@ -4,11 +4,12 @@
 #include <atomic>
 #include <cmath>
 #include <future>
+#include <thread>
+#include <vector>
 
 #include "engine/PtMoon.h"
 #include "engine/PtSun.h"
 #include "engine/Supermoon.h"
-#include "foundation/OperationQueue.h"
 #include "meteors/MeteorNight.h"
 #include "time/DateEphemeris.h"
 
@@ -135,9 +136,9 @@ void calculateRealPeaks(std::vector<RealPeakTask> tasks, PeakSamples& samples, i
   const PtPosition observer = samples.location().getPtPosition();
   std::atomic<bool> stopped = false;
   std::vector<std::promise<void>> done(tasks.size());
-  OperationQueue queue(threads);  // destroyed first: it waits for what uses the others
-  for (std::size_t i = 0; i < tasks.size(); ++i) {
-    queue.addOperation([&, i] {
+  std::atomic<std::size_t> next = 0;
+  const auto work = [&] {
+    for (std::size_t i = next++; i < tasks.size(); i = next++) {
       PtSun sun(observer);
       PtMoon moon(observer);
       for (MeteorShowerActivityPeriod& period : tasks[i].periods) {
@@ -145,13 +146,15 @@ void calculateRealPeaks(std::vector<RealPeakTask> tasks, PeakSamples& samples, i
         calculateRealPeak(tasks[i].shower, period, samples, sun, moon);
       }
       done[i].set_value();
-    });
-  }
+    }
+  };
+  // Threads and no queue, which on the main thread would run other work while it waits.
+  std::vector<std::jthread> workers;  // destroyed first: they use the others
+  for (int i = 0; i < threads; ++i) workers.emplace_back(work);
   for (std::size_t i = 0; i < tasks.size(); ++i) {
     done[i].get_future().wait();
     if (deliver(tasks[i])) continue;
     stopped = true;
-    queue.cancelAllOperations();
     return;
   }
 }

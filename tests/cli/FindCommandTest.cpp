@@ -51,7 +51,10 @@ TEST(Find, JsonKeys) {
                                       "results.[]",
                                       "results.[].time",
                                       "results.[].time.mjd",
-                                      "results.[].time.time"};
+                                      "results.[].time.time",
+                                      "results.[].positionTime",
+                                      "results.[].positionTime.mjd",
+                                      "results.[].positionTime.time"};
   for (const bool isMoon : {false, true}) {
     std::vector<std::string> keys = head;
     for (const char* key : {"azimuth", "elevation", "positive"}) {

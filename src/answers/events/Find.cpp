@@ -1,6 +1,9 @@
 #include "answers/events/Find.h"
 
+#include <fmt/format.h>
+
 #include "engine/Angles.h"
+#include "input/InputError.h"
 #include "place/ZVObserver.h"
 
 namespace zenivo {
@@ -8,10 +11,12 @@ namespace {
 
 Json foundJson(const ZVFindResultBodyAtAzimuth& result, const FindQuestion& question) {
   const FindBody body = question.wanted.body;
-  Json json{{"time", momentJson(result.date, question.scene.zone)},
-            {"azimuth", result.azimuth},
-            {"elevation", result.elevation},
-            {"positive", isPositive(result, body)}};
+  Json json{
+      {"time", momentJson(result.date, question.scene.zone)},
+      {"positionTime", momentJson(dateOfPosition(result, question.wanted), question.scene.zone)},
+      {"azimuth", result.azimuth},
+      {"elevation", result.elevation},
+      {"positive", isPositive(result, body)}};
   if (body == FindBody::moon) {
     json["phase"] = result.phase;
     json["waxing"] = result.waxing;
@@ -21,9 +26,23 @@ Json foundJson(const ZVFindResultBodyAtAzimuth& result, const FindQuestion& ques
   return json;
 }
 
+void expectSearchable(const FindQuestion& question) {
+  const FindRequest& wanted = question.wanted;
+  if (wanted.allPassages) return;
+  const FindYears years = searchableYears(wanted.body);
+  const Calendar calendar(question.scene.zone);
+  const auto yearOf = [&](Date date) { return calendar.componentsFromDate(date).year; };
+  if (yearOf(wanted.period.start) >= years.first && yearOf(wanted.period.end) <= years.last) return;
+  throw InputError(
+      fmt::format("the {} can be searched for in the years {} to {}; farther from today days "
+                  "would be missed",
+                  wanted.body == FindBody::moon ? "Moon" : "Sun", years.first, years.last));
+}
+
 }  // namespace
 
 FindReport answer(const FindQuestion& question, const GoOn& goOn) {
+  expectSearchable(question);
   return {question, findDirection(ZVObserver(question.scene.location), question.wanted, goOn)};
 }
 

@@ -17,6 +17,7 @@ struct FindReport {
   FoundDirections found;
 };
 
+/// Throws InputError for a period beyond searchableYears.
 FindReport answer(const FindQuestion& question, const GoOn& goOn);
 Json json(const FindReport& report);
 

@@ -50,6 +50,12 @@ Scene SceneOptions::resolve() const {
   return sceneFrom(at_, zone_, home.database());
 }
 
+TimeZone SceneOptions::zoneOfPlace(const Scene& scene) const {
+  if (zone_.empty()) return scene.zone;
+  Home home(userFolder());
+  return sceneFrom(at_, {}, home.database()).zone;
+}
+
 TimeZone SceneOptions::resolveZone() const {
   return zone_.empty() ? parseZone("UTC") : parseZone(zone_);
 }

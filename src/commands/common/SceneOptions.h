@@ -29,6 +29,9 @@ class SceneOptions {
   /// False when no place was given.
   bool hasPlace() const { return atOption_->count() > 0; }
 
+  /// The zone of the place of a resolved scene, whatever zone was given for its clocks.
+  TimeZone zoneOfPlace(const Scene& scene) const;
+
   /// The zone alone, for an answer without a place: that given, else UTC.
   TimeZone resolveZone() const;
 

@@ -32,8 +32,10 @@ std::string directionText(const FindRequest& request) {
       fmt::format("{} at azimuth {}", isMoon(request) ? "Moon" : "Sun", asGiven(request.azimuth));
   if (!request.elevation) return text;
   const ElevationWindow& window = *request.elevation;
-  return text + fmt::format(" ± {}, elevation {} ± {}", asGiven(window.azimuthError),
-                            asGiven(window.elevation), asGiven(window.elevationError));
+  const std::string azimuthError =
+      window.azimuthError == 0 ? "to the minute" : "± " + asGiven(window.azimuthError);
+  return text + fmt::format(" {}, elevation {} ± {}", azimuthError, asGiven(window.elevation),
+                            asGiven(static_cast<float>(window.usedElevationError())));
 }
 
 Table rowsTable(const FindReport& report) {
@@ -50,10 +52,10 @@ Table rowsTable(const FindReport& report) {
   const DateFormatter time(request.allPassages ? "%H:%M:%S" : "%H:%M", scene.zone);
   const Date now = Date::now();
   for (const auto& result : report.found.rows) {
-    std::vector<std::string> cells{
-        weekday.stringFromDate(result.date), day.stringFromDate(result.date),
-        time.stringFromDate(result.date), bearing(double{result.azimuth}, 2),
-        degrees(double{result.elevation}, 2)};
+    const Date date = dateOfPosition(result, request);
+    std::vector<std::string> cells{weekday.stringFromDate(date), day.stringFromDate(date),
+                                   time.stringFromDate(date), bearing(double{result.azimuth}, 2),
+                                   degrees(double{result.elevation}, 2)};
     if (isMoon(request)) {
       cells.push_back(percent(double{result.phase}));
       cells.push_back(degrees(double{result.sunElevation}));
@@ -87,8 +89,7 @@ void expectBetween(const char* option, double value, double least, double most) 
 
 void expectTolerance(const char* option, double value) {
   constexpr double kMost = 45;
-  if (value > 0 && value <= kMost) return;
-  throw InputError(fmt::format("{} must be more than 0 and at most {} degrees", option, kMost));
+  expectBetween(option, value, 0, kMost);
 }
 
 class FindCommand : public Command {
@@ -156,7 +157,7 @@ class FindCommand : public Command {
     request.azimuth = static_cast<float>(azimuth_);
     if (elevation_) {
       request.elevation = ElevationWindow{
-          .azimuthError = static_cast<float>(azimuthTolerance_),
+          .azimuthError = static_cast<float>(azimuthTolerance_.value_or(kDefaultTolerance)),
           .elevation = static_cast<float>(*elevation_),
           .elevationError = static_cast<float>(elevationTolerance_.value_or(kDefaultTolerance))};
     }
@@ -170,7 +171,10 @@ class FindCommand : public Command {
 
   void expectGoodOptions() const {
     expectBetween("--azimuth", azimuth_, 0, 360);
-    expectTolerance("--azimuth-tolerance", azimuthTolerance_);
+    if (azimuthTolerance_) {
+      if (!elevation_) throw InputError("--azimuth-tolerance needs --elevation");
+      expectTolerance("--azimuth-tolerance", *azimuthTolerance_);
+    }
     if (elevation_) expectBetween("--elevation", *elevation_, -90, 90);
     if (elevationTolerance_) {
       if (!elevation_) throw InputError("--elevation-tolerance needs --elevation");
@@ -187,7 +191,7 @@ class FindCommand : public Command {
   std::string body_;
   SceneOptions scene_;
   double azimuth_ = 0;
-  double azimuthTolerance_ = kDefaultTolerance;
+  std::optional<double> azimuthTolerance_;
   std::optional<double> elevation_;
   std::optional<double> elevationTolerance_;
   PeriodOptions period_;

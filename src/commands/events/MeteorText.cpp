@@ -1,4 +1,4 @@
-// The answers of the meteor commands as text.
+#include "commands/events/MeteorText.h"
 
 #include <fmt/format.h>
 
@@ -6,9 +6,9 @@
 #include <cmath>
 
 #include "commands/common/Clock.h"
+#include "commands/common/SceneOptions.h"
 #include "commands/common/Table.h"
 #include "commands/common/Words.h"
-#include "commands/events/MeteorReport.h"
 #include "engine/Angles.h"
 #include "foundation/DateFormatter.h"
 #include "time/DateEphemeris.h"
@@ -183,28 +183,55 @@ std::string nextText(const ShowerReport& report) {
                      percent(next.moonPhaseAtPeak));
 }
 
-std::string daysTable(const ShowerReport& report, const Terminal& terminal) {
-  const TimeZone& zone = report.question.zone;
-  const DateFormatter weekday("%a %e %b", zone);
-  Table table({{"day"},
+/// The best of the night between the noons of two days.
+MeteorGraphInfoAtMjd bestOfNight(const MeteorDayInfoData& evening,
+                                 const MeteorDayInfoData& morning) {
+  MeteorGraphInfoAtMjd best;
+  for (const MeteorDayInfoData* day : {&evening, &morning}) {
+    for (const MeteorGraphInfoAtMjd& sample : day->elevationsAndRates) {
+      const bool isOfNight = sample.mjd >= evening.middle() && sample.mjd < morning.middle();
+      if (isOfNight && sample.rate > best.rate) best = sample;
+    }
+  }
+  return best;
+}
+
+/// The one of two moments that is in the night; the sentinel when neither is.
+double inNight(double first, double second, const MeteorDayInfoData& evening,
+               const MeteorDayInfoData& morning) {
+  for (const double mjd : {first, second}) {
+    if (drawEventAtMjd(mjd) && mjd >= evening.middle() && mjd < morning.middle()) return mjd;
+  }
+  return kNotThisDay;
+}
+
+/// The two nights around the peak.
+std::string nightsTable(const ShowerReport& report, const Terminal& terminal) {
+  const Clock clock(report.question.zone);
+  const DateFormatter weekday("%a %e %b", report.question.nightZone);
+  Table table({{"night of"},
                {"best"},
                {"rate", Align::right},
                {"radiant", Align::right},
                {"Moon", Align::right},
-               {"sunrise"},
                {"sunset"},
+               {"sunrise"},
                {"moonrise"},
                {"moonset"}});
-  for (const ShowerDay& day : report.days) {
-    const MeteorDayInfoData& info = day.info;
-    const Date noon = dateFromModifiedJulianDay(info.middle());
-    const DayClock clock(Calendar(zone).componentsFromDate(noon), zone);
-    const bool isSeen = day.best.rate > 0;
-    table.addRow(
-        {weekday.stringFromDate(noon), isSeen ? clock.time(day.best.mjd) : "-",
-         rateText(double{day.best.rate}), isSeen ? degrees(double{day.best.meteorElevation}) : "-",
-         isSeen ? degrees(double{day.best.moonElevation}) : "-", clock.time(info.mjdSunRise),
-         clock.time(info.mjdSunSet), clock.time(info.mjdMoonRise), clock.time(info.mjdMoonSet)});
+  for (std::size_t i = 1; i < report.days.size(); ++i) {
+    const MeteorDayInfoData& evening = report.days.at(i - 1);
+    const MeteorDayInfoData& morning = report.days.at(i);
+    const auto timeOf = [&](double MeteorDayInfoData::*event) {
+      return clock.time(inNight(evening.*event, morning.*event, evening, morning));
+    };
+    const MeteorGraphInfoAtMjd best = bestOfNight(evening, morning);
+    const bool isSeen = best.rate > 0;
+    table.addRow({weekday.stringFromDate(dateFromModifiedJulianDay(evening.middle())),
+                  isSeen ? clock.time(best.mjd) : "-", rateText(double{best.rate}),
+                  isSeen ? degrees(double{best.meteorElevation}) : "-",
+                  isSeen ? degrees(double{best.moonElevation}) : "-",
+                  timeOf(&MeteorDayInfoData::mjdSunSet), timeOf(&MeteorDayInfoData::mjdSunRise),
+                  timeOf(&MeteorDayInfoData::mjdMoonRise), timeOf(&MeteorDayInfoData::mjdMoonSet)});
   }
   return table.text(terminal);
 }
@@ -230,7 +257,7 @@ std::string showerText(const ShowerReport& report, const Terminal& terminal) {
                      factsText(shower) + peakText(report);
   if (!report.question.scene) return text + nextText(report);
   if (report.shower.isActive) text += "\n" + nightText(report.now, report.question, true);
-  return text + "\n" + daysTable(report, terminal) + nextText(report);
+  return text + "\n" + nightsTable(report, terminal) + nextText(report);
 }
 
 std::string showerCalendarText(const ShowerCalendarReport& report, const Terminal& terminal) {

@@ -2,10 +2,10 @@
 
 #include "commands/common/SceneOptions.h"
 #include "commands/events/Commands.h"
-#include "commands/events/MeteorReport.h"
+#include "commands/events/MeteorText.h"
+#include "foundation/Calendar.h"
 #include "input/InputError.h"
 #include "input/MomentParser.h"
-#include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
 namespace {
@@ -25,7 +25,8 @@ class MeteorsCommand : public Command {
             ->type_name("SHOWER|calendar");
     scene_.addTo(*app, PlaceNeed::optional);
     moment_.addTo(*app);
-    app->add_option("--year", year_, "The year of the calendar (default: this year)")
+    app->add_option("--year", year_,
+                    "The year of the calendar (default: this year), or of one shower")
         ->type_name("YEAR");
     app->footer(
         "Rates are meteors an hour for one observer under a clear sky without lamps, with the\n"
@@ -46,23 +47,28 @@ class MeteorsCommand : public Command {
     if (isCalendar && moment_.isGiven()) {
       throw InputError("--time and --date are not of the calendar; give its --year");
     }
-    if (!isCalendar && !year_.empty()) {
-      throw InputError("--year is of the calendar; write zenivo meteors calendar --year 2026");
+    const bool isOne = !isCalendar && wantsOne_->count() > 0;
+    if (!year_.empty() && !isCalendar && !isOne) {
+      throw InputError(
+          "--year is of the calendar or of one shower; write zenivo meteors calendar --year 2026");
+    }
+    if (!year_.empty() && moment_.isGiven()) {
+      throw InputError("--year stands for the night of the peak; leave out --time and --date");
     }
     const MeteorQuestion question = ask();
-    setCachedCalendarTimeZone(question.zone);
-    const auto answer = [&](const auto& report, auto json, auto text) {
+    const auto print = [&](const auto& report, auto text) {
       return scene_.wantsJson() ? json(report).dump(2) + "\n" : text(report, terminal);
     };
     if (isCalendar) {
-      const auto report = reportShowerCalendar(question, yearOf(question), goOn);
-      std::string calendar = answer(report, showerCalendarJson, showerCalendarText);
+      const auto report = answer(ShowerCalendarQuestion{question, yearOf(question)}, goOn);
+      std::string calendar = print(report, showerCalendarText);
       if (!report.isComplete) throw Interrupted(std::move(calendar));
       return calendar;
     }
-    if (wantsOne_->count() > 0)
-      return answer(reportShower(question, shower_), showerJson, showerText);
-    return answer(reportActiveShowers(question), activeShowersJson, activeShowersText);
+    if (!isOne) return print(answer(ActiveShowersQuestion{question}), activeShowersText);
+    ShowerQuestion one{question, shower_, {}};
+    if (!year_.empty()) one.year = parseYear(year_);
+    return print(answer(one), showerText);
   }
 
  private:
@@ -70,6 +76,7 @@ class MeteorsCommand : public Command {
     MeteorQuestion question;
     if (scene_.hasPlace()) question.scene = scene_.resolve();
     question.zone = question.scene ? question.scene->zone : scene_.resolveZone();
+    question.nightZone = question.scene ? scene_.zoneOfPlace(*question.scene) : question.zone;
     question.moment = moment_.resolve(question.zone);
     question.isNight = moment_.isBareDate();
     return question;

@@ -7,11 +7,12 @@
 
 #include "meteors/MeteorShowers.h"
 
-namespace zenivo::cli {
+namespace zenivo {
 
 /// The shower of a name, a code of the IAU or the IMO, or an id; names and codes without
-/// regard to case, accents and punctuation.  Throws InputError, with what may have been
+/// regard to case, accents and punctuation; the last word of its name is enough for the only
+/// major shower that has it.  Throws InputError, with what may have been
 /// meant, for anything else.
 std::shared_ptr<MeteorShower> findShower(const MeteorShowers& catalogue, std::string_view text);
 
-}  // namespace zenivo::cli
+}  // namespace zenivo

@@ -1,26 +1,44 @@
-// What the meteor commands answer.
+// Which meteors are seen, and when most of them: tonight's, one shower's, a year's.
 
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "commands/common/SceneOptions.h"
+#include "answers/common/Scene.h"
 #include "foundation/Progress.h"
 #include "meteors/MeteorNight.h"
 #include "meteors/MeteorShowerManager.h"
 
-namespace zenivo::cli {
+namespace zenivo {
 
 /// Where and when.  Without a scene there is no place, and what needs one is not known.
 struct MeteorQuestion {
   std::optional<Scene> scene;
-  TimeZone zone;
+  TimeZone zone;       ///< of what is told
+  TimeZone nightZone;  ///< of the place: its local days decide which nights are meant
   Date moment;
   /// The moment stands for the night after it; its best moment is then asked about.
   bool isNight = false;
+};
+
+/// The active showers, and those that will be within 31 days.
+struct ActiveShowersQuestion {
+  MeteorQuestion where;
+};
+
+/// One shower: the return that the moment is in, or the next; or that of a year.
+struct ShowerQuestion {
+  MeteorQuestion where;
+  std::string name;  ///< in any way that findShower knows
+  std::optional<std::int64_t> year;
+};
+
+/// The showers of a year.
+struct ShowerCalendarQuestion {
+  MeteorQuestion where;
+  std::int64_t year = 0;
 };
 
 /// A shower with one of its returns.
@@ -50,12 +68,6 @@ struct ActiveShowersReport {
   std::vector<ListedShower> showers{};
 };
 
-/// The best minute of one of the days around a peak.
-struct ShowerDay {
-  MeteorDayInfoData info;
-  MeteorGraphInfoAtMjd best;
-};
-
 /// One shower.
 struct ShowerReport {
   MeteorQuestion question;
@@ -64,7 +76,7 @@ struct ShowerReport {
   std::optional<MeteorShowerActivityPeriod> nextPeriod{};
   MjdRateWindow peakNight{};
   PtPolar peakRadiant{};  ///< at the real peak
-  std::array<ShowerDay, 3> days{};
+  MeteorDays days{};  ///< around that
 };
 
 /// The showers of a year, by class, and in a class by peak.
@@ -75,21 +87,16 @@ struct ShowerCalendarReport {
   bool isComplete = true;  ///< false: interrupted
 };
 
-// Use the cached calendar, whose zone must be that of the question.  Throw
-// std::runtime_error when the list of showers cannot be read, and InputError for a shower
-// that is not in it.
+// All throw std::runtime_error when the list of showers cannot be read, and InputError for a
+// shower that is not in it.
 
-ActiveShowersReport reportActiveShowers(const MeteorQuestion& question);
-ShowerReport reportShower(const MeteorQuestion& question, std::string_view name);
-ShowerCalendarReport reportShowerCalendar(const MeteorQuestion& question, std::int64_t year,
-                                          const GoOn& goOn);
+ActiveShowersReport answer(const ActiveShowersQuestion& question);
+ShowerReport answer(const ShowerQuestion& question);
+/// goOn is asked from shower to shower.
+ShowerCalendarReport answer(const ShowerCalendarQuestion& question, const GoOn& goOn);
 
-Json activeShowersJson(const ActiveShowersReport& report);
-Json showerJson(const ShowerReport& report);
-Json showerCalendarJson(const ShowerCalendarReport& report);
+Json json(const ActiveShowersReport& report);
+Json json(const ShowerReport& report);
+Json json(const ShowerCalendarReport& report);
 
-std::string activeShowersText(const ActiveShowersReport& report, const Terminal& terminal);
-std::string showerText(const ShowerReport& report, const Terminal& terminal);
-std::string showerCalendarText(const ShowerCalendarReport& report, const Terminal& terminal);
-
-}  // namespace zenivo::cli
+}  // namespace zenivo

@@ -1,9 +1,9 @@
-// The answers of the meteor commands as JSON.
+// The answers about meteors as JSON.
 
-#include "commands/events/MeteorReport.h"
+#include "answers/events/Meteors.h"
 #include "time/DateEphemeris.h"
 
-namespace zenivo::cli {
+namespace zenivo {
 namespace {
 
 class MeteorJsonWriter {
@@ -67,8 +67,7 @@ class MeteorJsonWriter {
                                  {"night", span(now.night)}})}};
   }
 
-  Json day(const ShowerDay& day) const {
-    const MeteorDayInfoData& info = day.info;
+  Json day(const MeteorDayInfoData& info) const {
     Json samples = Json::array();
     for (const MeteorGraphInfoAtMjd& sample : info.elevationsAndRates) {
       samples.push_back({{"mjd", sample.mjd},
@@ -77,7 +76,7 @@ class MeteorJsonWriter {
                          {"moonElevation", sample.moonElevation}});
     }
     const Date noon = dateFromModifiedJulianDay(info.middle());
-    return {{"date", isoDate(Calendar(question_.zone).componentsFromDate(noon))},
+    return {{"date", isoDate(Calendar(question_.nightZone).componentsFromDate(noon))},
             {"sunrise", moment(info.mjdSunRise)},
             {"sunset", moment(info.mjdSunSet)},
             {"moonrise", moment(info.mjdMoonRise)},
@@ -91,34 +90,34 @@ class MeteorJsonWriter {
 
 }  // namespace
 
-Json activeShowersJson(const ActiveShowersReport& report) {
+Json json(const ActiveShowersReport& report) {
   const MeteorJsonWriter writer(report.question);
-  Json json = writer.head(report.now);
-  json["moonlessHours"] = writer.ofPlace(report.moonlessHours);
-  json["showers"] = Json::array();
+  Json text = writer.head(report.now);
+  text["moonlessHours"] = writer.ofPlace(report.moonlessHours);
+  text["showers"] = Json::array();
   for (const ListedShower& entry : report.showers) {
-    json["showers"].push_back(writer.shower(entry, true));
+    text["showers"].push_back(writer.shower(entry, true));
   }
-  return json;
+  return text;
 }
 
-Json showerJson(const ShowerReport& report) {
+Json json(const ShowerReport& report) {
   const MeteorJsonWriter writer(report.question);
-  Json json = writer.head(report.now);
-  json["showers"] = Json::array({writer.shower(report.shower, true)});
-  json["nextPeriod"] = report.nextPeriod
+  Json text = writer.head(report.now);
+  text["showers"] = Json::array({writer.shower(report.shower, true)});
+  text["nextPeriod"] = report.nextPeriod
                            ? writer.period(*report.nextPeriod, report.shower.isPeakKnown)
                            : Json(nullptr);
-  json["peakRadiant"] = writer.ofPlace(
+  text["peakRadiant"] = writer.ofPlace(
       {{"azimuth", report.peakRadiant.azimuth_}, {"elevation", report.peakRadiant.elevation_}});
-  json["peakNight"] = writer.ofPlace(writer.span(report.peakNight));
-  json["days"] = Json::array();
-  if (!report.question.scene) return json;
-  for (const ShowerDay& day : report.days) json["days"].push_back(writer.day(day));
-  return json;
+  text["peakNight"] = writer.ofPlace(writer.span(report.peakNight));
+  text["days"] = Json::array();
+  if (!report.question.scene) return text;
+  for (const MeteorDayInfoData& day : report.days) text["days"].push_back(writer.day(day));
+  return text;
 }
 
-Json showerCalendarJson(const ShowerCalendarReport& report) {
+Json json(const ShowerCalendarReport& report) {
   const MeteorJsonWriter writer(report.question);
   Json showers = Json::array();
   for (const ListedShower& entry : report.showers) {
@@ -131,4 +130,4 @@ Json showerCalendarJson(const ShowerCalendarReport& report) {
           {"complete", report.isComplete}};
 }
 
-}  // namespace zenivo::cli
+}  // namespace zenivo

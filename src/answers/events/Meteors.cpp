@@ -1,17 +1,19 @@
-#include "commands/events/MeteorReport.h"
+#include "answers/events/Meteors.h"
 
 #include <algorithm>
 #include <stdexcept>
+#include <thread>
+#include <utility>
 
-#include "commands/events/ShowerFinder.h"
-#include "foundation/MainQueue.h"
+#include "answers/events/ShowerFinder.h"
+#include "meteors/RealPeak.h"
 #include "time/DateEphemeris.h"
 
-namespace zenivo::cli {
+namespace zenivo {
 namespace {
 
 LocationInfoData dataFor(const MeteorQuestion& question) {
-  LocationInfoData data{question.moment, std::nullopt, question.zone};
+  LocationInfoData data{question.moment, std::nullopt, question.nightZone};
   if (question.scene) data.location = question.scene->location;
   return data;
 }
@@ -62,40 +64,58 @@ MeteorNightReport lookAtNight(const MeteorQuestion& question, MeteorShowerManage
   return now;
 }
 
-/// The day's highest rate.
-ShowerDay dayWithBest(const MeteorDayInfoData& info) {
-  ShowerDay day{.info = info, .best = {}};
-  const auto best =
-      std::ranges::max_element(info.elevationsAndRates, {}, &MeteorGraphInfoAtMjd::rate);
-  if (best != info.elevationsAndRates.end()) day.best = *best;
-  return day;
+/// The showers with their returns of a year.
+MeteorShowers showersOfYear(const MeteorQuestion& question, std::int64_t year) {
+  MeteorShowers showers(dataFor(question).location);
+  expectRead(showers);
+  showers.calculateMeteorShowersActivitiesWithYear(year, Calendar(question.nightZone));
+  return showers;
 }
 
-struct PeakProgress : MeteorShowerManagerDelegate {
-  explicit PeakProgress(std::size_t showers) : total(static_cast<double>(showers)) {}
-
-  void didUpdateShowersPeaks() override { ++done; }
-  void didFinishShowersPeaks() override { isFinished = true; }
-
-  const double total;
+/// The real peaks of a year; false when goOn stopped the search.
+bool computePeaks(MeteorShowers& showers, std::int64_t year, const Calendar& calendar,
+                  const GoOn& goOn) {
+  if (!showers.location()) return true;  // nothing to be computed
+  std::vector<RealPeakTask> tasks;
+  for (const auto& shower : showers.showers()) {
+    const auto* period = std::as_const(*shower).activityPeriodForYear(year);
+    if (period == nullptr) continue;
+    const MeteorShowerFacts& facts = *shower;
+    tasks.push_back({.shower = MeteorShower(facts, showers.location()), .periods = {*period}});
+  }
+  const double total = static_cast<double>(tasks.size());
   double done = 0;
-  bool isFinished = false;
-};
+  bool isComplete = goOn(0);
+  if (!isComplete) return false;
+  PeakSamples samples(*showers.location(), calendar);
+  const int threads = std::max(static_cast<int>(std::thread::hardware_concurrency()), 1);
+  calculateRealPeaks(std::move(tasks), samples, threads, [&](const RealPeakTask& task) {
+    const auto shower = showers.showerWithId(task.shower.meteorId);
+    for (const auto& period : task.periods) {
+      period.copyToActivityPeriod(*shower->activityPeriodForYear(period.year));
+    }
+    return isComplete = goOn(++done / total);
+  });
+  return isComplete || done == total;
+}
 
-/// False when interrupted.
-bool computePeaksOfYear(MeteorShowerManager& manager, std::int64_t year, const GoOn& goOn) {
-  const auto delegate = std::make_shared<PeakProgress>(manager.meteorShowers().showers().size());
-  manager.setDelegate(delegate);
-  manager.calculateMeteorShowerActivitesForYear(year, true);
-  if (!manager.location()) return true;  // nothing to be computed
-  mainQueue().runUntil(
-      [&] { return delegate->isFinished || !goOn(delegate->done / delegate->total); });
-  return delegate->isFinished;
+/// The question that stands for the night of a shower's predicted peak.
+MeteorQuestion atPeakOfYear(MeteorQuestion question, std::int64_t id, std::int64_t year) {
+  const MeteorShowers showers = showersOfYear(question, year);
+  const auto* period = std::as_const(*showers.showerWithId(id)).activityPeriodForYear(year);
+  if (period == nullptr) return question;
+  const Calendar calendar(question.nightZone);
+  // Before noon it is the night that began the evening before.
+  const Date peak = dateOfMjd(period->peakMjd - 0.5);
+  question.moment = dateWithNoonDateTime(peak, calendar);
+  question.isNight = true;
+  return question;
 }
 
 }  // namespace
 
-ActiveShowersReport reportActiveShowers(const MeteorQuestion& question) {
+ActiveShowersReport answer(const ActiveShowersQuestion& asked) {
+  const MeteorQuestion& question = asked.where;
   MeteorShowerManager manager(dataFor(question), nullptr);
   expectRead(manager.meteorShowers());
   ActiveShowersReport report{.question = question,
@@ -114,8 +134,10 @@ ActiveShowersReport reportActiveShowers(const MeteorQuestion& question) {
   return report;
 }
 
-ShowerReport reportShower(const MeteorQuestion& question, std::string_view name) {
-  const std::int64_t id = idOfShower(name);
+ShowerReport answer(const ShowerQuestion& asked) {
+  const std::int64_t id = idOfShower(asked.name);
+  const MeteorQuestion question =
+      asked.year ? atPeakOfYear(asked.where, id, *asked.year) : asked.where;
   MeteorShowerManager manager(dataFor(question), id, false, nullptr);
   manager.calculateCurrentLocationShowersPeaks(false);
   manager.calculateTonightMaxRatePeak();
@@ -136,24 +158,24 @@ ShowerReport reportShower(const MeteorQuestion& question, std::string_view name)
   manager.calculateRealTimeData();
   report.peakRadiant = {.azimuth_ = shower->azimuth, .elevation_ = shower->elevation};
   report.peakNight = calculateMjdRateStart(manager.currentMjdDate(), manager.daysInfo());
-  std::ranges::transform(manager.daysInfo(), report.days.begin(), dayWithBest);
+  report.days = manager.daysInfo();
   return report;
 }
 
-ShowerCalendarReport reportShowerCalendar(const MeteorQuestion& question, std::int64_t year,
-                                          const GoOn& goOn) {
-  MeteorShowerManager manager(dataFor(question), true, nullptr);
-  ShowerCalendarReport report{.question = question, .year = year};
-  expectRead(manager.meteorShowers());
-  report.isComplete = computePeaksOfYear(manager, year, goOn);
+ShowerCalendarReport answer(const ShowerCalendarQuestion& question, const GoOn& goOn) {
+  const auto& [where, year] = question;
+  MeteorShowers showers = showersOfYear(where, year);
+  ShowerCalendarReport report{.question = where, .year = year};
+  report.isComplete = computePeaks(showers, year, Calendar(where.nightZone), goOn);
   for (const int showerClass : {kMajorShower, kMinorShower, kVariableShower, kWeakShower}) {
     const auto first = static_cast<std::ptrdiff_t>(report.showers.size());
-    for (const auto& shower : manager.meteorShowers().showersOfClass(showerClass)) {
+    for (const auto& shower : showers.showersOfClass(showerClass)) {
       const auto* period = std::as_const(*shower).activityPeriodForYear(year);
       if (period == nullptr) continue;
-      ListedShower entry = listed(*shower, *period, manager);
-      entry.isPeakKnown = manager.location() && (report.isComplete || period->hasRealPeak());
-      report.showers.push_back(std::move(entry));
+      report.showers.push_back(
+          {.shower = *shower,
+           .period = *period,
+           .isPeakKnown = showers.location() && (report.isComplete || period->hasRealPeak())});
     }
     std::stable_sort(report.showers.begin() + first, report.showers.end(),
                      [](const ListedShower& lhs, const ListedShower& rhs) {
@@ -163,4 +185,4 @@ ShowerCalendarReport reportShowerCalendar(const MeteorQuestion& question, std::i
   return report;
 }
 
-}  // namespace zenivo::cli
+}  // namespace zenivo

@@ -1,4 +1,4 @@
-#include "commands/events/ShowerFinder.h"
+#include "answers/events/ShowerFinder.h"
 
 #include <fmt/format.h>
 
@@ -11,7 +11,7 @@
 #include "input/Suggestions.h"
 #include "input/TextFolding.h"
 
-namespace zenivo::cli {
+namespace zenivo {
 namespace {
 
 bool isCalled(const MeteorShower& shower, TextFolder& folder, std::u32string_view folded) {
@@ -56,6 +56,19 @@ std::vector<std::string> similarNames(const MeteorShowers& catalogue, TextFolder
   return names;
 }
 
+/// The one major shower whose last word was typed: the Lyrids are those of April.
+std::shared_ptr<MeteorShower> majorShowerOf(const MeteorShowers& catalogue, TextFolder& folder,
+                                            std::u32string_view folded) {
+  std::shared_ptr<MeteorShower> found;
+  for (const auto& shower : catalogue.majorShowers()) {
+    const std::string& name = shower->name;
+    if (!folder.foldsTo(name.substr(name.rfind(' ') + 1), folded)) continue;
+    if (found) return nullptr;
+    found = shower;
+  }
+  return found;
+}
+
 }  // namespace
 
 std::shared_ptr<MeteorShower> findShower(const MeteorShowers& catalogue, std::string_view text) {
@@ -66,9 +79,10 @@ std::shared_ptr<MeteorShower> findShower(const MeteorShowers& catalogue, std::st
       if (isCalled(*shower, folder, folded)) return shower;
     }
   }
+  if (const auto major = majorShowerOf(catalogue, folder, folded)) return major;
   std::string message = fmt::format("no meteor shower named {} is known", inQuotes(text));
   if (!folded.empty()) message += didYouMean(similarNames(catalogue, folder, folded));
   throw InputError(message);
 }
 
-}  // namespace zenivo::cli
+}  // namespace zenivo
