@@ -6,8 +6,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "answers/events/Meteors.h"
 #include "cli/Zenivo.h"
-#include "commands/events/MeteorReport.h"
+#include "commands/events/MeteorText.h"
 #include "time/DateEphemeris.h"
 
 namespace zenivo::cli {
@@ -241,18 +242,18 @@ TEST(Meteors, ACalendarEndsWhenTold) {
   question.scene.emplace();
   question.scene->location = {Coordinate{28.27, -16.64}, 2390};
   question.moment = Date::now();
-  setCachedCalendarTimeZone(question.zone);
   const auto never = [](double) { return false; };
-  const ShowerCalendarReport stopped = reportShowerCalendar(question, 2026, never);
+  const ShowerCalendarReport stopped =
+      zenivo::answer(ShowerCalendarQuestion{question, 2026}, never);
   EXPECT_FALSE(stopped.isComplete);
   EXPECT_EQ(stopped.showers.size(), 40U);
-  const Json json = showerCalendarJson(stopped);
+  const Json json = zenivo::json(stopped);
   EXPECT_EQ(json["complete"], false);
   EXPECT_TRUE(showerOf(json, "COM")["period"]["realPeak"].is_null());
   EXPECT_THAT(showerCalendarText(stopped, Terminal()), HasSubstr("?"));
 
   const ShowerCalendarReport whole =
-      reportShowerCalendar(question, 2026, [](double) { return true; });
+      zenivo::answer(ShowerCalendarQuestion{question, 2026}, [](double) { return true; });
   EXPECT_TRUE(whole.isComplete);
   EXPECT_THAT(showerCalendarText(whole, Terminal()), Not(HasSubstr("?")));
 }

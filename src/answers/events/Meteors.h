@@ -76,7 +76,7 @@ struct ShowerReport {
   std::optional<MeteorShowerActivityPeriod> nextPeriod{};
   MjdRateWindow peakNight{};
   PtPolar peakRadiant{};  ///< at the real peak
-  MeteorDays days{};  ///< around that
+  MeteorDays days{};      ///< around that
 };
 
 /// The showers of a year, by class, and in a class by peak.
