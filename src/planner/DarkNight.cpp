@@ -19,18 +19,14 @@ double noonOf(const SunEvent& day, const Calendar& calendar) {
   return modifiedJulianDay(dateWithNoonDateTime(midnight, calendar));
 }
 
-bool isDarkAllDay(const SunEvent& day) {
-  return day.astronomicalTwilight.mjdStart() == kAlwaysBelow;
-}
-
 /// The darkness between the noons of two days; `night` is what bounds it on ordinary days.
 std::optional<TimeSpan> darknessBetween(const SunEvent& first, const SunEvent& second,
                                         const std::optional<NightWindow>& night,
                                         const Calendar& calendar) {
   const double dusk = night ? night->dusk : kNotThisDay;
   const double dawn = night ? night->dawn : second.astronomicalTwilight.mjdStart();
-  const TimeSpan span{isDarkAllDay(first) ? noonOf(first, calendar) : dusk,
-                      isDarkAllDay(second) ? noonOf(second, calendar) : dawn};
+  const TimeSpan span{first.isDarkAllDay() ? noonOf(first, calendar) : dusk,
+                      second.isDarkAllDay() ? noonOf(second, calendar) : dawn};
   if (!drawEventAtMjd(span.start) || !drawEventAtMjd(span.end) || span.end <= span.start) {
     return std::nullopt;
   }

@@ -22,10 +22,6 @@ bool neverGetsDark(const SunEvent& day) {
   return day.astronomicalTwilight.mjdStart() == kAlwaysAbove;
 }
 
-bool isPolarNight(const SunEvent& day) {
-  return day.astronomicalTwilight.mjdStart() == kAlwaysBelow;
-}
-
 double midnightOf(const SunEvent& day) {
   return modifiedJulianDay(Date::withTimeIntervalSinceReferenceDate(day.date));
 }
@@ -37,7 +33,7 @@ std::optional<NightWindow> nightFrom(double dusk, double dawn) {
 
 /// The dawn that a day has: its beginning when it is dark all day.
 double dawnOf(const SunEvent& day) {
-  return isPolarNight(day) ? midnightOf(day) : day.astronomicalTwilight.mjdStart();
+  return day.isDarkAllDay() ? midnightOf(day) : day.astronomicalTwilight.mjdStart();
 }
 
 }  // namespace
@@ -48,7 +44,7 @@ std::optional<NightWindow> nightEndingToday(std::span<const SunEvent, 3> sunEven
   if (neverGetsDark(today)) return std::nullopt;
   const double dawn = dawnOf(today);
   if (beginsBeforeDusk(today)) return nightFrom(today.astronomicalTwilight.mjdEnd(), dawn);
-  if (isPolarNight(yesterday)) return nightFrom(midnightOf(yesterday), dawn);
+  if (yesterday.isDarkAllDay()) return nightFrom(midnightOf(yesterday), dawn);
   const double second = secondDusk(yesterday);
   return nightFrom(drawEventAtMjd(second) ? second : yesterday.astronomicalTwilight.mjdEnd(), dawn);
 }
@@ -59,7 +55,7 @@ std::optional<NightWindow> nightBeginningToday(std::span<const SunEvent, 3> sunE
   if (neverGetsDark(today)) return std::nullopt;
   const double dawn = dawnOf(tomorrow);
   if (beginsBeforeDusk(tomorrow)) return nightFrom(tomorrow.astronomicalTwilight.mjdEnd(), dawn);
-  if (isPolarNight(today)) return nightFrom(midnightOf(today), dawn);
+  if (today.isDarkAllDay()) return nightFrom(midnightOf(today), dawn);
   const double dusk = std::max(today.astronomicalTwilight.mjdEnd(), secondDusk(today), mjdIsBefore);
   return nightFrom(dusk, dawn);
 }

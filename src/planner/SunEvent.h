@@ -50,6 +50,9 @@ class SunEvent : public CelestialBodyEvent {
 
   std::optional<BodyPath> positionsPerHour;  ///< while the Sun's layer draws it
 
+  /// The polar night: the Sun stays below -18 degrees.
+  bool isDarkAllDay() const { return astronomicalTwilight.mjdStart() == kAlwaysBelow; }
+
   /// When the light begins and ends this day, in time order; only crossings that
   /// the day has.
   std::vector<LightTypeEvent> eventsForLightType(LightType lightType) const;

@@ -193,6 +193,13 @@ TEST(Meteors, Calendar) {
   EXPECT_EQ(leonids["showers"][0]["period"], showerOf(found, "LEO")["period"]);
 }
 
+// The dates of activity are those of today; the node drifts by a day in 60 to 70 years.
+TEST(Meteors, ACalendarFarFromTodaySaysWhatItIsWorth) {
+  const std::string warning = "peaks lie outside their dates of activity";
+  EXPECT_NE(zenivo("meteors calendar --year 1583").output.find(warning), std::string::npos);
+  EXPECT_EQ(zenivo("meteors calendar --year 2027").output.find(warning), std::string::npos);
+}
+
 TEST(Meteors, JsonKeys) {
   std::vector<std::string> shower{"showers", "showers.[]"};
   const auto add = [](std::vector<std::string>& keys, const std::string& prefix,

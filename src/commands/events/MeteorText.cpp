@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include <array>
 #include <cmath>
 
@@ -236,6 +238,18 @@ std::string nightsTable(const ShowerReport& report, const Terminal& terminal) {
   return table.text(terminal);
 }
 
+/// Activity is listed by dates of today's calendar, the peak follows the stream's node.
+std::string driftNote(const ShowerCalendarReport& report) {
+  const auto drifted = std::ranges::count_if(report.showers, [](const ListedShower& entry) {
+    return !entry.period.containsPredictedPeak();
+  });
+  if (drifted == 0) return "";
+  return fmt::format(
+      "\nSo far from today {} of the peaks lie outside their dates of activity: both are uncertain "
+      "by days.\n",
+      drifted);
+}
+
 }  // namespace
 
 std::string activeShowersText(const ActiveShowersReport& report, const Terminal& terminal) {
@@ -276,7 +290,7 @@ std::string showerCalendarText(const ShowerCalendarReport& report, const Termina
   }
   return headingOf(report.question, fmt::format("Meteor showers of {}", report.year), "local time",
                    terminal) +
-         "\n" + table.text(terminal);
+         "\n" + table.text(terminal) + driftNote(report);
 }
 
 }  // namespace zenivo::cli
