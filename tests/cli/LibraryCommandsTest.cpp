@@ -82,7 +82,8 @@ TEST_F(LibraryCommands, Settings) {
 
 TEST_F(LibraryCommands, Open) {
   EXPECT_THAT(run("open zenivo://moon").output, HasSubstr("MoonInfoViewController"));
-  for (const std::string command : jsonOf("open zenivo://planner")["commands"]) {
+  const auto planner = jsonOf("open zenivo://planner");
+  for (const std::string command : planner["commands"]) {
     EXPECT_EQ(run(command + " --at Paris").exitCode, 0) << command;
   }
   expectRefused("open zenivo://plan", 1, "no such plan");
